@@ -1,0 +1,25 @@
+# The two programs and the folder they ship in: build/i686/product is laid out as an installed
+# program folder is.
+set(productDir ${CMAKE_BINARY_DIR}/product)
+
+add_library(program STATIC ${windowsFiles})
+target_link_libraries(program PUBLIC rules
+  comctl32 comdlg32 ole32 oleaut32 shell32 winmm advapi32 user32 gdi32 uuid)
+
+add_executable(SVAlerts WIN32 ${appFiles} app/SVAlerts.rc)
+target_link_libraries(SVAlerts PRIVATE program)
+
+add_library(fetch STATIC ${downloaderFiles})
+target_link_libraries(fetch PUBLIC rules program winhttp)
+
+add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc)
+target_link_libraries(dl PRIVATE fetch)
+
+foreach(target SVAlerts dl)
+  set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${productDir})
+  target_link_options(${target} PRIVATE -s)
+endforeach()
+
+add_custom_target(productFiles ALL
+  COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/assets/Sounds ${productDir}/Sounds
+  COMMENT "Laying out the program folder")
