@@ -1,0 +1,148 @@
+#include "win/Files.h"
+
+#include "win/Handle.h"
+
+namespace win {
+namespace {
+
+DWORD Attributes(const std::string& path) { return GetFileAttributesA(path.c_str()); }
+
+std::uint64_t Join64(DWORD high, DWORD low) { return (std::uint64_t{high} << 32) | low; }
+
+bool WriteAll(const std::string& path, std::string_view text) {
+    const FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+    DWORD written = 0;
+    return file &&
+           WriteFile(file.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
+           written == text.size() && FlushFileBuffers(file.Get());
+}
+
+// Calls `visit(name, attributes)` for every entry of the folder but "." and "..".
+template <class Visit>
+void ForEachEntry(const std::string& pattern, Visit visit) {
+    WIN32_FIND_DATAA entry;
+    const FindHandle find(FindFirstFileA(pattern.c_str(), &entry));
+    if (!find) return;
+    do {
+        const std::string name = entry.cFileName;
+        if (name != "." && name != "..") visit(name, entry.dwFileAttributes);
+    } while (FindNextFileA(find.Get(), &entry));
+}
+
+bool IsRealFolder(DWORD attributes) {
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) && !(attributes & FILE_ATTRIBUTE_REPARSE_POINT);
+}
+
+}  // namespace
+
+bool FileExists(const std::string& path) {
+    const DWORD attributes = Attributes(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+bool FolderExists(const std::string& path) {
+    const DWORD attributes = Attributes(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+bool FileHasContent(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    return GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) &&
+           Join64(data.nFileSizeHigh, data.nFileSizeLow) > 0;
+}
+
+std::optional<std::string> ReadWholeFile(const std::string& path, std::uint64_t limit) {
+    const FileHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                      nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    LARGE_INTEGER size;
+    if (!file || !GetFileSizeEx(file.Get(), &size)) return std::nullopt;
+    if (static_cast<std::uint64_t>(size.QuadPart) > limit) return std::nullopt;
+    std::string text(static_cast<std::size_t>(size.QuadPart), '\0');
+    DWORD read = 0;
+    if (!ReadFile(file.Get(), text.data(), static_cast<DWORD>(text.size()), &read, nullptr))
+        return std::nullopt;
+    text.resize(read);
+    return text;
+}
+
+bool ReplaceFileWhole(const std::string& path, std::string_view text) {
+    if (const DWORD attributes = Attributes(path);
+        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY))
+        return false;
+    const std::string beside = path + ".new";
+    if (WriteAll(beside, text) &&
+        MoveFileExA(beside.c_str(), path.c_str(),
+                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        return true;
+    DeleteFileA(beside.c_str());
+    return false;
+}
+
+void DeleteFileQuietly(const std::string& path) { DeleteFileA(path.c_str()); }
+
+std::vector<std::string> FindFileNames(const std::string& pattern) {
+    std::vector<std::string> names;
+    ForEachEntry(pattern, [&](const std::string& name, DWORD attributes) {
+        if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) names.push_back(name);
+    });
+    return names;
+}
+
+void MakeFolder(const std::string& path) { CreateDirectoryA(path.c_str(), nullptr); }
+
+static void CopyOneFile(const std::string& from, const std::string& to) {
+    // A copy made from read-only media must stay replaceable.
+    if (CopyFileA(from.c_str(), to.c_str(), FALSE))
+        SetFileAttributesA(to.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+void CopyFolder(const std::string& from, const std::string& to) {
+    MakeFolder(to);
+    ForEachEntry(from + "\\*", [&](const std::string& name, DWORD attributes) {
+        const std::string source = from + "\\" + name;
+        const std::string target = to + "\\" + name;
+        if (IsRealFolder(attributes))
+            CopyFolder(source, target);
+        else if (!(attributes & FILE_ATTRIBUTE_DIRECTORY))
+            CopyOneFile(source, target);
+    });
+}
+
+void DeleteFolder(const std::string& path) {
+    ForEachEntry(path + "\\*", [&](const std::string& name, DWORD attributes) {
+        const std::string entry = path + "\\" + name;
+        if (IsRealFolder(attributes)) {
+            DeleteFolder(entry);
+        } else if (attributes & FILE_ATTRIBUTE_DIRECTORY) {
+            RemoveDirectoryA(entry.c_str());
+        } else {
+            SetFileAttributesA(entry.c_str(), FILE_ATTRIBUTE_NORMAL);
+            DeleteFileA(entry.c_str());
+        }
+    });
+    RemoveDirectoryA(path.c_str());
+}
+
+std::uint64_t LastModified(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data)) return 0;
+    return Join64(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime);
+}
+
+std::string ExecutableFolder() {
+    std::string path(MAX_PATH, '\0');
+    for (;;) {
+        const DWORD length =
+            GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            break;
+        }
+        path.resize(path.size() * 2);
+    }
+    const std::size_t slash = path.find_last_of('\\');
+    return slash == std::string::npos ? std::string() : path.substr(0, slash);
+}
+
+}  // namespace win

@@ -1,0 +1,24 @@
+#pragma once
+#include <windows.h>
+
+#include <string>
+
+// The message queue and the boxes that the program speaks through.
+namespace win {
+
+// Dispatches every pending message and returns; keyboard messages of a dialog go through the dialog
+// manager first, so that Tab, Enter and Esc work while a handler waits.
+void PumpPendingMessages();
+
+// Like PumpPendingMessages, but with an empty queue it first sleeps until a message comes, `other`
+// (which may be null) is signalled, or `milliseconds` have passed.
+void PumpOrWait(DWORD milliseconds, HANDLE other = nullptr);
+
+// Shows a message box titled with the program's name, brought to the foreground: OK with `icon`
+// (MB_ICONINFORMATION, ...).
+void Tell(HWND owner, const std::string& text, UINT icon);
+
+// The same with Yes and No; true for Yes.
+bool Ask(HWND owner, const std::string& text, UINT icon);
+
+}  // namespace win

@@ -1,0 +1,48 @@
+#include "win/Text.h"
+
+#include <windows.h>
+
+namespace win {
+
+std::wstring ToWide(std::string_view text) {
+    const int size = static_cast<int>(text.size());
+    const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), size, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(length), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, text.data(), size, wide.data(), length);
+    return wide;
+}
+
+std::string FromWide(std::wstring_view text) {
+    const int size = static_cast<int>(text.size());
+    const int length =
+        WideCharToMultiByte(CP_ACP, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
+    std::string narrow(static_cast<std::size_t>(length), '\0');
+    WideCharToMultiByte(CP_ACP, 0, text.data(), size, narrow.data(), length, nullptr, nullptr);
+    return narrow;
+}
+
+std::string ToLower(std::string_view text) {
+    std::wstring wide = ToWide(text);
+    CharLowerBuffW(wide.data(), static_cast<DWORD>(wide.size()));
+    return FromWide(wide);
+}
+
+const std::string& BrokenBar() {
+    static const std::string bar = FromWide(L"\u00A6");
+    return bar;
+}
+
+std::string Environment(const char* name) {
+    std::string value;
+    for (DWORD size = 256;;) {
+        value.resize(size);
+        const DWORD length = GetEnvironmentVariableA(name, value.data(), size);
+        if (length < size) {
+            value.resize(length);
+            return value;
+        }
+        size = length;
+    }
+}
+
+}  // namespace win
