@@ -112,7 +112,4 @@ inline constexpr std::string_view kInternetPage = "Internet";
 inline constexpr char kRunKey[] = "Software\\microsoft\\windows\\currentversion\\run";
 inline constexpr char kRunValue[] = "SkyvaneAlerts";
 
-// The name that titles every message box, and the settings' own name in the registry.
-inline constexpr char kProgramName[] = "Skyvane Alerts";
-
 }  // namespace settings

@@ -4,6 +4,7 @@
 
 #include "settings/modRegistry.h"
 #include "win/Files.h"
+#include "win/Messages.h"
 #include "win/Text.h"
 #include "win/TextRules.h"
 
@@ -19,7 +20,7 @@ constexpr char kStoreVariable[] = "SKYVANE_ALERTS_INI_USER";
 // The per-user registry area for program settings, with this program's name below it.
 std::string RegistryPath(std::string_view section) {
     return std::string("Software\\VB and VBA Program Settings\\")
-        .append(kProgramName)
+        .append(win::kProgramName)
         .append("\\")
         .append(section);
 }

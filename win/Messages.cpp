@@ -3,8 +3,6 @@
 namespace win {
 namespace {
 
-constexpr char kTitle[] = "Skyvane Alerts";
-
 bool IsForDialog(MSG& message) {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
     const HWND window = GetAncestor(message.hwnd, GA_ROOT);
@@ -35,11 +33,11 @@ void PumpOrWait(DWORD milliseconds, HANDLE other) {
 }
 
 void Tell(HWND owner, const std::string& text, UINT icon) {
-    MessageBoxA(owner, text.c_str(), kTitle, MB_OK | icon | MB_SETFOREGROUND);
+    MessageBoxA(owner, text.c_str(), kProgramName, MB_OK | icon | MB_SETFOREGROUND);
 }
 
 bool Ask(HWND owner, const std::string& text, UINT icon) {
-    return MessageBoxA(owner, text.c_str(), kTitle, MB_YESNO | icon | MB_SETFOREGROUND) == IDYES;
+    return MessageBoxA(owner, text.c_str(), kProgramName, MB_YESNO | icon | MB_SETFOREGROUND) == IDYES;
 }
 
 }  // namespace win

@@ -6,6 +6,9 @@
 // The message queue and the boxes that the program speaks through.
 namespace win {
 
+// Titles every message box and names the settings' place in the registry.
+inline constexpr char kProgramName[] = "Skyvane Alerts";
+
 // Dispatches every pending message and returns; keyboard messages of a dialog go through the dialog
 // manager first, so that Tab, Enter and Esc work while a handler waits.
 void PumpPendingMessages();

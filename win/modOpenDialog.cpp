@@ -1,0 +1,59 @@
+#include "win/modOpenDialog.h"
+
+#include <commdlg.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace win {
+namespace {
+
+HHOOK centringHook = nullptr;
+
+LRESULT CALLBACK CentreOnActivation(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == HCBT_ACTIVATE) {
+        const HWND dialog = reinterpret_cast<HWND>(wParam);
+        MONITORINFO monitor{};
+        monitor.cbSize = sizeof monitor;
+        RECT place;
+        if (GetWindowRect(dialog, &place) &&
+            GetMonitorInfoA(MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor)) {
+            const RECT& room = monitor.rcWork;
+            const int width = place.right - place.left;
+            const int height = place.bottom - place.top;
+            SetWindowPos(dialog, nullptr, room.left + (room.right - room.left - width) / 2,
+                         room.top + (room.bottom - room.top - height) / 2, 0, 0,
+                         SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        }
+        UnhookWindowsHookEx(std::exchange(centringHook, nullptr));
+        return 0;
+    }
+    return CallNextHookEx(centringHook, code, wParam, lParam);
+}
+
+}  // namespace
+
+std::string ShowOpenFileDialog(HWND owner, const OpenFileRequest& request) {
+    // The record has its short layout, without the fields that later systems added.
+    static_assert(OPENFILENAME_SIZE_VERSION_400A == 76);
+    std::string filter = request.filter + "||";
+    std::replace(filter.begin(), filter.end(), '|', '\0');
+    char path[2048] = {};
+    OPENFILENAMEA dialog{};
+    dialog.lStructSize = OPENFILENAME_SIZE_VERSION_400A;
+    dialog.hwndOwner = owner;
+    dialog.lpstrFilter = filter.c_str();
+    dialog.lpstrFile = path;
+    dialog.nMaxFile = sizeof path;
+    dialog.lpstrTitle = request.title.c_str();
+    dialog.lpstrInitialDir = request.startFolder.c_str();
+    dialog.Flags =
+        OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    centringHook =
+        SetWindowsHookExA(WH_CBT, CentreOnActivation, nullptr, GetCurrentThreadId());
+    const bool chosen = GetOpenFileNameA(&dialog);
+    if (centringHook) UnhookWindowsHookEx(std::exchange(centringHook, nullptr));
+    return chosen ? std::string(path) : std::string();
+}
+
+}  // namespace win
