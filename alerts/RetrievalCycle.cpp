@@ -1,0 +1,35 @@
+#include "alerts/RetrievalCycle.h"
+
+#include "alerts/AlertFeed.h"
+#include "alerts/AlertFeedRules.h"
+#include "settings/IniOpenSave.h"
+#include "settings/ProgramState.h"
+#include "stations/StationLineRules.h"
+#include "stations/StationList.h"
+
+namespace alerts {
+
+CycleOutcome RetrieveStationAlerts() {
+    settings::ProgramState& state = settings::State();
+    settings::DeleteSettingSection(settings::kAlerts);
+    state.oldAlerts = TrimSeen(state.oldAlerts);
+    CycleOutcome outcome;
+    std::string done;
+    for (std::size_t i = 0; i < state.stationCount; ++i) {
+        const std::string line = stations::StationAt(i);
+        if (!stations::HasHiddenFields(line)) continue;
+        const std::string code = stations::HiddenField(line, stations::kCode);
+        if (IsDone(done, code)) continue;
+        const std::int16_t newAlerts = FetchStationAlerts(code);
+        if (newAlerts < 0) {
+            outcome.failed = true;
+            return outcome;
+        }
+        done.append(",").append(code);
+        outcome.newAlerts = AddInt16(outcome.newAlerts, newAlerts);
+    }
+    settings::WriteSetting(settings::kOldAlerts, state.oldAlerts);
+    return outcome;
+}
+
+}  // namespace alerts

@@ -1,0 +1,35 @@
+#pragma once
+#include <string>
+
+#include "win/Handle.h"
+
+// The contract with dl.exe, the only program that opens a network connection.
+namespace alerts {
+
+// Starts dl.exe with the argument text and lets messages run for a moment. The handle is the running
+// downloader's, empty when it could not be started.
+win::KernelHandle RunDownloader(const std::string& argument);
+
+// Waits, letting messages run, until the status file has content. There is no time limit: the
+// downloader owns time-outs.
+void WaitForStatus(const std::string& statusFile, win::KernelHandle downloader);
+
+// One address fetched into a temporary file, which goes with this object.
+class Download {
+  public:
+    // Fetches the address, letting messages run; the files are named by the prefix.
+    Download(const std::string& address, const std::string& prefix);
+    Download(const Download&) = delete;
+    Download& operator=(const Download&) = delete;
+    ~Download();
+
+    bool Succeeded() const { return succeeded_; }
+    const std::string& DataFile() const { return dataFile_; }
+
+  private:
+    std::string dataFile_;
+    std::string statusFile_;
+    bool succeeded_ = false;
+};
+
+}  // namespace alerts

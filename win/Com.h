@@ -1,0 +1,30 @@
+#pragma once
+#include <windows.h>
+#include <oleauto.h>
+
+#include <string>
+#include <string_view>
+
+namespace win {
+
+// Initialises COM for the program's one thread, on the first call.
+void EnsureCom();
+
+// Owns one BSTR.
+class BasicString {
+  public:
+    BasicString() = default;
+    explicit BasicString(std::string_view text);
+    BasicString(const BasicString&) = delete;
+    BasicString& operator=(const BasicString&) = delete;
+    ~BasicString() { SysFreeString(value_); }
+    BSTR Get() const { return value_; }
+    BSTR* Receive();
+    // The text in the process's code page.
+    std::string Text() const;
+
+  private:
+    BSTR value_ = nullptr;
+};
+
+}  // namespace win

@@ -1,0 +1,69 @@
+#include "win/XmlDocument.h"
+
+#include "win/Com.h"
+#include "win/Files.h"
+#include "win/Messages.h"
+#include "win/XmlGuardRules.h"
+
+namespace win {
+namespace {
+
+constexpr long kLoaded = 4;
+constexpr DWORD kPollMilliseconds = 10;
+
+bool IsLoaded(const XmlDocument& document) {
+    long state = 0;
+    // Loading may go on in the background; letting messages run is what carries it along.
+    while (SUCCEEDED(document->get_readyState(&state)) && state != kLoaded)
+        PumpOrWait(kPollMilliseconds);
+    Microsoft::WRL::ComPtr<IXMLDOMParseError> error;
+    long code = 0;
+    return SUCCEEDED(document->get_parseError(&error)) && error &&
+           SUCCEEDED(error->get_errorCode(&code)) && code == 0;
+}
+
+}  // namespace
+
+XmlDocument LoadXmlFile(const std::string& path) {
+    {
+        const std::optional<std::string> bytes = ReadWholeFile(path);
+        if (!bytes || !IsSafeXml(*bytes)) return nullptr;
+    }
+    EnsureCom();
+    XmlDocument document;
+    if (FAILED(CoCreateInstance(CLSID_DOMDocument, nullptr, CLSCTX_INPROC_SERVER,
+                                IID_PPV_ARGS(&document))))
+        return nullptr;
+    const BasicString source(path);
+    VARIANT sourceVariant;
+    VariantInit(&sourceVariant);
+    V_VT(&sourceVariant) = VT_BSTR;
+    V_BSTR(&sourceVariant) = source.Get();
+    VARIANT_BOOL began = VARIANT_FALSE;
+    if (FAILED(document->load(sourceVariant, &began)) || began == VARIANT_FALSE) return nullptr;
+    return IsLoaded(document) ? document : nullptr;
+}
+
+XmlNodeList SelectNodes(const XmlDocument& document, const char* path) {
+    XmlNodeList list;
+    if (FAILED(document->selectNodes(BasicString(path).Get(), &list))) return nullptr;
+    return list;
+}
+
+XmlNode NextNode(const XmlNodeList& list) {
+    XmlNode node;
+    if (FAILED(list->nextNode(&node))) return nullptr;
+    return node;
+}
+
+std::string BaseName(const XmlNode& node) {
+    BasicString name;
+    return SUCCEEDED(node->get_baseName(name.Receive())) ? name.Text() : std::string();
+}
+
+std::string NodeText(const XmlNode& node) {
+    BasicString text;
+    return SUCCEEDED(node->get_text(text.Receive())) ? text.Text() : std::string();
+}
+
+}  // namespace win

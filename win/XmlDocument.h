@@ -1,0 +1,30 @@
+#pragma once
+#include <windows.h>
+#include <msxml2.h>
+#include <wrl/client.h>
+
+#include <string>
+
+// The XML document of the Windows platform, as the feed readers use it.
+namespace win {
+
+using XmlDocument = Microsoft::WRL::ComPtr<IXMLDOMDocument>;
+using XmlNode = Microsoft::WRL::ComPtr<IXMLDOMNode>;
+using XmlNodeList = Microsoft::WRL::ComPtr<IXMLDOMNodeList>;
+
+// The document in the file; null when it is missing, not well-formed, or has a document type
+// declaration. Lets messages run while it loads.
+XmlDocument LoadXmlFile(const std::string& path);
+
+// The nodes of a selection path, in document order; null when there are none to be had. Prefixes are
+// those written in the document.
+XmlNodeList SelectNodes(const XmlDocument& document, const char* path);
+
+// The next node of the list, null behind the last.
+XmlNode NextNode(const XmlNodeList& list);
+
+// A node's local name and text; empty on an error.
+std::string BaseName(const XmlNode& node);
+std::string NodeText(const XmlNode& node);
+
+}  // namespace win
