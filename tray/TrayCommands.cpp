@@ -1,0 +1,92 @@
+#include "tray/TrayCommands.h"
+
+#include <windows.h>
+
+#include <string>
+
+#include "settings/Hosts.h"
+#include "settings/ProgramState.h"
+#include "settings/Version.h"
+#include "stations/StationList.h"
+#include "tray/RetrieveAlerts.h"
+#include "tray/TrayMenuRules.h"
+#include "tray/frmTray.h"
+#include "tray/modExplorerMonitor.h"
+#include "tray/modTrayIcon.h"
+#include "tray/modTrayMenu.h"
+#include "tray/resource.h"
+#include "alerts/VersionCheck.h"
+#include "win/Messages.h"
+#include "win/Shell.h"
+#include "win/modRandomFile.h"
+
+namespace tray {
+namespace {
+
+constexpr char kRetrieveTag[] = "RetrieveAlerts";
+std::string fireEventTag;
+
+void Open(const std::string& address) { win::OpenInBrowser(TrayWindow(), address); }
+
+}  // namespace
+
+void mnuRetrieveSevereAlerts_Click() {
+    fireEventTag = kRetrieveTag;
+    StartTimer(Timer::TimerFireEvent);
+}
+
+void mnuViewNationalSevereAlerts_Click() {
+    Open(NationalMapAddress(settings::WeatherHost(), stations::StationAt(0)));
+}
+
+void mnuOptions_Click() { ShowOptions(); }
+
+void mnuVisitQuillmark_Click() { Open(settings::MakerHost()); }
+
+void mnuExit_Click() { StartTimer(Timer::TimerUnload); }
+
+void RunFixedCommand(unsigned identifier) {
+    switch (identifier) {
+        case mnuRetrieveSevereAlerts:
+            return mnuRetrieveSevereAlerts_Click();
+        case mnuViewNationalSevereAlerts:
+            return mnuViewNationalSevereAlerts_Click();
+        case mnuOptions:
+            return mnuOptions_Click();
+        case mnuAbout:
+            return ShowAbout();
+        case mnuSupportForums:
+            return Open(settings::MakerHost() + "/Forum/index.php?c=24");
+        case mnuSendBugReport:
+            return Open(BugReportAddress(settings::MakerHost(), SKYVANE_VERSION));
+        case mnuCheckForNewVersion:
+            return alerts::CheckVersion(TrayWindow(), "Yes");
+        case mnuVisitQuillmark:
+            return mnuVisitQuillmark_Click();
+        case mnuSupportQuillmark:
+            return Open(settings::MakerHost() + "/Donate.asp");
+        case mnuExit:
+            return mnuExit_Click();
+        default:
+            return;
+    }
+}
+
+void RunFiredEvent() {
+    if (fireEventTag != kRetrieveTag) return;
+    EnableRetrieveItem(false);
+    win::PumpPendingMessages();
+    RetrieveAlerts(true);
+    EnableRetrieveItem(true);
+}
+
+void ShutDown() {
+    RemoveTrayIcon();
+    RemoveMenuSubclass();
+    win::DeleteTempFiles("SVA");
+    settings::State().runningMutex.Reset();
+    StopExplorerMonitor(TrayWindow());
+    ExitProcess(0);
+}
+
+}  // namespace tray

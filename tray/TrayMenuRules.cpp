@@ -1,0 +1,108 @@
+#include "tray/TrayMenuRules.h"
+
+#include <algorithm>
+
+#include "settings/Hosts.h"
+#include "stations/StationLineRules.h"
+#include "win/TextRules.h"
+
+namespace tray {
+namespace {
+
+constexpr std::uint32_t kLowWord = 0xFFFF;
+
+// Reads the number at the start of the text and takes it off.
+std::uint32_t TakeNumber(std::string_view& text) {
+    std::uint32_t number = 0;
+    while (!text.empty() && text.front() >= '0' && text.front() <= '9') {
+        number = number * 10 + static_cast<std::uint32_t>(text.front() - '0');
+        text.remove_prefix(1);
+    }
+    return number;
+}
+
+}  // namespace
+
+std::string AlertCaption(std::string_view title, std::string_view stationName) {
+    constexpr std::size_t longest = 40;
+    std::string caption(title);
+    caption.append(" (").append(stationName).append(")");
+    if (win::CountChars(caption) <= longest) return caption;
+    return std::string(win::FirstChars(caption, longest)) + "...)";
+}
+
+bool TakeCaption(std::string& seenCaptions, std::string_view caption, std::string_view bar) {
+    if (seenCaptions.find(caption) != std::string::npos) return false;
+    seenCaptions.append(bar).append(caption);
+    return true;
+}
+
+std::string MenuText(std::string_view caption) {
+    std::string text = win::ReplaceAll(caption, "&", "&&");
+    for (char& c : text)
+        if (static_cast<unsigned char>(c) < ' ') c = ' ';
+    return text;
+}
+
+bool IsUsableAlertIdentifier(std::uint32_t identifier, std::size_t stationCount,
+                             const std::vector<std::uint32_t>& taken) {
+    const std::uint32_t low = identifier & kLowWord;
+    const std::size_t lastStation = std::max<std::size_t>(kFirstStation + stationCount,
+                                                          kStationSeparator);
+    return low > lastStation && std::none_of(taken.begin(), taken.end(), [low](auto other) {
+               return (other & kLowWord) == low;
+           });
+}
+
+void AddToAlertMap(std::string& map, std::uint32_t identifier, std::string_view code) {
+    if (!map.empty()) map += ',';
+    map.append(win::Decimal(identifier)).append("(").append(code).append(")");
+}
+
+std::optional<std::string> FindInAlertMap(std::string_view map, std::uint32_t chosen) {
+    std::optional<std::string> byLowWord;
+    while (!map.empty()) {
+        const std::uint32_t identifier = TakeNumber(map);
+        const std::size_t end = std::min(map.find(')'), map.size());
+        const std::string code(map.substr(std::min<std::size_t>(1, map.size()), end - 1));
+        if (identifier == chosen) return code;
+        if ((identifier & kLowWord) == chosen) byLowWord = code;
+        map.remove_prefix(std::min(map.find(',', end), map.size() - 1) + 1);
+    }
+    return byLowWord;
+}
+
+std::string AlertAddress(std::string_view weatherHost, std::string_view code) {
+    return std::string(weatherHost)
+        .append("/Common/SearchResults.html?zcode=")
+        .append(settings::kWeatherZone)
+        .append("&nav_section=45&lang_id=en-us&is_search=true&loc=")
+        .append(code);
+}
+
+std::string StationAddress(std::string_view weatherHost, std::string_view stationLine) {
+    if (!stations::HasHiddenFields(stationLine)) return {};
+    return std::string(weatherHost)
+        .append("/Common/SearchResults.html?loc=")
+        .append(stations::HiddenField(stationLine, stations::kCode))
+        .append("&is_search=true&nav_section=1&loc_country=WORLD&zcode=")
+        .append(settings::kWeatherZone);
+}
+
+std::string NationalMapAddress(std::string_view weatherHost, std::string_view firstStationLine) {
+    std::string address(weatherHost);
+    address.append("/severe-weather/national-alert-map.html?zcode=")
+        .append(settings::kWeatherZone)
+        .append("&country=US&country_name=USA");
+    const auto fields = win::Split(firstStationLine, "***");
+    if (fields.size() > 2 && !fields[1].empty()) address.append("&zip=").append(fields[1]);
+    return address;
+}
+
+std::string BugReportAddress(std::string_view makerHost, std::string_view version) {
+    return std::string(makerHost)
+        .append("/Bug-Report.asp?Application=Skyvane Alerts&Version=")
+        .append(version);
+}
+
+}  // namespace tray

@@ -1,0 +1,38 @@
+#include "tray/modExplorerMonitor.h"
+
+#include "tray/modTrayIcon.h"
+
+namespace tray {
+namespace {
+
+constexpr char kProcedure[] = "ExSubClassProc";
+constexpr char kPointer[] = "ExSubClassPtr";
+
+UINT TaskbarCreatedMessage = 0;
+
+LRESULT CALLBACK MonitorProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == TaskbarCreatedMessage) AddTrayIcon();
+    const auto previous = reinterpret_cast<WNDPROC>(GetPropA(window, kProcedure));
+    return CallWindowProcA(previous, window, message, wParam, lParam);
+}
+
+}  // namespace
+
+void StartExplorerMonitor(HWND window) {
+    if (GetPropA(window, kProcedure)) return;
+    TaskbarCreatedMessage = RegisterWindowMessageA("TaskbarCreated");
+    SetPropA(window, kProcedure, reinterpret_cast<HANDLE>(GetWindowLongA(window, GWL_WNDPROC)));
+    const LONG previous =
+        SetWindowLongA(window, GWL_WNDPROC, reinterpret_cast<LONG>(MonitorProcedure));
+    SetPropA(window, kPointer, reinterpret_cast<HANDLE>(previous));
+}
+
+void StopExplorerMonitor(HWND window) {
+    const HANDLE previous = GetPropA(window, kProcedure);
+    if (!previous) return;
+    SetWindowLongA(window, GWL_WNDPROC, reinterpret_cast<LONG>(previous));
+    RemovePropA(window, kProcedure);
+    RemovePropA(window, kPointer);
+}
+
+}  // namespace tray

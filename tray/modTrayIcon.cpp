@@ -1,0 +1,106 @@
+#include "tray/modTrayIcon.h"
+
+#include <shellapi.h>
+
+#include <cstddef>
+#include <cstring>
+
+#include "settings/IniOpenSave.h"
+#include "tray/ClockRules.h"
+#include "tray/frmTray.h"
+#include "tray/resource.h"
+#include "win/Dates.h"
+#include "win/Images.h"
+#include "win/Messages.h"
+#include "win/TextRules.h"
+
+namespace tray {
+namespace {
+
+// The record's size with the balloon fields and nothing behind them.
+constexpr DWORD kRecordSize = 488;
+static_assert(offsetof(NOTIFYICONDATAA, guidItem) == kRecordSize);
+
+constexpr UINT kAddTimeout = 30000;
+constexpr UINT kBalloonTimeout = 10000;
+
+// Every change edits the record and sends it whole, so flags and texts of an earlier change stay in
+// force: after a balloon each later change carries it again, on purpose.
+NOTIFYICONDATAA TrayIconData;
+
+template <std::size_t size>
+void SetText(char (&field)[size], std::string_view text) {
+    const std::string_view fitting = win::FitBytes(text, size - 1);
+    std::memset(field, 0, size);
+    std::memcpy(field, fitting.data(), fitting.size());
+}
+
+void FillIdentity(UINT flags, UINT timeout) {
+    TrayIconData.cbSize = kRecordSize;
+    TrayIconData.hWnd = TrayWindow();
+    TrayIconData.uID = 1;
+    TrayIconData.uFlags = flags;
+    TrayIconData.uCallbackMessage = kTrayCallback;
+    TrayIconData.dwState = 0;
+    TrayIconData.dwStateMask = 0;
+    TrayIconData.uTimeout = timeout;
+}
+
+void Send(DWORD message) { Shell_NotifyIconA(message, &TrayIconData); }
+
+void ShowImage(const win::Icon& image) {
+    TrayIconData.hIcon = image.Get();
+    Send(NIM_MODIFY);
+}
+
+}  // namespace
+
+TrayImages& Images() {
+    static TrayImages images;
+    return images;
+}
+
+void LoadBuiltInImages() {
+    const int size = win::SmallIconSize();
+    Images().ImageIcon = win::LoadIconResource(IDI_NORMAL, size);
+    Images().ImageIcon2 = win::LoadIconResource(IDI_NEWALERTS, size);
+    Images().ImageOriginal2 = win::LoadIconResource(IDI_NEWALERTS, size);
+}
+
+void ReplaceImage(win::Icon& image, const std::string& path) {
+    if (win::Icon loaded = win::LoadIconFile(path, win::SmallIconSize())) image = std::move(loaded);
+}
+
+void AddTrayIcon() {
+    FillIdentity(NIF_MESSAGE | NIF_ICON | NIF_TIP, kAddTimeout);
+    TrayIconData.hIcon = Images().ImageIcon.Get();
+    SetText(TrayIconData.szTip, win::kProgramName);
+    UpdateTrayTip(settings::ReadSetting(settings::kLastUpdated));
+    Send(NIM_ADD);
+}
+
+void ShowTrayBalloon(const std::string& message) {
+    FillIdentity(NIF_MESSAGE | NIF_ICON | NIF_TIP | NIF_INFO, kBalloonTimeout);
+    SetText(TrayIconData.szInfoTitle, win::kProgramName);
+    SetText(TrayIconData.szInfo, message);
+    Send(NIM_MODIFY);
+}
+
+void RemoveTrayIcon() { Send(NIM_DELETE); }
+
+void RefreshTrayIconImage() { ShowImage(Images().ImageIcon); }
+
+void ShowNewAlertImage() { ShowImage(Images().ImageIcon2); }
+
+void SetTrayTip(const std::string& tip) {
+    SetText(TrayIconData.szTip, tip);
+    Send(NIM_MODIFY);
+}
+
+void UpdateTrayTip(const std::string& lastUpdated) {
+    const std::string tip =
+        TrayTip(lastUpdated, win::ShortDateOf(lastUpdated), win::ShortDateToday());
+    if (!tip.empty()) SetTrayTip(tip);
+}
+
+}  // namespace tray

@@ -1,0 +1,199 @@
+#include "tray/modTrayMenu.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "settings/Hosts.h"
+#include "settings/IniOpenSave.h"
+#include "settings/ProgramState.h"
+#include "stations/StationLineRules.h"
+#include "stations/StationList.h"
+#include "tray/TrayCommands.h"
+#include "tray/TrayMenuRules.h"
+#include "tray/frmTray.h"
+#include "tray/resource.h"
+#include "win/Handle.h"
+#include "win/Messages.h"
+#include "win/Shell.h"
+#include "win/Text.h"
+#include "win/TextRules.h"
+
+namespace tray {
+namespace {
+
+HMENU TrayMenuHandle = nullptr;
+HMENU StationMenuHandle = nullptr;
+std::int16_t AlertItemCount = 0;
+std::string AlertMenuMap;
+std::int32_t StationItemCount = 0;
+WNDPROC PreviousTrayWindowProc = nullptr;
+
+// The empty menus whose handles number the alert items; each lives as long as its item.
+std::vector<win::Menu> alertHandles;
+bool popupOpen = false;
+bool rebuildWhenClosed = false;
+
+void Open(const std::string& address) {
+    if (!address.empty()) win::OpenInBrowser(TrayWindow(), address);
+}
+
+void RunBuiltCommand(std::uint32_t identifier) {
+    if (AlertItemCount > 0) {
+        if (const auto code = FindInAlertMap(AlertMenuMap, identifier)) {
+            Open(AlertAddress(settings::WeatherHost(), *code));
+            return;  // its number may also read as a station's index
+        }
+    }
+    if (identifier == kAddStation) {
+        settings::WriteSetting(settings::kLastOption, settings::kStationsPage);
+        mnuOptions_Click();
+    } else if (identifier > kAddStation) {
+        Open(StationAddress(settings::WeatherHost(),
+                            stations::StationAt(identifier - kFirstStation)));
+    }
+}
+
+LRESULT CALLBACK MenuProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const WNDPROC previous = PreviousTrayWindowProc;
+    if (message == WM_CLOSE) RemoveMenuSubclass();
+    if (message == WM_COMMAND) RunBuiltCommand(static_cast<std::uint32_t>(wParam));
+    return CallWindowProcA(previous, window, message, wParam, lParam);
+}
+
+// A hidden item is one that is not in the menu at all.
+void ShowNoAlertsItem(bool show) {
+    const bool isShown =
+        GetMenuState(TrayMenuHandle, mnuAlertsAvailable, MF_BYCOMMAND) != static_cast<UINT>(-1);
+    if (show && !isShown)
+        InsertMenuA(TrayMenuHandle, 0, MF_BYPOSITION | MF_STRING, mnuAlertsAvailable,
+                    "(No Alerts Available)");
+    if (!show && isShown) RemoveMenu(TrayMenuHandle, mnuAlertsAvailable, MF_BYCOMMAND);
+}
+
+void RemoveAlertItems() {
+    for (; AlertItemCount > 0; --AlertItemCount) RemoveMenu(TrayMenuHandle, 0, MF_BYPOSITION);
+    alertHandles.clear();
+    ShowNoAlertsItem(true);
+}
+
+std::vector<std::uint32_t> AlertIdentifiers() {
+    std::vector<std::uint32_t> identifiers;
+    for (const win::Menu& menu : alertHandles)
+        identifiers.push_back(static_cast<std::uint32_t>(reinterpret_cast<UINT_PTR>(menu.Get())));
+    return identifiers;
+}
+
+// Makes an empty menu for the sake of its number and keeps it; 0 when the system has no more. Menus whose
+// number would be mistaken are given back only after a good one was found, so that they do not come
+// again.
+std::uint32_t MakeAlertIdentifier(std::vector<std::uint32_t>& taken) {
+    std::vector<win::Menu> unusable;
+    for (;;) {
+        win::Menu menu(CreatePopupMenu());
+        if (!menu) return 0;
+        const auto number =
+            static_cast<std::uint32_t>(reinterpret_cast<UINT_PTR>(menu.Get()));
+        if (IsUsableAlertIdentifier(number, settings::State().stationCount, taken)) {
+            alertHandles.push_back(std::move(menu));
+            taken.push_back(number);
+            return number;
+        }
+        unusable.push_back(std::move(menu));
+    }
+}
+
+std::string ValueOf(const std::map<std::string, std::string>& section, const char* key, int n) {
+    const auto found = section.find(key + win::Decimal(n));
+    return found == section.end() ? std::string() : found->second;
+}
+
+// Whether a station that was added meanwhile has come to share a number with an alert item.
+bool AlertItemsCollide() {
+    for (const std::uint32_t identifier : AlertIdentifiers())
+        if (!IsUsableAlertIdentifier(identifier, settings::State().stationCount, {})) return true;
+    return false;
+}
+
+}  // namespace
+
+void SetUpTrayMenus() {
+    TrayMenuHandle = GetSubMenu(GetMenu(TrayWindow()), 0);
+    StationMenuHandle = CreatePopupMenu();
+    constexpr UINT behindNationalAlerts = 4;
+    InsertMenuA(TrayMenuHandle, behindNationalAlerts, MF_BYPOSITION | MF_POPUP,
+                reinterpret_cast<UINT_PTR>(StationMenuHandle), "View Weather");
+    PreviousTrayWindowProc = reinterpret_cast<WNDPROC>(GetWindowLongA(TrayWindow(), GWL_WNDPROC));
+    SetWindowLongA(TrayWindow(), GWL_WNDPROC, reinterpret_cast<LONG>(MenuProcedure));
+}
+
+void RemoveMenuSubclass() {
+    if (PreviousTrayWindowProc)
+        SetWindowLongA(TrayWindow(), GWL_WNDPROC, reinterpret_cast<LONG>(PreviousTrayWindowProc));
+}
+
+void BuildStationMenu() {
+    StationItemCount = 0;
+    while (RemoveMenu(StationMenuHandle, 0, MF_BYPOSITION)) win::PumpPendingMessages();
+    AppendMenuA(StationMenuHandle, MF_STRING, kAddStation, "Add New Station...");
+    const settings::ProgramState& state = settings::State();
+    if (state.stationCount == 0) return;
+    AppendMenuA(StationMenuHandle, MF_SEPARATOR, kStationSeparator, nullptr);
+    for (std::size_t i = 0; i < state.stations.size() && !state.stations[i].empty(); ++i) {
+        const std::string caption = MenuText(stations::DisplayText(state.stations[i]));
+        AppendMenuA(StationMenuHandle, MF_STRING, kFirstStation + i, caption.c_str());
+        ++StationItemCount;
+    }
+    if (AlertItemsCollide()) BuildAlertsMenu();
+}
+
+void BuildAlertsMenu() {
+    if (popupOpen) {
+        rebuildWhenClosed = true;
+        return;
+    }
+    RemoveAlertItems();
+    const std::int16_t count =
+        win::LeadingInt16(settings::ReadSetting(settings::kAlertCount));
+    if (count <= 0) return;
+    const auto section = settings::ReadSection(settings::kAlerts);
+    AlertMenuMap.clear();
+    std::string seenCaptions;
+    std::vector<std::uint32_t> taken;
+    for (int k = 1; k <= count; ++k) {
+        const std::string code = ValueOf(section, settings::kAlertZipCode, k);
+        const std::string caption =
+            AlertCaption(ValueOf(section, settings::kAlertTitle, k),
+                         stations::DisplayTextOfCode(settings::State().stations, code));
+        if (!TakeCaption(seenCaptions, caption, win::BrokenBar())) continue;
+        const std::uint32_t identifier = MakeAlertIdentifier(taken);
+        if (identifier == 0) break;
+        ++AlertItemCount;
+        InsertMenuA(TrayMenuHandle, static_cast<UINT>(AlertItemCount), MF_BYPOSITION, identifier,
+                    MenuText(caption).c_str());
+        AddToAlertMap(AlertMenuMap, identifier, code);
+    }
+    if (AlertItemCount > 0) ShowNoAlertsItem(false);
+}
+
+void ShowTrayMenu() {
+    constexpr UINT noDefaultItem = static_cast<UINT>(-1);
+    SetMenuDefaultItem(TrayMenuHandle, AlertItemCount > 0 ? noDefaultItem : mnuAlertsAvailable,
+                       FALSE);
+    POINT cursor;
+    GetCursorPos(&cursor);
+    popupOpen = true;
+    TrackPopupMenu(TrayMenuHandle, TPM_RIGHTBUTTON, cursor.x, cursor.y, 0, TrayWindow(), nullptr);
+    popupOpen = false;
+    PostMessageA(TrayWindow(), WM_NULL, 0, 0);  // without it the next popup may vanish at once
+    // Posted behind the chosen command, which must still find its item.
+    if (std::exchange(rebuildWhenClosed, false))
+        PostMessageA(TrayWindow(), kRebuildAlertItems, 0, 0);
+}
+
+void EnableRetrieveItem(bool enable) {
+    EnableMenuItem(TrayMenuHandle, mnuRetrieveSevereAlerts,
+                   MF_BYCOMMAND | (enable ? MF_ENABLED : MF_GRAYED));
+}
+
+}  // namespace tray

@@ -1,0 +1,28 @@
+#pragma once
+#include <windows.h>
+
+// The tray icon's popup menu: its fixed items come from the window's menu; the list of current alerts at
+// the top and the "View Weather" submenu are built here.
+namespace tray {
+
+// Posted to the tray window to build the alert items once the popup has closed.
+inline constexpr UINT kRebuildAlertItems = WM_APP + 1;
+
+// Finds the popup, inserts the empty "View Weather" submenu and subclasses the tray window.
+void SetUpTrayMenus();
+
+// Puts back the window procedure that SetUpTrayMenus replaced.
+void RemoveMenuSubclass();
+
+// Builds the station items from the station list. Lets messages run.
+void BuildStationMenu();
+
+// Builds the alert items from the Alerts section; put off while the popup is open.
+void BuildAlertsMenu();
+
+// Shows the popup at the cursor and returns when it is closed.
+void ShowTrayMenu();
+
+void EnableRetrieveItem(bool enable);
+
+}  // namespace tray

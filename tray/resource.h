@@ -1,0 +1,19 @@
+#pragma once
+// The tray's menu items and pictures. Item identifiers stay below 8000, where built items begin.
+#define IDR_TRAYMENUBAR 100
+#define mnuAlertsAvailable 101
+#define mnuRetrieveSevereAlerts 102
+#define mnuViewNationalSevereAlerts 103
+#define mnuOptions 104
+#define mnuAbout 105
+#define mnuSupportForums 106
+#define mnuSendBugReport 107
+#define mnuCheckForNewVersion 108
+#define mnuVisitQuillmark 109
+#define mnuSupportQuillmark 110
+#define mnuExit 111
+
+// The program's own icon comes first: the lowest number is the one that the shell shows for the file.
+#define IDI_PROGRAM 1
+#define IDI_NORMAL 2
+#define IDI_NEWALERTS 3
