@@ -32,10 +32,10 @@ std::string GeneralDateNow() {
 std::string ShortDateToday() { return ShortDate(Now()); }
 
 std::string ShortDateOf(std::string_view text) {
-    const std::wstring wide = ToWide(text);
+    std::wstring wide = ToWide(text);
     DATE date = 0;
     SYSTEMTIME time;
-    if (FAILED(VarDateFromStr(wide.c_str(), LOCALE_USER_DEFAULT, 0, &date)) ||
+    if (FAILED(VarDateFromStr(wide.data(), LOCALE_USER_DEFAULT, 0, &date)) ||
         !VariantTimeToSystemTime(date, &time))
         return {};
     return ShortDate(time);

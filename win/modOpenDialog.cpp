@@ -3,6 +3,7 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace win {
@@ -35,12 +36,13 @@ LRESULT CALLBACK CentreOnActivation(int code, WPARAM wParam, LPARAM lParam) {
 
 std::string ShowOpenFileDialog(HWND owner, const OpenFileRequest& request) {
     // The record has its short layout, without the fields that later systems added.
-    static_assert(OPENFILENAME_SIZE_VERSION_400A == 76);
+    constexpr DWORD recordSize = 76;
+    static_assert(offsetof(OPENFILENAMEA, pvReserved) == recordSize);
     std::string filter = request.filter + "||";
     std::replace(filter.begin(), filter.end(), '|', '\0');
     char path[2048] = {};
     OPENFILENAMEA dialog{};
-    dialog.lStructSize = OPENFILENAME_SIZE_VERSION_400A;
+    dialog.lStructSize = recordSize;
     dialog.hwndOwner = owner;
     dialog.lpstrFilter = filter.c_str();
     dialog.lpstrFile = path;

@@ -1,0 +1,70 @@
+#include "alerts/VersionCheck.h"
+
+#include <optional>
+#include <string>
+
+#include "alerts/AlertFeedRules.h"
+#include "alerts/VersionRules.h"
+#include "alerts/modDownloader.h"
+#include "settings/Hosts.h"
+#include "settings/IniOpenSave.h"
+#include "settings/ProgramState.h"
+#include "win/Files.h"
+#include "win/Messages.h"
+#include "win/Shell.h"
+
+namespace alerts {
+namespace {
+
+void TellFailure(HWND owner) {
+    win::Tell(owner,
+              "The attempt to check for an updated version of Skyvane Alerts failed!\r\n\r\n"
+              "Please visit " +
+                  settings::MakerHost() + " to check for a new version.",
+              MB_ICONEXCLAMATION);
+}
+
+void OfferDownload(HWND owner, const std::string& version, bool interactive) {
+    if (!interactive && settings::ReadSetting(settings::kCheckVersion) == version) return;
+    settings::WriteSetting(settings::kCheckVersion, version);
+    if (win::Ask(owner,
+                 "Skyvane Alerts v" + version +
+                     " is available!  Would you like to download it now?",
+                 MB_ICONINFORMATION))
+        win::OpenInBrowser(owner, settings::MakerHost() + "/Skyvane-Alerts.asp");
+}
+
+void Check(HWND owner, bool interactive) {
+    // Fixed names: after a failure both files stay, and the next check finds the old status at once.
+    const std::string dataFile = settings::State().programFolder + "\\che.sk";
+    const std::string statusFile = settings::State().programFolder + "\\chet.sk";
+    WaitForStatus(statusFile,
+                  RunDownloader(DownloadArgument(settings::MakerHost() + "/SVAlerts.txt", dataFile,
+                                                 statusFile)));
+    // What the status says is not looked at: the data file alone decides.
+    const std::optional<std::string> text = win::ReadWholeFile(dataFile);
+    if (!text || IsVersionTooLong(*text)) {
+        if (interactive) TellFailure(owner);
+        return;
+    }
+    win::DeleteFileQuietly(dataFile);
+    win::DeleteFileQuietly(statusFile);
+    const std::string offered = OfferedVersion(*text);
+    if (IsNewerVersion(offered, settings::ReadSetting(settings::kVersion)))
+        OfferDownload(owner, offered, interactive);
+    else if (interactive)
+        win::Tell(owner, "You are using the latest version of Skyvane Alerts.",
+                  MB_ICONINFORMATION);
+}
+
+}  // namespace
+
+void CheckVersion(HWND owner, std::string_view mode) {
+    static bool checking = false;
+    if (checking) return;
+    checking = true;
+    Check(owner, mode == "Yes");
+    checking = false;
+}
+
+}  // namespace alerts

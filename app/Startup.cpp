@@ -1,0 +1,120 @@
+#include "app/Startup.h"
+
+#include <windows.h>
+
+#include "app/FolderRefresh.h"
+#include "app/StartupRules.h"
+#include "settings/DataFolder.h"
+#include "settings/IniOpenSave.h"
+#include "settings/ProgramState.h"
+#include "settings/Version.h"
+#include "settings/modRegistry.h"
+#include "stations/StationList.h"
+#include "tray/RetrieveAlerts.h"
+#include "tray/TrayCommands.h"
+#include "tray/frmTray.h"
+#include "tray/modTrayIcon.h"
+#include "tray/modTrayMenu.h"
+#include "win/Files.h"
+#include "win/Messages.h"
+#include "win/Text.h"
+
+namespace app {
+namespace {
+
+using namespace settings;
+
+void UseIniFile(bool defaultUser) {
+    UseIni = kUseIniStore;
+    IniUserName = defaultUser ? "Default" : ValueOr(win::Environment("Username"), "Default");
+}
+
+void ChooseStore(std::string_view commandLine) {
+    const StoreSwitches switches = ReadStoreSwitches(commandLine);
+    if (switches.useIni) {
+        UseIniFile(switches.defaultUser);
+    } else {
+        WriteSetting(kRegTest, "Test");
+        if (ReadSetting(kRegTest) == "Test")
+            WriteSetting(kRegTest, "");
+        else
+            UseIniFile(false);
+    }
+    WriteSetting(kUseIni, BooleanText(UseIni == kUseIniStore));
+    ExportStoreChoice();
+}
+
+void SettleFolders() {
+    ChooseDataFolder(IsTrue(ReadSetting(kStoreFilesInProgramFolder)));
+    MakeDataFolder();
+    State().tempFolder = win::Environment("Temp") + "\\";
+    RefreshDataFolder();
+}
+
+void ReadTraySettings() {
+    ProgramState& state = State();
+    state.singleClickAction = ValueOr(ReadSetting(kSingleClickAction), kStartupSingleClickAction);
+    state.doubleClickAction = ValueOr(ReadSetting(kDoubleClickAction), kStartupDoubleClickAction);
+    state.autoUpdateInterval = ValueOr(ReadSetting(kAutoUpdateInterval), kStartupInterval);
+    if (state.autoUpdateInterval != kNever) tray::StartMinuteClock();
+    state.oldAlerts = ReadSetting(kOldAlerts);
+    WriteSetting(kVersion, SKYVANE_VERSION);
+    const std::string speed =
+        RegistryReadValue(kCurrentUser, "Control Panel\\Mouse", "DoubleClickSpeed");
+    if (const auto interval = ClickInterval(speed))
+        tray::SetTimerInterval(tray::Timer::Timer1, *interval);
+}
+
+void LoadChosenImage(const Setting& setting, win::Icon& image) {
+    const std::string path = ReadSetting(setting);
+    if (!path.empty() && win::FileExists(path)) tray::ReplaceImage(image, path);
+}
+
+void RetrieveAtStart() {
+    if (!IsTrue(ReadSetting(kRetrieveAlertsOnStartup))) return;
+    if (IsTrue(ReadSetting(kPause30SecondsOnStartup)))
+        tray::StartTimer(tray::Timer::TimerRetrieverDelay);
+    else
+        tray::RetrieveAlerts(false);
+}
+
+void CountRun() {
+    const std::string runs = ReadSetting(kRuns);
+    if (!runs.empty()) {
+        if (const auto next = NextRunCount(runs)) WriteSetting(kRuns, *next);
+        return;
+    }
+    WriteSetting(kRuns, "1");
+    if (win::Ask(tray::TrayWindow(),
+                 "It looks like this is your first time using Skyvane Alerts.\r\n\r\n"
+                 "Would you like to set up the Options now?",
+                 MB_ICONINFORMATION))
+        tray::ShowOptions();
+}
+
+// Only marks the program as running for other processes; nothing here waits on it.
+void MarkAsRunning() {
+    State().runningMutex.Reset(CreateMutexA(nullptr, FALSE, "SkyvaneAlerts"));
+    if (GetLastError() == ERROR_ALREADY_EXISTS) State().runningMutex.Reset();
+}
+
+}  // namespace
+
+void StartUp(std::string_view commandLine) {
+    State().programFolder = win::ExecutableFolder();
+    ChooseStore(commandLine);
+    SettleFolders();
+    ReadTraySettings();
+    LoadChosenImage(kIcon, tray::Images().ImageIcon);
+    LoadChosenImage(kIcon2, tray::Images().ImageIcon2);
+    tray::AddTrayIcon();
+    stations::LoadStationList();
+    tray::SetUpTrayMenus();
+    tray::BuildStationMenu();
+    RetrieveAtStart();
+    tray::BuildAlertsMenu();
+    CountRun();
+    MarkAsRunning();
+}
+
+}  // namespace app

@@ -1,0 +1,26 @@
+#include "settings/DataFolder.h"
+
+#include "settings/IniOpenSave.h"
+#include "settings/ProgramState.h"
+#include "win/Files.h"
+#include "win/Text.h"
+
+namespace settings {
+
+void ChooseDataFolder(bool inProgramFolder) {
+    ProgramState& state = State();
+    state.storeFilesInProgramFolder = inProgramFolder;
+    if (!inProgramFolder) {
+        state.dataFolder = win::Environment("APPDATA") + "\\SkyvaneAlerts";
+        return;
+    }
+    const std::string users = state.programFolder + "\\Users";
+    if (!win::FolderExists(users)) win::MakeFolder(users);
+    state.dataFolder = users + "\\" + ValueOr(IniUserName, win::Environment("Username"));
+}
+
+void MakeDataFolder() {
+    if (!win::FolderExists(State().dataFolder)) win::MakeFolder(State().dataFolder);
+}
+
+}  // namespace settings
