@@ -32,7 +32,8 @@ XmlDocument LoadXmlFile(const std::string& path) {
     EnsureCom();
     XmlDocument document;
     if (FAILED(CoCreateInstance(CLSID_DOMDocument, nullptr, CLSCTX_INPROC_SERVER,
-                                IID_PPV_ARGS(&document))))
+                                IID_IXMLDOMDocument,
+                                reinterpret_cast<void**>(document.GetAddressOf()))))
         return nullptr;
     const BasicString source(path);
     VARIANT sourceVariant;

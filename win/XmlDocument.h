@@ -1,6 +1,6 @@
 #pragma once
 #include <windows.h>
-#include <msxml2.h>
+#include <msxml.h>
 #include <wrl/client.h>
 
 #include <string>
