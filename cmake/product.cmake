@@ -2,22 +2,24 @@
 # program folder is.
 set(productDir ${CMAKE_BINARY_DIR}/product)
 
+list(REMOVE_ITEM windowsFiles ${CMAKE_SOURCE_DIR}/win/Terminate.cpp)
 add_library(program STATIC ${windowsFiles})
 target_link_libraries(program PUBLIC rules
   comctl32 comdlg32 ole32 oleaut32 shell32 winmm advapi32 user32 gdi32 uuid)
 
-add_executable(SVAlerts WIN32 ${appFiles} app/SVAlerts.rc)
+add_executable(SVAlerts WIN32 ${appFiles} app/SVAlerts.rc win/Terminate.cpp)
 target_link_libraries(SVAlerts PRIVATE program)
 
 add_library(fetch STATIC ${downloaderFiles})
 target_link_libraries(fetch PUBLIC rules program winhttp)
 
-add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc)
+add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc win/Terminate.cpp)
 target_link_libraries(dl PRIVATE fetch)
 
 foreach(target SVAlerts dl)
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${productDir})
   target_link_options(${target} PRIVATE -s)
+  target_link_libraries(${target} PRIVATE houseRules)
 endforeach()
 
 add_custom_target(productFiles ALL
