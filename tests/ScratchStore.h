@@ -1,0 +1,44 @@
+#pragma once
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "settings/IniOpenSave.h"
+#include "settings/ProgramState.h"
+#include "win/Files.h"
+#include "win/modRandomFile.h"
+
+// A settings store and a data folder for one test. The INI file stands beside the test program, under a
+// user name of its own.
+namespace tests {
+
+inline std::string ScratchIniPath() { return win::ExecutableFolder() + "\\scratch-user.ini"; }
+
+class ScratchStore : public testing::TestWithParam<std::int16_t> {
+  protected:
+    void SetUp() override {
+        Use(settings::kUseIniStore);
+        settings::State() = settings::ProgramState();
+        settings::State().programFolder = win::ExecutableFolder();
+        settings::State().dataFolder = win::ExecutableFolder() + "\\scratch-data";
+        win::MakeFolder(settings::State().dataFolder);
+    }
+    void TearDown() override {
+        for (const char* section : {"Options", "Misc", "Alerts"})
+            settings::DeleteSettingSection(section);
+        win::DeleteFileQuietly(ScratchIniPath());
+        win::DeleteFolder(win::ExecutableFolder() + "\\scratch-data");
+    }
+    static void Use(std::int16_t store) {
+        settings::UseIni = store;
+        settings::IniUserName = store == settings::kUseIniStore ? "scratch-user" : "";
+    }
+    // Writes a document for the test and gives its path.
+    static std::string WriteScratchFile(const std::string& text) {
+        const std::string path = settings::State().dataFolder + "\\document.xml";
+        EXPECT_TRUE(win::ReplaceFileWhole(path, text));
+        return path;
+    }
+};
+
+}  // namespace tests

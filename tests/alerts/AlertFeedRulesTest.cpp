@@ -1,0 +1,83 @@
+#include "alerts/AlertFeedRules.h"
+
+#include <gtest/gtest.h>
+
+namespace alerts {
+namespace {
+
+constexpr std::string_view bar = "\xC2\xA6";
+std::string Bars(std::string text) {
+    for (std::size_t i; (i = text.find('|')) != std::string::npos;) text.replace(i, 1, bar);
+    return text;
+}
+
+TEST(AlertFeedRules, TidiesBodies) {
+    EXPECT_EQ(TidyBody("a  b   c "), "a b c");
+    EXPECT_EQ(TidyBody("   "), "");
+    EXPECT_EQ(TidyBody("a\n  b"), "a\n b");
+}
+
+TEST(AlertFeedRules, KeepsOrDropsByWords) {
+    struct Case {
+        std::string body;
+        std::vector<std::string> words;
+        bool showOnly;
+        bool kept;
+    };
+    const std::vector<std::string> both{"tornado", "flood"};
+    const Case cases[] = {
+        {"a tornado near", both, false, false}, {"a tornado near", both, true, false},
+        {"tornado and flood", both, true, true}, {"calm", both, false, true},
+        {"thunderstorms", {"storm"}, false, false}, {"anything", {""}, false, false},
+        {"anything", {""}, true, true}, {"anything", {}, true, true}};
+    for (const Case& c : cases)
+        EXPECT_EQ(KeepsAlert(c.body, c.words, c.showOnly), c.kept) << c.body << c.showOnly;
+}
+
+TEST(AlertFeedRules, KnowsASeenIdentifierOnlyWhole) {
+    struct Case {
+        std::string seen;
+        std::string identifier;
+        bool isSeen;
+    };
+    const Case cases[] = {{"", "1", false},        {"1", "1", true},     {"11", "1", false},
+                          {"1|2|3", "1", true},    {"1|2|3", "2", true}, {"1|2|3", "3", true},
+                          {"12|23|31", "1", false}, {"12|23|31", "3", false}, {"a|b", "a|b", true},
+                          {"", "", true},          {"a", "", false},     {"a||b", "", true}};
+    for (const Case& c : cases)
+        EXPECT_EQ(IsSeen(Bars(c.seen), Bars(c.identifier), bar), c.isSeen)
+            << c.seen << " / " << c.identifier;
+    std::string seen;
+    for (const char* identifier : {"1", "2"}) AddSeen(seen, identifier, bar);
+    EXPECT_EQ(seen, Bars("1|2"));
+}
+
+TEST(AlertFeedRules, TrimsTheSeenListByCharacters) {
+    const std::string five00(500, 'x');
+    EXPECT_EQ(TrimSeen(five00), five00);
+    EXPECT_EQ(TrimSeen(std::string(249, 'a') + std::string(252, 'b')), std::string(252, 'b'));
+    std::string bars;
+    for (int i = 0; i < 501; ++i) bars += bar;
+    EXPECT_EQ(TrimSeen(bars).size(), 252 * bar.size());
+}
+
+TEST(AlertFeedRules, JudgesStatusTexts) {
+    for (const char* text : {"0", "0\r\n", "", "fine", "00"}) EXPECT_TRUE(IsSuccess(text)) << text;
+    for (const char* text : {"1", "-1", "404", " 12002"}) EXPECT_FALSE(IsSuccess(text)) << text;
+}
+
+TEST(AlertFeedRules, AsksForEachCodeOnce) {
+    EXPECT_FALSE(IsDone("", "1"));
+    EXPECT_TRUE(IsDone(",66044", "66044"));
+    EXPECT_FALSE(IsDone(",66044", "6604"));
+    EXPECT_TRUE(IsDone(",1,2", "1"));
+}
+
+TEST(AlertFeedRules, AddsWithinSixteenBits) {
+    EXPECT_EQ(AddInt16(32766, 1), 32767);
+    EXPECT_EQ(AddInt16(32767, 1), 32767);
+    EXPECT_EQ(AddInt16(0, -1), -1);
+}
+
+}  // namespace
+}  // namespace alerts

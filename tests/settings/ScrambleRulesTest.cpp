@@ -1,0 +1,31 @@
+#include "settings/ScrambleRules.h"
+
+#include <gtest/gtest.h>
+
+namespace settings {
+namespace {
+
+TEST(ScrambleRules, ShiftsEachCharacterByItsPosition) {
+    EXPECT_EQ(Scramble("aaa"), "bcd");
+    EXPECT_EQ(Scramble(""), "");
+    EXPECT_EQ(Unscramble("bcd"), "aaa");
+}
+
+TEST(ScrambleRules, GivesBackWhatItTook) {
+    for (const std::string text : {"user", "p@ss w0rd|\"'", "~~~~~~~~", "Müller", "zzzzzzzzzzzz"}) {
+        const auto scrambled = Scramble(text);
+        ASSERT_TRUE(scrambled) << text;
+        EXPECT_EQ(Unscramble(*scrambled), text);
+    }
+}
+
+TEST(ScrambleRules, RefusesWhatHasNoCode) {
+    EXPECT_FALSE(Scramble("\xC3\xBF"));          // the last code, which leaves no room
+    EXPECT_FALSE(Scramble("Łukasz"));            // no code up to 255
+    EXPECT_FALSE(Scramble(std::string(140, 'z')));
+    EXPECT_TRUE(Scramble(std::string(133, 'z')));
+    EXPECT_FALSE(Unscramble("\x01"));
+}
+
+}  // namespace
+}  // namespace settings

@@ -1,0 +1,75 @@
+#include "tray/TrayMenuRules.h"
+
+#include <gtest/gtest.h>
+
+namespace tray {
+namespace {
+
+const std::string blanks(100, ' ');
+constexpr std::string_view bar = "\xC2\xA6";
+
+TEST(TrayMenuRules, CutsCaptionsAtFortyCharacters) {
+    EXPECT_EQ(AlertCaption("Flood Watch", "Here"), "Flood Watch (Here)");
+    EXPECT_EQ(AlertCaption("", ""), " ()");
+    const std::string fits = std::string(34, 'x');
+    EXPECT_EQ(AlertCaption(fits, "abc"), fits + " (abc)");
+    EXPECT_EQ(AlertCaption(fits, "abcd"), fits + " (abcd...)");
+    std::string wide;
+    for (int i = 0; i < 40; ++i) wide += "ź";
+    EXPECT_EQ(AlertCaption(wide, "y"), wide + "...)");
+}
+
+TEST(TrayMenuRules, ShowsACaptionOnce) {
+    std::string seen;
+    EXPECT_TRUE(TakeCaption(seen, "Flood Watch (A)", bar));
+    EXPECT_FALSE(TakeCaption(seen, "Flood Watch (A)", bar));
+    EXPECT_FALSE(TakeCaption(seen, "Watch (A)", bar));  // anywhere in the list counts
+    EXPECT_TRUE(TakeCaption(seen, "Flood Watch (B)", bar));
+}
+
+TEST(TrayMenuRules, ShowsCaptionsAsTheyStand) {
+    EXPECT_EQ(MenuText("Wind & Hail\tx\r\n"), "Wind && Hail x  ");
+}
+
+TEST(TrayMenuRules, FindsAChosenAlertByWholeNumberOrLowWord) {
+    std::string map;
+    AddToAlertMap(map, 0x00010F23, "66044");
+    AddToAlertMap(map, 0x0002AF23, "odd)code,7(x");
+    AddToAlertMap(map, 412345, "last");
+    struct Case {
+        std::uint32_t chosen;
+        std::optional<std::string> code;
+    };
+    const Case cases[] = {{0x00010F23, "66044"}, {0x0F23, "66044"}, {0x0002AF23, "odd"},
+                          {0xAF23, "odd"},       {412345, "last"},  {412345 & 0xFFFF, "last"},
+                          {12345, std::nullopt}, {8000, std::nullopt}, {45, std::nullopt}};
+    for (const Case& c : cases) EXPECT_EQ(FindInAlertMap(map, c.chosen), c.code) << c.chosen;
+    EXPECT_EQ(FindInAlertMap("", 0), std::nullopt);
+}
+
+TEST(TrayMenuRules, TakesNoNumberThatIsAnotherItems) {
+    for (const std::uint32_t number : {101u, 8000u, 8003u, 9999u, 0x00010065u, 0x00022710u - 17u})
+        EXPECT_FALSE(IsUsableAlertIdentifier(number, 3, {})) << number;
+    EXPECT_TRUE(IsUsableAlertIdentifier(0x00012711, 3, {}));
+    EXPECT_FALSE(IsUsableAlertIdentifier(0x00012711, 3, {0x00052711}));
+    EXPECT_FALSE(IsUsableAlertIdentifier(0x00012711, 10000, {}));  // a station's number
+}
+
+TEST(TrayMenuRules, MakesTheAddresses) {
+    const std::string line = "Here" + blanks + "id***66044***1***2";
+    EXPECT_EQ(AlertAddress("http://w", "66044"),
+              "http://w/Common/SearchResults.html?zcode=z4172&nav_section=45&lang_id=en-us"
+              "&is_search=true&loc=66044");
+    EXPECT_EQ(StationAddress("http://w", line),
+              "http://w/Common/SearchResults.html?loc=66044&is_search=true&nav_section=1"
+              "&loc_country=WORLD&zcode=z4172");
+    EXPECT_EQ(StationAddress("http://w", "no fields***1***"), "");
+    const std::string national =
+        "http://w/severe-weather/national-alert-map.html?zcode=z4172&country=US&country_name=USA";
+    EXPECT_EQ(NationalMapAddress("http://w", line), national + "&zip=66044");
+    for (const char* noCode : {"", "Here", "a***b", "a******c"})
+        EXPECT_EQ(NationalMapAddress("http://w", noCode), national) << noCode;
+}
+
+}  // namespace
+}  // namespace tray

@@ -1,0 +1,121 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "stations/StationLineRules.h"
+#include "stations/StationList.h"
+#include "tests/Handles.h"
+#include "tests/ScratchStore.h"
+#include "tray/frmTray.h"
+#include "tray/modExplorerMonitor.h"
+#include "tray/modTrayMenu.h"
+#include "tray/resource.h"
+#include "win/TextRules.h"
+
+namespace tray {
+namespace {
+
+using settings::WriteSetting;
+
+class TrayMenuTest : public tests::ScratchStore {
+  protected:
+    void SetUp() override {
+        ScratchStore::SetUp();
+        Use(settings::kUseRegistryStore);
+        ASSERT_TRUE(LoadTrayWindow());
+        SetUpTrayMenus();
+    }
+    void TearDown() override {
+        RemoveMenuSubclass();
+        StopExplorerMonitor(TrayWindow());
+        DestroyWindow(TrayWindow());
+        ScratchStore::TearDown();
+    }
+    static HMENU Popup() { return GetSubMenu(GetMenu(TrayWindow()), 0); }
+    static std::string TextAt(HMENU menu, int position) {
+        char text[256] = {};
+        GetMenuStringA(menu, static_cast<UINT>(position), text, sizeof text, MF_BYPOSITION);
+        return text;
+    }
+    static HMENU StationMenu() {
+        for (int i = 0; i < GetMenuItemCount(Popup()); ++i)
+            if (TextAt(Popup(), i) == "View Weather") return GetSubMenu(Popup(), i);
+        return nullptr;
+    }
+    static void StoreAlert(int n, const std::string& title, const std::string& code) {
+        WriteSetting("Alerts", "title" + win::Decimal(n), title);
+        WriteSetting("Alerts", "zipcode" + win::Decimal(n), code);
+        WriteSetting("Alerts", "Count", win::Decimal(n));
+    }
+    static void UseStations(const std::vector<std::string>& codes) {
+        std::vector<std::string> lines;
+        for (const std::string& code : codes)
+            lines.push_back(stations::MakeStationLine(
+                "Place " + code, stations::MakeHiddenText("id", code, "1", "2")));
+        ASSERT_TRUE(stations::WriteStationFile(lines, stations::StationFilePath()));
+        stations::LoadStationList();
+        BuildStationMenu();
+    }
+};
+
+TEST_F(TrayMenuTest, PutsAlertsAboveTheFixedItems) {
+    UseStations({"66044"});
+    EXPECT_EQ(TextAt(Popup(), 0), "(No Alerts Available)");
+    EXPECT_EQ(TextAt(Popup(), 4), "View Weather");
+    StoreAlert(1, "Wind & Hail", "66044");
+    StoreAlert(2, "Wind & Hail", "66044");  // the same caption is shown once
+    StoreAlert(3, "Flood", "unknown");
+    BuildAlertsMenu();
+    const int count = GetMenuItemCount(Popup());
+    EXPECT_EQ(TextAt(Popup(), 0), "Wind && Hail (Place 66044)");
+    EXPECT_EQ(TextAt(Popup(), 1), "Flood ()");
+    EXPECT_EQ(TextAt(Popup(), 3), "Retrieve Severe Alerts");
+    for (const char* none : {"0", "", "many", "-3"}) {
+        WriteSetting("Alerts", "Count", none);
+        BuildAlertsMenu();
+        EXPECT_EQ(TextAt(Popup(), 0), "(No Alerts Available)");
+        EXPECT_EQ(GetMenuItemCount(Popup()), count - 1);
+    }
+}
+
+TEST_F(TrayMenuTest, ListsStationsUpToTheFirstEmptyOne) {
+    UseStations({});
+    EXPECT_EQ(GetMenuItemCount(StationMenu()), 1);
+    EXPECT_EQ(TextAt(StationMenu(), 0), "Add New Station...");
+    UseStations({"1", "2"});
+    EXPECT_EQ(GetMenuItemCount(StationMenu()), 4);
+    EXPECT_EQ(TextAt(StationMenu(), 3), "Place 2");
+    EXPECT_EQ(GetMenuItemID(StationMenu(), 3), 8002u);
+    settings::State().stations[0].clear();
+    BuildStationMenu();
+    EXPECT_EQ(GetMenuItemCount(StationMenu()), 2);
+}
+
+TEST_F(TrayMenuTest, NumbersAlertsApartFromStationsThatComeLater) {
+    for (int i = 1; i <= 50; ++i) StoreAlert(i, "Alert " + win::Decimal(i), "1");
+    BuildAlertsMenu();
+    std::vector<std::string> codes;
+    for (int i = 0; i < 10000; ++i) codes.push_back(win::Decimal(i));
+    UseStations(codes);
+    for (int i = 0; i < 50; ++i) {
+        const UINT low = GetMenuItemID(Popup(), i) & 0xFFFF;
+        EXPECT_GT(low, 8001u + 10000u);
+    }
+}
+
+TEST_F(TrayMenuTest, LeavesNoHandlesBehind) {
+    UseStations({"1", "2", "3"});
+    for (int i = 1; i <= 5; ++i) StoreAlert(i, "Alert " + win::Decimal(i), "1");
+    const auto rebuild = [](int times) {
+        for (int i = 0; i < times; ++i) {
+            BuildAlertsMenu();
+            BuildStationMenu();
+        }
+    };
+    rebuild(10);
+    const tests::Handles before = tests::CountHandles();
+    rebuild(10000);
+    tests::ExpectSameHandles(before, tests::CountHandles());
+}
+
+}  // namespace
+}  // namespace tray

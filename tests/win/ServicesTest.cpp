@@ -1,0 +1,78 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "tests/ScratchStore.h"
+#include "win/Dates.h"
+#include "win/modPlaySound.h"
+#include "win/modTimeout.h"
+
+namespace win {
+namespace {
+
+class ServicesTest : public tests::ScratchStore {};
+
+int ticks = 0;
+void CALLBACK CountTick(HWND, UINT, UINT_PTR, DWORD) { ++ticks; }
+
+TEST_F(ServicesTest, MakesAndClearsTemporaryFiles) {
+    const std::string kept = MakeTempFileName("SVL");
+    const std::string name = MakeTempFileName("SVAxyz");
+    ASSERT_TRUE(FileExists(name));
+    EXPECT_FALSE(FileHasContent(name));
+    EXPECT_TRUE(name.starts_with(GetTempFolder() + "SVA")) << name;
+    EXPECT_TRUE(name.ends_with(".tmp")) << name;
+    DeleteTempFiles("SVA");
+    EXPECT_FALSE(FileExists(name));
+    EXPECT_TRUE(FileExists(kept));
+    DeleteFileQuietly(kept);
+}
+
+TEST_F(ServicesTest, ReplacesFilesWholeOrNotAtAll) {
+    const std::string path = WriteScratchFile("old");
+    EXPECT_TRUE(ReplaceFileWhole(path, "new"));
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_FALSE(ReplaceFileWhole(path, "newer"));
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(ReadWholeFile(path), "new");
+    EXPECT_FALSE(ReadWholeFile(path, 2));
+    EXPECT_FALSE(ReplaceFileWhole("c:\\no\\such\\folder\\x", "y"));
+    EXPECT_EQ(FindFileNames(path + "*").size(), 1u);  // nothing is left beside it
+}
+
+TEST_F(ServicesTest, CopiesAndDeletesFolders) {
+    const std::string root = settings::State().dataFolder;
+    MakeFolder(root + "\\a");
+    MakeFolder(root + "\\a\\b");
+    ASSERT_TRUE(ReplaceFileWhole(root + "\\a\\b\\f.txt", "1"));
+    SetFileAttributesA((root + "\\a\\b\\f.txt").c_str(), FILE_ATTRIBUTE_READONLY);
+    CopyFolder(root + "\\a", root + "\\c");
+    EXPECT_TRUE(ReplaceFileWhole(root + "\\c\\b\\f.txt", "2"));
+    DeleteFolder(root + "\\a");
+    EXPECT_FALSE(FolderExists(root + "\\a"));
+    EXPECT_TRUE(FolderExists(root + "\\c\\b"));
+}
+
+TEST_F(ServicesTest, PausesLetMessagesRun) {
+    const UINT_PTR timer = SetTimer(nullptr, 0, 10, CountTick);
+    PauseTicks(0);
+    PauseTicks(-5);
+    PauseTicks(32767);  // ten times the count leaves 16 bits
+    EXPECT_EQ(ticks, 0);
+    PauseTicks(10);
+    KillTimer(nullptr, timer);
+    EXPECT_GT(ticks, 0);
+}
+
+TEST_F(ServicesTest, WritesDatesThatItCanRead) {
+    EXPECT_EQ(ShortDateOf(GeneralDateNow()), ShortDateToday());
+    EXPECT_EQ(ShortDateOf("no date"), "");
+    EXPECT_NE(ShortDateOf("1/2/2008 4:12:10 PM"), ShortDateToday());
+}
+
+TEST_F(ServicesTest, PlaysAMissingSoundInSilence) {
+    for (const std::int16_t loop : {kPlayLooped, kPlayOnce, std::int16_t{7}})
+        PlayAlertSound("c:\\no\\such.wav", loop);
+}
+
+}  // namespace
+}  // namespace win

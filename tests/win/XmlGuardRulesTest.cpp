@@ -1,0 +1,42 @@
+#include "win/XmlGuardRules.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace win {
+namespace {
+
+std::string Wide(std::string_view text, bool bigEndian) {
+    std::string wide(bigEndian ? "\xFE\xFF" : "\xFF\xFE");
+    for (const char c : text) {
+        if (bigEndian) wide += '\0';
+        wide += c;
+        if (!bigEndian) wide += '\0';
+    }
+    return wide;
+}
+
+TEST(XmlGuardRules, LetsOrdinaryDocumentsThrough) {
+    for (const std::string& text :
+         {std::string("<a/>"), std::string("\xEF\xBB\xBF<?xml version='1.0'?>\r\n<a/>"),
+          std::string("<?xml version=\"1.0\" encoding=\"utf-8\"?><!-- <!DOCTYPE --><?pi <!DOCTYPE?><a/>"),
+          std::string("<a><![CDATA[<!DOCTYPE html>]]></a>"), Wide("<?xml version='1.0'?><a/>", true),
+          Wide("<a/>", false), std::string("<?xml version='1.0' encoding='ISO-8859-1'?><a/>")})
+        EXPECT_TRUE(IsSafeXml(text)) << text;
+}
+
+TEST(XmlGuardRules, RefusesDocumentTypesHoweverTheyAreWritten) {
+    const std::string declared = "<?xml version='1.0'?>\n<!-- x --><!DOCTYPE a SYSTEM 'http://x'><a/>";
+    for (const std::string& text :
+         {declared, Wide(declared, true), Wide(declared, false), "\xEF\xBB\xBF" + declared,
+          std::string("<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>"),
+          // Encodings in which the declaration would not read as ASCII.
+          std::string("<?xml version='1.0' encoding='utf-7'?>+ADwAIQ-DOCTYPE a><a/>"),
+          std::string("<?xml version='1.0' encoding='ebcdic-cp-us'?><a/>"), std::string(),
+          std::string("no markup"), std::string("<!-- never closed <a/>"), std::string("<?xml ")})
+        EXPECT_FALSE(IsSafeXml(text)) << text;
+}
+
+}  // namespace
+}  // namespace win
