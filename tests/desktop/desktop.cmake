@@ -1,0 +1,12 @@
+# The whole program on a desktop: each test_*.py is one test. They click on the one screen, so they
+# run one after another; run them under tools/desktop.sh, which gives them the screen and Wine.
+file(GLOB desktopTests CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/test_*.py)
+foreach(desktopTest ${desktopTests})
+  get_filename_component(name ${desktopTest} NAME_WE)
+  add_test(NAME desktop_${name}
+    COMMAND /usr/bin/python3 -m pytest -q -p no:cacheprovider ${desktopTest})
+  set_tests_properties(desktop_${name} PROPERTIES
+    RUN_SERIAL TRUE
+    TIMEOUT 300
+    ENVIRONMENT "PRODUCT_DIR=${productDir};PYTHONDONTWRITEBYTECODE=1")
+endforeach()

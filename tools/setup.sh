@@ -1,0 +1,63 @@
+#!/bin/bash
+# Installs the packages of packages.sh that are missing; does nothing, quickly, when none is.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/packages.sh"
+
+list_missing() {
+    local installed entry name command
+    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package} ${Package}:${Architecture}\n' \
+        "${packages[@]%%=*}" 2>/dev/null | grep '^installed ') || true
+    for entry in "${packages[@]}"; do
+        name=${entry%%=*}
+        command=${entry#"$name"}
+        if [ -n "$command" ] && command -v "${command#=}" >/dev/null; then continue; fi
+        grep -qE " ${name//+/\\+}( |\$)" <<<"$installed" || echo "$name"
+    done
+}
+
+# As root directly, otherwise by sudo, which may ask for the password unless this is a CI machine.
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        env DEBIAN_FRONTEND=noninteractive "$@" </dev/null
+    elif ! command -v sudo >/dev/null; then
+        echo "Packages are missing: run this as root, or install sudo." >&2
+        return 1
+    elif [ "${CI:-}" = true ]; then
+        sudo -n env DEBIAN_FRONTEND=noninteractive "$@" </dev/null
+    else
+        sudo env DEBIAN_FRONTEND=noninteractive "$@"
+    fi
+}
+
+install_packages() {
+    as_root apt-get install -y -qq --no-install-recommends -o DPkg::Lock::Timeout=300 "$@"
+}
+
+mapfile -t missing < <(list_missing)
+for name in "${leftOutPackages[@]}"; do
+    command -v "$name" >/dev/null || echo "$name is left out here: what needs it is skipped, and says so."
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+if ! command -v apt-get >/dev/null; then
+    echo "This needs Debian or Ubuntu. Missing: ${missing[*]}" >&2
+    exit 1
+fi
+echo "Installing: ${missing[*]}"
+dpkg --print-foreign-architectures | grep -qx i386 || as_root dpkg --add-architecture i386
+as_root apt-get update -qq || echo "Some package lists could not be renewed; going on with what there is."
+# Some distributions have this one only as part of clang.
+if ! apt-cache show libclang-rt-dev >/dev/null 2>&1; then
+    mapfile -t missing < <(printf '%s\n' "${missing[@]}" | grep -vx libclang-rt-dev)
+fi
+# When the lists of the two architectures are out of step, only the release's own versions match.
+release=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
+install_packages "${missing[@]}" || {
+    echo "Trying again with the versions of $release alone."
+    install_packages -t "$release" "${missing[@]}"
+}
+mapfile -t missing < <(list_missing | grep -vx libclang-rt-dev)
+if [ ${#missing[@]} -gt 0 ]; then
+    echo "Still missing: ${missing[*]}" >&2
+    exit 1
+fi
