@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include <exception>
+
 #include "downloader/ArgumentRules.h"
 #include "downloader/ResultFiles.h"
 #include "downloader/Sources.h"
@@ -20,6 +22,7 @@ LONG WINAPI EndAfterCrash(EXCEPTION_POINTERS*) {
 void EndQuietlyAfterCrashes() {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
     SetUnhandledExceptionFilter(EndAfterCrash);
+    std::set_terminate([] { EndWith(kInternalError); });  // memory that ran out
 }
 
 int Run() {
@@ -38,14 +41,6 @@ int Run() {
 
 }  // namespace
 }  // namespace downloader
-
-// What the C++ library calls for an exception that nothing catches (memory that ran out). Its own
-// version prints the exception's name to nowhere and adds 75 KB to this program.
-namespace __gnu_cxx {
-void __verbose_terminate_handler() {
-    downloader::EndWith(downloader::kInternalError);
-}
-}  // namespace __gnu_cxx
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     win::HardenProcess();
