@@ -1,0 +1,228 @@
+#include "downloader/HttpFetch.h"
+
+#include <cstdlib>
+#include <optional>
+
+#include "downloader/ArgumentRules.h"
+#include "downloader/Internet.h"
+#include "downloader/PackingRules.h"
+#include "downloader/Proxy.h"
+#include "downloader/StatusCodes.h"
+#include "downloader/UrlRules.h"
+#include "settings/Hosts.h"
+#include "settings/Version.h"
+#include "win/Text.h"
+#include "win/TextRules.h"
+
+namespace downloader {
+namespace {
+
+constexpr int kConnectTimeout = 15'000;  // milliseconds, also for the name look-up
+constexpr int kSilenceTimeout = 30'000;  // milliseconds without a byte sent or received
+constexpr DWORD kTls12 = WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_2;
+constexpr DWORD kTls13 = WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_3;
+
+struct Address {
+    std::string url;
+    std::wstring host;
+    std::wstring target;
+    INTERNET_PORT port = 0;
+    bool isSecure = false;
+};
+
+// One request and what it stands on.
+struct Exchange {
+    Internet session;
+    Internet connection;
+    Internet request;
+    bool viaProxy = false;
+    bool decompresses = false;
+};
+
+int LastStatus() {
+    return StatusOfSystemError(GetLastError());
+}
+
+bool SetNumber(HINTERNET handle, DWORD option, DWORD value) {
+    return WinHttpSetOption(handle, option, &value, sizeof value);
+}
+
+int ParseAddress(const std::string& url, Address& address) {
+    address.url = EscapeUrl(url);
+    const std::wstring wide = win::ToWide(address.url);
+    URL_COMPONENTS parts{};
+    parts.dwStructSize = sizeof parts;
+    parts.dwHostNameLength = parts.dwUrlPathLength = parts.dwExtraInfoLength = DWORD(-1);
+    if (!WinHttpCrackUrl(wide.c_str(), static_cast<DWORD>(wide.size()), 0, &parts))
+        return LastStatus();
+    if (parts.dwHostNameLength == 0) return ERROR_WINHTTP_INVALID_URL;
+    address.host.assign(parts.lpszHostName, parts.dwHostNameLength);
+    address.target.assign(parts.lpszUrlPath, parts.dwUrlPathLength);
+    address.target.append(parts.lpszExtraInfo, parts.dwExtraInfoLength);
+    if (!address.target.starts_with(L'/')) address.target.insert(0, L"/");
+    address.port = parts.nPort;
+    address.isSecure = parts.nScheme == INTERNET_SCHEME_HTTPS;
+    return kSuccess;
+}
+
+std::wstring UserAgent() {
+    std::string agent = "SkyvaneAlerts/" SKYVANE_VERSION " (+" + settings::MakerHost() + ")";
+    for (char& c : agent)  // the host is a setting: keep it from adding a header
+        if (static_cast<unsigned char>(c) < 0x20) c = ' ';
+    return win::ToWide(agent);
+}
+
+bool OpenSession(const Address& address, Exchange& exchange) {
+    const std::wstring proxy = win::ToWide(
+        FindProxy(address.url, address.isSecure ? "https" : "http", win::FromWide(address.host)));
+    exchange.viaProxy = !proxy.empty();
+    exchange.session.Reset(WinHttpOpen(
+        UserAgent().c_str(),
+        exchange.viaProxy ? WINHTTP_ACCESS_TYPE_NAMED_PROXY : WINHTTP_ACCESS_TYPE_NO_PROXY,
+        exchange.viaProxy ? proxy.c_str() : WINHTTP_NO_PROXY_NAME, WINHTTP_NO_PROXY_BYPASS, 0));
+    const HINTERNET session = exchange.session.Get();
+    if (!session || !WinHttpSetTimeouts(session, kConnectTimeout, kConnectTimeout, kSilenceTimeout,
+                                        kSilenceTimeout))
+        return false;
+    // Older systems start with less than most servers now accept and know no TLS 1.3.
+    if (!SetNumber(session, WINHTTP_OPTION_SECURE_PROTOCOLS, kTls12 | kTls13))
+        SetNumber(session, WINHTTP_OPTION_SECURE_PROTOCOLS, kTls12);
+    return true;
+}
+
+bool OpenRequest(const Address& address, const std::string& accept, Exchange& exchange) {
+    exchange.connection.Reset(
+        WinHttpConnect(exchange.session.Get(), address.host.c_str(), address.port, 0));
+    if (!exchange.connection) return false;
+    const std::wstring wideAccept = win::ToWide(accept);
+    LPCWSTR acceptTypes[] = {wideAccept.c_str(), nullptr};
+    exchange.request.Reset(WinHttpOpenRequest(
+        exchange.connection.Get(), L"GET", address.target.c_str(), nullptr, WINHTTP_NO_REFERER,
+        acceptTypes, WINHTTP_FLAG_ESCAPE_DISABLE | (address.isSecure ? WINHTTP_FLAG_SECURE : 0)));
+    const HINTERNET request = exchange.request.Get();
+    if (!request) return false;
+    // Redirects are followed here, where each can be judged. The Windows user's own login is for no
+    // server.
+    if (!SetNumber(request, WINHTTP_OPTION_DISABLE_FEATURE,
+                   WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_REDIRECTS) ||
+        !SetNumber(request, WINHTTP_OPTION_AUTOLOGON_POLICY, WINHTTP_AUTOLOGON_SECURITY_LEVEL_HIGH))
+        return false;
+    exchange.decompresses =
+        SetNumber(request, WINHTTP_OPTION_DECOMPRESSION, WINHTTP_DECOMPRESSION_FLAG_ALL);
+    return true;
+}
+
+bool Send(HINTERNET request) {
+    return WinHttpSendRequest(request, WINHTTP_NO_ADDITIONAL_HEADERS, 0, WINHTTP_NO_REQUEST_DATA, 0,
+                              0, 0) &&
+           WinHttpReceiveResponse(request, nullptr);
+}
+
+std::string Header(HINTERNET request, DWORD header) {
+    DWORD bytes = 0;
+    WinHttpQueryHeaders(request, header, WINHTTP_HEADER_NAME_BY_INDEX, WINHTTP_NO_OUTPUT_BUFFER,
+                        &bytes, WINHTTP_NO_HEADER_INDEX);
+    if (GetLastError() != ERROR_INSUFFICIENT_BUFFER) return {};
+    std::wstring text(bytes / sizeof(wchar_t), L'\0');
+    if (!WinHttpQueryHeaders(request, header, WINHTTP_HEADER_NAME_BY_INDEX, text.data(), &bytes,
+                             WINHTTP_NO_HEADER_INDEX))
+        return {};
+    text.resize(bytes / sizeof(wchar_t));
+    return win::FromWide(text);
+}
+
+int HttpStatus(HINTERNET request) {
+    return std::atoi(Header(request, WINHTTP_QUERY_STATUS_CODE).c_str());
+}
+
+// Whether a 407 can only come from a proxy: one is in use, and no secure server speaks through it
+// yet.
+bool IsFromProxy(const Exchange& exchange) {
+    DWORD bits = 0;
+    DWORD size = sizeof bits;
+    const bool isEncrypted =
+        WinHttpQueryOption(exchange.request.Get(), WINHTTP_OPTION_SECURITY_KEY_BITNESS, &bits,
+                           &size) &&
+        bits > 0;
+    return exchange.viaProxy && !isEncrypted;
+}
+
+// Sends the request and gives the HTTP status, or the status of a failure.
+int RequestAddress(const Address& address, const std::string& accept, Exchange& exchange) {
+    if (!OpenSession(address, exchange) || !OpenRequest(address, accept, exchange) ||
+        !Send(exchange.request.Get()))
+        return LastStatus();
+    const HINTERNET request = exchange.request.Get();
+    int status = HttpStatus(request);
+    if (status == HTTP_STATUS_PROXY_AUTH_REQ && IsFromProxy(exchange) && AddProxyLogin(request)) {
+        if (!Send(request)) return LastStatus();
+        status = HttpStatus(request);
+    }
+    return status != 0 ? status : ERROR_WINHTTP_INVALID_SERVER_RESPONSE;
+}
+
+// The length that the body must have, where the answer tells one that can be checked.
+std::optional<unsigned long long> PromisedLength(HINTERNET request) {
+    const std::string length = Header(request, WINHTTP_QUERY_CONTENT_LENGTH);
+    if (length.empty() || !Header(request, WINHTTP_QUERY_TRANSFER_ENCODING).empty())
+        return std::nullopt;
+    return std::strtoull(length.c_str(), nullptr, 10);
+}
+
+// Reads to the end of the body, which is at most kBodyLimit bytes.
+int ReadToEnd(HINTERNET request, std::string& body) {
+    constexpr DWORD kStep = 64 * 1024;
+    for (;;) {
+        const std::size_t before = body.size();
+        body.resize(before + kStep);
+        DWORD read = 0;
+        if (!WinHttpReadData(request, body.data() + before, kStep, &read)) return LastStatus();
+        body.resize(before + read);
+        if (read == 0) return kSuccess;
+        if (body.size() > kBodyLimit) return kBodyTooLarge;
+    }
+}
+
+int ReadBody(const Exchange& exchange, std::string& body) {
+    const HINTERNET request = exchange.request.Get();
+    const Packing packing = PackingOf(Header(request, WINHTTP_QUERY_CONTENT_ENCODING));
+    if (packing == Packing::unknown || (packing == Packing::known && !exchange.decompresses))
+        return kUndecodableBody;
+    const auto promised = PromisedLength(request);
+    if (promised > kBodyLimit) return kBodyTooLarge;
+    const int status = ReadToEnd(request, body);
+    // Once the headers are through, a broken connection is a body cut short, and an answer that
+    // makes no sense is one whose chunks or packing are broken.
+    if (status == ERROR_WINHTTP_CONNECTION_ERROR) return kTruncatedBody;
+    if (status == ERROR_WINHTTP_INVALID_SERVER_RESPONSE)
+        return packing == Packing::known ? kUndecodableBody : kTruncatedBody;
+    if (status == kSuccess && packing == Packing::none && promised && body.size() < *promised)
+        return kTruncatedBody;
+    return status;
+}
+
+}  // namespace
+
+Reply HttpGet(const std::string& url, const std::string& accept) {
+    std::string current = url;
+    for (int redirects = 0;; ++redirects) {
+        Address address;
+        Exchange exchange;
+        Reply reply;
+        if (reply.status = ParseAddress(current, address); reply.status != kSuccess) return reply;
+        reply.status = RequestAddress(address, accept, exchange);
+        if (reply.status == HTTP_STATUS_OK) {
+            reply.status = ReadBody(exchange, reply.body);
+            return reply;
+        }
+        const std::string location = Header(exchange.request.Get(), WINHTTP_QUERY_LOCATION);
+        if (!IsRedirect(reply.status) || location.empty()) return reply;
+        if (redirects == kRedirectLimit) return {kTooManyRedirects, {}};
+        const std::string next = ResolveLocation(address.url, location);
+        if (const int refusal = CheckRedirect(address.url, next); refusal != kSuccess)
+            return {refusal, {}};
+        current = next;
+    }
+}
+
+}  // namespace downloader

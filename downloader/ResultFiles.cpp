@@ -1,0 +1,76 @@
+#include "downloader/ResultFiles.h"
+
+#include <windows.h>
+
+#include <atomic>
+
+#include "downloader/StatusCodes.h"
+#include "win/Files.h"
+#include "win/Handle.h"
+#include "win/TextRules.h"
+
+namespace downloader {
+namespace {
+
+constexpr DWORD kGraceMilliseconds = 10'000;  // for writing down a result that came just in time
+
+std::string dataFile;
+win::FileHandle statusFile;  // held, so that nobody can lock us out before the end
+std::atomic_flag isEnding;
+
+win::FileHandle MakeEmptyFile(const std::string& path) {
+    return win::FileHandle(CreateFileA(path.c_str(), GENERIC_WRITE,
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                       nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+bool Write(const win::FileHandle& file, std::string_view text) {
+    DWORD written = 0;
+    return file &&
+           WriteFile(file.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
+           written == text.size();
+}
+
+[[noreturn]] void WriteStatusAndDie(int status) {
+    if (status != kSuccess) win::DeleteFileQuietly(dataFile);
+    Write(statusFile, win::Decimal(status));
+    statusFile.Reset();
+    // At once: an orderly exit could still wait for a hanging network thread.
+    TerminateProcess(GetCurrentProcess(), static_cast<UINT>(status));
+    for (;;) Sleep(INFINITE);
+}
+
+DWORD WINAPI Watch(void* milliseconds) {
+    Sleep(static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(milliseconds)));
+    if (isEnding.test_and_set()) Sleep(kGraceMilliseconds);
+    WriteStatusAndDie(kOverallTimeout);
+}
+
+}  // namespace
+
+int OpenResultFiles(const Job& job) {
+    dataFile = job.dataFile;
+    statusFile = MakeEmptyFile(job.statusFile);
+    const bool isDataEmpty = static_cast<bool>(MakeEmptyFile(dataFile));
+    if (!statusFile) return kCannotWriteStatusFile;
+    return isDataEmpty ? kSuccess : kCannotWriteDataFile;
+}
+
+void EndWith(int status, std::string_view body) {
+    if (isEnding.test_and_set())
+        for (;;) Sleep(INFINITE);
+    // Closed within the statement: the caller may open the file once it sees the status.
+    if (status == kSuccess && !Write(MakeEmptyFile(dataFile), body)) status = kCannotWriteDataFile;
+    WriteStatusAndDie(status);
+}
+
+void StartWatchdog(int seconds) {
+    constexpr SIZE_T kStack = 64 * 1024;
+    const ULONG_PTR milliseconds = static_cast<ULONG_PTR>(seconds) * 1000;
+    const win::KernelHandle thread(CreateThread(nullptr, kStack, Watch,
+                                                reinterpret_cast<void*>(milliseconds),
+                                                STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr));
+    if (!thread) EndWith(StatusOfSystemError(GetLastError()));
+}
+
+}  // namespace downloader

@@ -1,0 +1,48 @@
+#include <windows.h>
+
+#include <exception>
+
+#include "downloader/ArgumentRules.h"
+#include "downloader/ResultFiles.h"
+#include "downloader/Sources.h"
+#include "downloader/StatusCodes.h"
+#include "settings/IniOpenSave.h"
+#include "win/Hardening.h"
+#include "win/Text.h"
+
+// dl.exe URL|data file|status file: fetches the URL, with no window and no question asked.
+namespace downloader {
+namespace {
+
+LONG WINAPI EndAfterCrash(EXCEPTION_POINTERS*) {
+    EndWith(kInternalError);
+}
+
+// Nobody may be there to answer a system box, and the caller waits until a status is written.
+void EndQuietlyAfterCrashes() {
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
+    SetUnhandledExceptionFilter(EndAfterCrash);
+    std::set_terminate([] { EndWith(kInternalError); });  // memory that ran out
+}
+
+int Run() {
+    const std::optional<Job> job = SplitArgument(ArgumentText(GetCommandLineA(), "dl.exe"));
+    if (!job) return kBadArguments;
+    if (const int status = OpenResultFiles(*job); status == kCannotWriteStatusFile)
+        return status;
+    else if (status != kSuccess)
+        EndWith(status);
+    EndQuietlyAfterCrashes();
+    StartWatchdog(LimitSeconds(win::Environment("SKYVANE_DL_SECONDS")));
+    settings::ImportStoreChoice();
+    const Reply reply = FetchFrom(job->url);
+    EndWith(reply.status, reply.body);
+}
+
+}  // namespace
+}  // namespace downloader
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    win::HardenProcess();
+    return downloader::Run();
+}

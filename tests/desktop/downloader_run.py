@@ -1,0 +1,99 @@
+"""Runs dl.exe and tells what it left behind."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import time
+
+import pytest
+
+from loopback import Server
+
+XML = "<weather town='Łódź'/>".encode()
+
+
+def scrambled(text):
+    return "".join(chr(ord(character) + at) for at, character in enumerate(text, start=1))
+
+
+def stored_login(name, password):
+    return f"[Options]\nPROXYUSERNAME={scrambled(name)}\nPROXYPASSWORD={scrambled(password)}\n"
+
+
+@pytest.fixture
+def serve():
+    servers = []
+
+    def start(answers, tls=None):
+        servers.append(Server(answers, tls))
+        return servers[-1]
+
+    yield start
+    for server in servers:
+        server.close()
+
+
+class Outcome:
+    def __init__(self, exit_code, status, data, seconds):
+        self.exit_code = exit_code
+        self.status = status  # the status file's text, None without the file
+        self.data = data  # the data file's bytes, None without the file
+        self.seconds = seconds
+
+
+class Downloader:
+    """A copy of dl.exe in a folder whose name holds blanks, and two stale result files."""
+
+    def __init__(self, folder):
+        self.folder = folder / "program folder"
+        self.folder.mkdir()
+        shutil.copy(pathlib.Path(os.environ["PRODUCT_DIR"]) / "dl.exe", self.folder)
+        self.data_file = self.folder / "data Łódź.tmp"
+        self.status_file = self.folder / "status.tmp"
+        self.data_file.write_bytes(b"stale answer" * 100)
+        self.status_file.write_text("0 stale")
+        self.environment = {
+            **os.environ,
+            "WINEDEBUG": "-all",
+            "SKYVANE_ALERTS_INI_USER": "Tester",  # settings come from Tester.ini beside dl.exe
+            "SKYVANE_DL_SECONDS": "20",
+        }
+
+    def command(self, *arguments):
+        return ["wine", str(self.folder / "dl.exe"), *arguments]
+
+    def argument(self, url):
+        return "|".join([url, windows_path(self.data_file), windows_path(self.status_file)])
+
+    def run_raw(self, *arguments):
+        began = time.monotonic()
+        result = subprocess.run(self.command(*arguments), env=self.environment, timeout=80)
+        seconds = time.monotonic() - began
+        return Outcome(result.returncode, text_of(self.status_file), bytes_of(self.data_file), seconds)
+
+    def fetch(self, url):
+        return self.run_raw(self.argument(url))
+
+
+@pytest.fixture
+def downloader(tmp_path):
+    return Downloader(tmp_path)
+
+
+def windows_path(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def bytes_of(path):
+    return path.read_bytes() if path.exists() else None
+
+
+def text_of(path):
+    return path.read_text() if path.exists() else None
+
+
+def assert_failed(outcome, status):
+    assert outcome.status == str(status)
+    assert outcome.data is None
+    assert outcome.exit_code == status % 256  # as much of it as a process of this system can tell

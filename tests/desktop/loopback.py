@@ -1,0 +1,73 @@
+"""A web server on loopback that answers with exactly the bytes that a test wants, right or wrong."""
+
+import contextlib
+import socketserver
+import threading
+
+
+def answer(status, body=b"", *headers):
+    lines = [f"HTTP/1.1 {status} Any", "Connection: close", *headers]
+    if not any(line.lower().startswith(("content-length", "transfer-")) for line in lines):
+        lines.append(f"Content-Length: {len(body)}")
+    return "\r\n".join(lines).encode() + b"\r\n\r\n" + body
+
+
+def redirect(location, status=302):
+    return answer(status, b"moved", f"Location: {location}")
+
+
+def chunked(*chunks):
+    body = b"".join(b"%x\r\n%s\r\n" % (len(chunk), chunk) for chunk in chunks)
+    return answer(200, body, "Transfer-Encoding: chunked")
+
+
+class Server:
+    """Answers each request with the bytes that `answers` holds for its target, or lets the function that
+    it holds do so; keeps the request heads."""
+
+    def __init__(self, answers, tls=None):
+        self.heads = []
+        outer = self
+
+        class Handler(socketserver.BaseRequestHandler):
+            def handle(self):
+                with contextlib.suppress(OSError):
+                    connection = self.request
+                    if tls:
+                        connection = tls.wrap_socket(connection, server_side=True)
+                    outer.serve(connection, answers)
+
+        self.server = socketserver.ThreadingTCPServer(("127.0.0.1", 0), Handler)
+        self.server.daemon_threads = True
+        self.server.block_on_close = False
+        self.port = self.server.server_address[1]
+        self.scheme = "https" if tls else "http"
+        threading.Thread(target=self.server.serve_forever, args=(0.05,), daemon=True).start()
+
+    def serve(self, connection, answers):
+        while True:
+            head = b""
+            while b"\r\n\r\n" not in head:
+                received = connection.recv(65536)
+                if not received:
+                    return
+                head += received
+            head = head.decode("latin-1")
+            self.heads.append(head)
+            reply = answers(head) if callable(answers) else answers[head.split(" ")[1]]
+            if callable(reply):
+                reply(connection)
+                return
+            connection.sendall(reply)
+            if b"Connection: close" in reply:
+                return
+
+    def targets(self):
+        return [head.split(" ")[1] for head in self.heads]
+
+    def url(self, target, host="127.0.0.1"):
+        return f"{self.scheme}://{host}:{self.port}{target}"
+
+    def close(self):
+        self.server.shutdown()
+        self.server.server_close()

@@ -1,0 +1,236 @@
+"""dl.exe against a real server on loopback that misbehaves in every way it must survive."""
+
+import contextlib
+import gzip
+import socket
+import struct
+import subprocess
+import threading
+import time
+
+import pytest
+
+from downloader_run import (  # noqa: F401 (the fixtures are named by the tests)
+    XML,
+    Downloader,
+    assert_failed,
+    bytes_of,
+    downloader,
+    serve,
+    stored_login,
+    text_of,
+    windows_path,
+)
+from loopback import answer, chunked, redirect
+
+BODY_LIMIT = 16 * 1024 * 1024
+# Some of what Windows reports, Wine's WinHTTP takes for the end of the body.
+broken_chunk_unseen = pytest.mark.xfail(
+    reason="Wine's WinHTTP takes any end of the connection for the last chunk"
+)
+
+
+def trickle(connection):
+    connection.sendall(answer(200, b"", "Content-Length: 1000"))
+    with contextlib.suppress(OSError):
+        for _ in range(1000):
+            connection.sendall(b"x")
+            time.sleep(0.1)
+
+
+def reset(connection):
+    connection.sendall(answer(200, b"half", "Content-Length: 8"))
+    connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
+    connection.close()
+
+
+def silence(connection):
+    with contextlib.suppress(OSError):
+        connection.recv(1)  # until the other side goes
+
+
+BIG = bytes(range(256)) * (BODY_LIMIT // 256)
+
+
+@pytest.mark.parametrize(
+    "reply, body",
+    [
+        pytest.param(answer(200, XML), XML, id="plain"),
+        pytest.param(answer(200), b"", id="empty"),
+        pytest.param(answer(200, BIG), BIG, id="of the greatest length"),
+        pytest.param(chunked(b"one ", b"two"), b"one two", id="chunked"),
+        pytest.param(
+            b"HTTP/1.0 200 OK\r\nConnection: close\r\n\r\nuntil the end",
+            b"until the end",
+            id="without length",
+        ),
+        pytest.param(answer(200, XML, "Content-Encoding: identity"), XML, id="identity"),
+    ],
+)
+def test_body_arrives_whole(serve, downloader, reply, body):
+    outcome = downloader.fetch(serve({"/feed": reply}).url("/feed"))
+    assert (outcome.status, outcome.exit_code) == ("0", 0)
+    assert outcome.data == body
+
+
+@pytest.mark.parametrize(
+    "reply, status",
+    [
+        pytest.param(answer(404, b"<html>no such page"), 404, id="not found"),
+        pytest.param(answer(500, b"broken"), 500, id="server error"),
+        pytest.param(answer(204), 204, id="no content"),
+        pytest.param(answer(999, b"go away"), 999, id="unheard-of status"),
+        pytest.param(answer(302, b"moved"), 302, id="redirect to nowhere"),
+        pytest.param(answer(407, b"", 'Proxy-Authenticate: Basic realm="x"'), 407, id="no proxy"),
+        pytest.param(answer(200, b"half", "Content-Length: 8"), 1007, id="cut short"),
+        pytest.param(reset, 1007, id="connection reset"),
+        pytest.param(
+            answer(200, b"8\r\nhalf", "Transfer-Encoding: chunked"),
+            1007,
+            id="cut inside a chunk",
+            marks=broken_chunk_unseen,
+        ),
+        pytest.param(
+            answer(200, b"4\r\nhalf\r\n", "Transfer-Encoding: chunked"),
+            1007,
+            id="cut between chunks",
+            marks=broken_chunk_unseen,
+        ),
+        pytest.param(answer(200, BIG + b"x"), 1006, id="one byte too long"),
+        pytest.param(chunked(BIG, b"x"), 1006, id="one byte too long, unannounced"),
+        pytest.param(answer(200, b"not gzip", "Content-Encoding: gzip"), 1008, id="bad gzip"),
+        pytest.param(answer(200, XML, "Content-Encoding: br"), 1008, id="unknown packing"),
+        pytest.param(redirect("ftp://127.0.0.1/x"), 1011, id="redirect to ftp"),
+        pytest.param(redirect("file:///C:/windows/win.ini"), 1011, id="redirect to a file"),
+        pytest.param(redirect("/feed"), 1010, id="redirect to itself"),
+        pytest.param(b"HELLO\r\n\r\n", 12152, id="no HTTP"),
+    ],
+)
+def test_bad_answer_has_its_number_and_leaves_no_data(serve, downloader, reply, status):
+    (downloader.folder / "Tester.ini").write_text(stored_login("hail", "storm"))
+    server = serve({"/feed": reply})
+    assert_failed(downloader.fetch(server.url("/feed")), status)
+    assert not any("authorization" in head.lower() for head in server.heads)
+
+
+def test_gzip_is_unpacked_where_it_was_asked_for(serve, downloader):
+    server = serve({"/feed": answer(200, gzip.compress(XML), "Content-Encoding: gzip")})
+    outcome = downloader.fetch(server.url("/feed"))
+    if "accept-encoding:" in server.heads[0].lower():
+        assert (outcome.status, outcome.data) == ("0", XML)
+    else:  # the system cannot unpack: nothing packed may pass for an answer
+        assert_failed(outcome, 1008)
+
+
+@pytest.mark.parametrize("hops, status", [(10, "0"), (11, "1010")])
+def test_ten_redirects_are_followed(serve, downloader, hops, status):
+    chain = {f"/a/{n}?q": redirect(f"{n + 1}?q", (301, 302, 303, 307, 308)[n % 5]) for n in range(hops)}
+    server = serve({**chain, f"/a/{hops}?q": answer(200, XML)})
+    outcome = downloader.fetch(server.url("/a/0?q"))
+    assert outcome.status == status
+    assert outcome.data == (XML if status == "0" else None)
+    assert len(server.heads) == 11
+
+
+def test_request_is_what_the_servers_may_expect(serve, downloader):
+    (downloader.folder / "Tester.ini").write_text("[Hosts]\nMAKER=https://maker.example\n")
+    server = serve({"/a%20b%7Cc?d=%7Ce%25": redirect("/next"), "/next": answer(200, XML, "Set-Cookie: id=1")})
+    assert downloader.fetch(server.url("/a b|c?d=|e%25#part")).data == XML
+    for head in server.heads:
+        assert "\r\nUser-Agent: SkyvaneAlerts/1.0.2 (+https://maker.example)\r\n" in head
+        assert "\r\nAccept: */*\r\n" in head
+        assert "\r\ncookie:" not in head.lower()
+
+
+def test_blanks_in_an_unquoted_command_line(serve, downloader):
+    server = serve({"/a%20b": answer(200, XML)})
+    outcome = downloader.run_raw(*downloader.argument(server.url("/a b")).split(" "))
+    assert (outcome.status, outcome.data) == ("0", XML)
+
+
+@pytest.mark.parametrize(
+    "url, status", [("gopher://127.0.0.1/x", 1004), ("no scheme", 1004), ("http://", 12005)]
+)
+def test_address_that_cannot_be_fetched(downloader, url, status):
+    assert_failed(downloader.fetch(url), status)
+
+
+def test_refused_connection(downloader):
+    with socket.socket() as unused:
+        unused.bind(("127.0.0.1", 0))  # taken, but nobody listens
+        assert_failed(downloader.fetch(f"http://127.0.0.1:{unused.getsockname()[1]}/"), 12029)
+
+
+@pytest.mark.parametrize("reply", [trickle, silence])
+def test_overall_limit_holds_whatever_hangs(serve, downloader, reply):
+    downloader.environment["SKYVANE_DL_SECONDS"] = "2"
+    outcome = downloader.fetch(serve({"/feed": reply}).url("/feed"))
+    assert_failed(outcome, 1005)
+    assert 2 <= outcome.seconds < 6
+
+
+def test_status_is_empty_while_the_fetch_lasts(serve, downloader):
+    held, release = threading.Event(), threading.Event()
+
+    def hold(connection):
+        held.set()
+        release.wait(15)
+        connection.sendall(answer(200, XML))
+
+    url = serve({"/feed": hold}).url("/feed")
+    process = subprocess.Popen(downloader.command(downloader.argument(url)), env=downloader.environment)
+    try:
+        assert held.wait(15)
+        assert downloader.status_file.read_bytes() == b""
+        assert downloader.data_file.read_bytes() == b""
+        release.set()
+        assert process.wait(15) == 0
+    finally:
+        release.set()
+        process.wait(30)
+    assert (text_of(downloader.status_file), bytes_of(downloader.data_file)) == ("0", XML)
+
+
+def test_files_that_cannot_be_written(serve, downloader):
+    server = serve({"/feed": answer(200, XML)})
+    url = server.url("/feed")
+    data, status = windows_path(downloader.data_file), windows_path(downloader.status_file)
+    outcome = downloader.run_raw(f"{url}|{windows_path(downloader.folder)}\\missing\\data.tmp|{status}")
+    assert (outcome.status, outcome.exit_code) == ("1003", 1003 % 256)
+    outcome = downloader.run_raw(f"{url}|{data}|{windows_path(downloader.folder)}\\missing\\status.tmp")
+    assert (outcome.data, outcome.exit_code) == (b"", 1002 % 256)
+    assert server.heads == []
+
+
+@pytest.mark.parametrize(
+    "argument", ["", "http://h/", "http://h/|{data}", "{data}|{status}", "|{data}|{status}"]
+)
+def test_missing_fields_touch_nothing(downloader, argument):
+    data, status = windows_path(downloader.data_file), windows_path(downloader.status_file)
+    outcome = downloader.run_raw(*filter(None, [argument.format(data=data, status=status)]))
+    assert outcome.exit_code == 1001 % 256
+    assert outcome.status == "0 stale" and outcome.data.startswith(b"stale")
+
+
+def test_two_copies_at_once(serve, tmp_path):
+    both = threading.Barrier(2)
+
+    def after_both_asked(body):
+        def reply(connection):
+            both.wait(15)
+            connection.sendall(answer(200, body))
+
+        return reply
+
+    server = serve({f"/{n}": after_both_asked(b"%d" % n * 500_000) for n in (1, 2)})
+    copies = {}
+    for n in (1, 2):
+        (tmp_path / str(n)).mkdir()
+        copies[n] = Downloader(tmp_path / str(n))
+    started = [
+        subprocess.Popen(copy.command(copy.argument(server.url(f"/{n}"))), env=copy.environment)
+        for n, copy in copies.items()
+    ]
+    assert [process.wait(40) for process in started] == [0, 0]
+    for n, copy in copies.items():
+        assert (text_of(copy.status_file), bytes_of(copy.data_file)) == ("0", b"%d" % n * 500_000)

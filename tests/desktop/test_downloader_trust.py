@@ -1,0 +1,146 @@
+"""Whom dl.exe trusts: the certificates it refuses, and the proxies that get the stored login."""
+
+import hashlib
+import ssl
+import struct
+import subprocess
+
+import pytest
+
+from downloader_run import XML, assert_failed, downloader, serve, stored_login  # noqa: F401
+from loopback import answer, redirect
+
+CONNECTIONS_KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Internet Settings\Connections"
+ROOTS_KEY = r"HKCU\Software\Microsoft\SystemCertificates\Root\Certificates"
+# Wine tells a certificate that it refuses as a failed secure channel.
+CERTIFICATE_REFUSED = ("12175", "12157")
+
+
+@pytest.fixture(scope="session")
+def own_certificate(tmp_path_factory):
+    folder = tmp_path_factory.mktemp("certificate")
+    key, certificate = folder / "key.pem", folder / "certificate.pem"
+    subprocess.run(
+        ["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2", "-subj", "/CN=localhost"]
+        + ["-addext", "subjectAltName=DNS:localhost", "-keyout", str(key), "-out", str(certificate)],
+        check=True,
+        capture_output=True,
+    )
+    context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+    context.load_cert_chain(certificate, key)
+    return context, ssl.PEM_cert_to_DER_cert(certificate.read_text())
+
+
+def registry(*arguments):
+    subprocess.run(["wine", "reg", *arguments, "/f"], check=True, capture_output=True)
+
+
+@pytest.fixture
+def tls(own_certificate):
+    return own_certificate[0]
+
+
+@pytest.fixture
+def trusted(own_certificate):
+    """Makes the user trust the certificate for one test."""
+    der = own_certificate[1]
+    digest = hashlib.sha1(der).digest()
+    store_entry = struct.pack("<III", 3, 1, len(digest)) + digest + struct.pack("<III", 32, 1, len(der)) + der
+    key = ROOTS_KEY + "\\" + digest.hex().upper()
+    registry("add", key, "/v", "Blob", "/t", "REG_BINARY", "/d", store_entry.hex())
+    yield
+    registry("delete", key)
+
+
+def test_certificate_of_nobody_is_refused(serve, downloader, tls):
+    server = serve({"/feed": answer(200, XML)}, tls)
+    outcome = downloader.fetch(server.url("/feed", "localhost"))
+    assert outcome.status in CERTIFICATE_REFUSED and outcome.data is None
+    assert server.heads == []
+
+
+def test_certificate_of_another_host_is_refused(serve, downloader, tls, trusted):
+    server = serve({"/feed": answer(200, XML)}, tls)
+    outcome = downloader.fetch(server.url("/feed", "127.0.0.1"))
+    assert outcome.status in CERTIFICATE_REFUSED and outcome.data is None
+    assert server.heads == []
+
+
+def test_redirects_lead_into_security_and_never_out(serve, downloader, tls, trusted):
+    plain_answers = {}
+    plain = serve(plain_answers)
+    secure = serve({"/feed": answer(200, XML), "/out": redirect(plain.url("/feed"))}, tls)
+    plain_answers["/in"] = redirect(secure.url("/feed", "localhost"))
+    outcome = downloader.fetch(plain.url("/in"))
+    assert (outcome.status, outcome.data) == ("0", XML)
+    assert_failed(downloader.fetch(secure.url("/out", "localhost")), 1009)
+    assert plain.targets() == ["/in"]
+
+
+@pytest.fixture
+def set_proxy():
+    """Sets the user's proxy as the Internet Options dialog does, and takes it away again."""
+
+    def write(proxy, bypass="", script=""):
+        texts = b"".join(struct.pack("<I", len(text)) + text.encode() for text in (proxy, bypass, script))
+        flags = 1 | (2 if proxy else 0) | (4 if script else 0)
+        value = struct.pack("<III", 0x46, 1, flags) + texts + bytes(32)
+        name = "DefaultConnectionSettings"
+        registry("add", CONNECTIONS_KEY, "/v", name, "/t", "REG_BINARY", "/d", value.hex())
+
+    yield write
+    write("")
+
+
+def proxy_that_asks(head):
+    # "hail:storm" in base 64
+    if "\r\nProxy-Authorization: Basic aGFpbDpzdG9ybQ==\r\n" in head:
+        return answer(200, XML)
+    return answer(407, b"", 'Proxy-Authenticate: Basic realm="gate"')
+
+
+@pytest.mark.parametrize(
+    "ini, status, logins",
+    [
+        pytest.param(stored_login("hail", "storm"), "0", 1, id="right login"),
+        pytest.param(stored_login("hail", "sleet"), "407", 1, id="wrong login, tried once"),
+        pytest.param("", "407", 0, id="no login"),
+    ],
+)
+def test_proxy_gets_the_stored_login_when_it_asks(serve, downloader, set_proxy, ini, status, logins):
+    proxy = serve(proxy_that_asks)
+    set_proxy(f"http=127.0.0.1:{proxy.port};https=127.0.0.1:1")
+    (downloader.folder / "Tester.ini").write_text(ini)
+    outcome = downloader.fetch("http://feed.example/x")
+    assert (outcome.status, outcome.data) == (status, XML if status == "0" else None)
+    assert {target.replace(":80/", "/") for target in proxy.targets()} == {"http://feed.example/x"}
+    assert ["Proxy-Authorization" in head for head in proxy.heads].count(True) == logins
+    assert "Proxy-Authorization" not in proxy.heads[0]
+
+
+def test_secure_address_goes_through_the_proxy(serve, downloader, set_proxy):
+    proxy = serve(lambda head: answer(503))
+    set_proxy(f"http=127.0.0.1:1;https=127.0.0.1:{proxy.port}")
+    (downloader.folder / "Tester.ini").write_text(stored_login("hail", "storm"))
+    outcome = downloader.fetch("https://feed.example/x")
+    assert outcome.status != "0" and outcome.data is None
+    assert [head.split(" ")[:2] for head in proxy.heads] == [["CONNECT", "feed.example:443"]]
+    assert "Proxy-Authorization" not in proxy.heads[0]
+
+
+def test_configuration_script_names_the_proxy(serve, downloader, set_proxy):
+    proxy = serve(lambda head: answer(200, XML))
+    choice = f'host == "feed.example" ? "PROXY 127.0.0.1:{proxy.port}" : "DIRECT"'
+    script = f"function FindProxyForURL(url, host) {{ return {choice}; }}"
+    configuration = serve({"/proxy.pac": answer(200, script.encode())})
+    set_proxy("", script=configuration.url("/proxy.pac"))
+    assert downloader.fetch("http://feed.example/x").data == XML
+    assert len(proxy.heads) == 1
+
+
+def test_bypassed_host_never_sees_the_login(serve, downloader, set_proxy):
+    server = serve(proxy_that_asks)
+    set_proxy("127.0.0.1:1", bypass="127.*;<local>")
+    (downloader.folder / "Tester.ini").write_text(stored_login("hail", "storm"))
+    assert_failed(downloader.fetch(server.url("/x")), 407)
+    assert server.targets() == ["/x"]

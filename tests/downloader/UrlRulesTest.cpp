@@ -1,0 +1,59 @@
+#include "downloader/UrlRules.h"
+
+#include <gtest/gtest.h>
+
+#include "downloader/StatusCodes.h"
+
+namespace downloader {
+namespace {
+
+TEST(SchemeOf, NeedsALetterAndAColon) {
+    EXPECT_EQ(SchemeOf("HTTPS://h/"), "https");
+    EXPECT_EQ(SchemeOf("a1+b-c.d:x"), "a1+b-c.d");
+    for (const char* none : {"", ":", "http", "1a:", "/a:b", "a b:", "?a:b"})
+        EXPECT_EQ(SchemeOf(none), "") << none;
+}
+
+TEST(EscapeUrl, LeavesNothingThatCouldSplitARequest) {
+    EXPECT_EQ(EscapeUrl("http://h/a b|c\r\nX: y?d=%20&e=\xC5\x81#f"),
+              "http://h/a%20b%7Cc%0D%0AX:%20y?d=%20&e=%C5%81");
+    EXPECT_EQ(EscapeUrl("\"<>\\^`{}\x7F"), "%22%3C%3E%5C%5E%60%7B%7D%7F");
+}
+
+TEST(ResolveLocation, FindsTheNextAddress) {
+    const struct {
+        const char* base;
+        const char* location;
+        const char* next;
+    } cases[] = {
+        {"http://h/a/b?q", "https://other/x?y", "https://other/x?y"},
+        {"http://h/a/b?q", "//other/x", "http://other/x"},
+        {"http://h:8/a/b?q", "/x/y?z", "http://h:8/x/y?z"},
+        {"http://h/a/b?q", "c?r", "http://h/a/c?r"},
+        {"http://h/a/b?q", " ?r ", "http://h/a/b?r"},
+        {"http://h/a/b?q", "#part", "http://h/a/b?q"},
+        {"http://h/a/b/c", "../x", "http://h/a/x"},
+        {"http://h/a/b/c", "./", "http://h/a/b/"},
+        {"http://h/a", "../../../..", "http://h/"},
+        {"http://h/a", "/x/./y/../z", "http://h/x/z"},
+        {"http://h/a", "/x//y/", "http://h/x//y/"},
+        {"http://h/a?p=/b/c", "d?e=../f", "http://h/d?e=../f"},
+        {"http://h?q=/x", "y", "http://h/y"},
+        {"http://h", "y", "http://h/y"},
+        {"http:", "y", "http:/y"},
+        {"", "..", "/"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(ResolveLocation(c.base, c.location), c.next) << c.base << " " << c.location;
+}
+
+TEST(CheckRedirect, KeepsSecurityAndScheme) {
+    EXPECT_EQ(CheckRedirect("http://a", "https://b"), kSuccess);
+    EXPECT_EQ(CheckRedirect("http://a", "HTTP://b"), kSuccess);
+    EXPECT_EQ(CheckRedirect("HTTPS://a", "http://a"), kInsecureRedirect);
+    EXPECT_EQ(CheckRedirect("https://a", "file:///c"), kForeignRedirect);
+    EXPECT_EQ(CheckRedirect("http://a", ""), kForeignRedirect);
+}
+
+}  // namespace
+}  // namespace downloader
