@@ -13,8 +13,8 @@
 namespace alerts {
 namespace {
 
-// No element is passed over: the list in force is the empty one. The others name elements that could
-// be and are kept beside it, out of use.
+// No element is passed over: the list in force is the empty one. The others name elements that
+// could be and are kept beside it, out of use.
 constexpr std::string_view kSkipList = "||";
 [[maybe_unused]] constexpr std::string_view kUnusedSkipLists[] = {"|year|second|",
                                                                   "|offset|text|hour-24|"};
@@ -89,15 +89,15 @@ std::int16_t StoreAlerts(const win::XmlNodeList& nodes, AlertStore& store) {
 }  // namespace
 
 std::int16_t FetchStationAlerts(const std::string& stationCode) {
-    const Download download(settings::FeedHost() + settings::kFeedRequest +
-                                "&requesttype=6&ZipCode=" + stationCode,
-                            "SVL");
+    const Download download(
+        settings::FeedHost() + settings::kFeedRequest + "&requesttype=6&ZipCode=" + stationCode,
+        "SVL");
     return download.Succeeded() ? ParseAlerts(download.DataFile(), stationCode) : kDownloadFailed;
 }
 
 std::int16_t ParseAlerts(const std::string& dataFile, const std::string& stationCode) {
-    AlertStore store{win::LeadingInt16(settings::ReadSetting(settings::kAlertCount)), stationCode,
-                     {}};
+    AlertStore store{
+        win::LeadingInt16(settings::ReadSetting(settings::kAlertCount)), stationCode, {}};
     const win::XmlDocument document = win::LoadXmlFile(dataFile);
     if (!document) return 0;
     std::int16_t newAlerts = 0;

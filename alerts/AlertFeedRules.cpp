@@ -54,7 +54,9 @@ bool IsDone(std::string_view done, std::string_view code) {
     return (std::string(done) + ",").find("," + std::string(code) + ",") != std::string::npos;
 }
 
-bool IsSuccess(std::string_view statusText) { return win::LeadingNumber(statusText) == 0; }
+bool IsSuccess(std::string_view statusText) {
+    return win::LeadingNumber(statusText) == 0;
+}
 
 std::string DownloadArgument(std::string_view address, std::string_view dataFile,
                              std::string_view statusFile) {
@@ -63,15 +65,10 @@ std::string DownloadArgument(std::string_view address, std::string_view dataFile
 
 std::string FailureMessage(std::string_view weatherHost) {
     // The line about "Skyvane Live" names the maker's other product, on purpose.
-    return win::Join({"Skyvane Alerts was not able to retrieve the severe alerts.",
-                      "",
-                      "Please verify the following:",
-                      "",
-                      "1) You're connected to the Internet.",
-                      "",
-                      "2) Your software (e.g. firewall software, security software) is not",
-                      "     blocking Internet access to Skyvane Live.",
-                      "",
+    return win::Join({"Skyvane Alerts was not able to retrieve the severe alerts.", "",
+                      "Please verify the following:", "", "1) You're connected to the Internet.",
+                      "", "2) Your software (e.g. firewall software, security software) is not",
+                      "     blocking Internet access to Skyvane Live.", "",
                       "3) Your computer and/or network is not preventing you from",
                       std::string("     viewing ").append(weatherHost).append(".")},
                      "\r\n");

@@ -10,8 +10,8 @@ namespace alerts {
 // Runs of blanks made one blank, and none at either end.
 std::string TidyBody(std::string_view body);
 
-// Whether the user's word filter keeps an alert. Words match anywhere in the body, inside other words
-// too; body and words are in lower case. Without words every alert is kept.
+// Whether the user's word filter keeps an alert. Words match anywhere in the body, inside other
+// words too; body and words are in lower case. Without words every alert is kept.
 bool KeepsAlert(std::string_view lowerBody, const std::vector<std::string>& lowerWords,
                 bool showOnly);
 
@@ -28,7 +28,8 @@ std::string TrimSeen(std::string_view seen);
 // The sum of two 16-bit numbers; the first one when the sum does not fit.
 std::int16_t AddInt16(std::int16_t number, std::int16_t more);
 
-// A feed's own downloads, by station: whether the code was asked for in this cycle.
+// Whether the station code stands in the list of those that this cycle has asked for, each with a
+// comma before it.
 bool IsDone(std::string_view done, std::string_view code);
 
 // Whether a status text means success: the number that it begins with is 0, also for want of one.

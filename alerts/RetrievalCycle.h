@@ -8,8 +8,9 @@ struct CycleOutcome {
     std::int16_t newAlerts = 0;  // alerts not seen before
 };
 
-// Rebuilds the stored alerts from the feeds of all stations, each station code once, and saves the list
-// of seen identifiers when all went well. Lets messages run, so the station list may change meanwhile.
+// Rebuilds the stored alerts from the feeds of all stations, each station code once, and saves the
+// list of seen identifiers when all went well. Lets messages run, so the station list may change
+// meanwhile.
 CycleOutcome RetrieveStationAlerts();
 
 }  // namespace alerts

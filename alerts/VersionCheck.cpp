@@ -27,20 +27,20 @@ void TellFailure(HWND owner) {
 void OfferDownload(HWND owner, const std::string& version, bool interactive) {
     if (!interactive && settings::ReadSetting(settings::kCheckVersion) == version) return;
     settings::WriteSetting(settings::kCheckVersion, version);
-    if (win::Ask(owner,
-                 "Skyvane Alerts v" + version +
-                     " is available!  Would you like to download it now?",
-                 MB_ICONINFORMATION))
+    if (win::Ask(
+            owner,
+            "Skyvane Alerts v" + version + " is available!  Would you like to download it now?",
+            MB_ICONINFORMATION))
         win::OpenInBrowser(owner, settings::MakerHost() + "/Skyvane-Alerts.asp");
 }
 
 void Check(HWND owner, bool interactive) {
-    // Fixed names: after a failure both files stay, and the next check finds the old status at once.
+    // Fixed names: after a failure both files stay, and the next check finds the old status at
+    // once.
     const std::string dataFile = settings::State().programFolder + "\\che.sk";
     const std::string statusFile = settings::State().programFolder + "\\chet.sk";
-    WaitForStatus(statusFile,
-                  RunDownloader(DownloadArgument(settings::MakerHost() + "/SVAlerts.txt", dataFile,
-                                                 statusFile)));
+    WaitForStatus(statusFile, RunDownloader(DownloadArgument(
+                                  settings::MakerHost() + "/SVAlerts.txt", dataFile, statusFile)));
     // What the status says is not looked at: the data file alone decides.
     const std::optional<std::string> text = win::ReadWholeFile(dataFile);
     if (!text || IsVersionTooLong(*text)) {
@@ -53,8 +53,7 @@ void Check(HWND owner, bool interactive) {
     if (IsNewerVersion(offered, settings::ReadSetting(settings::kVersion)))
         OfferDownload(owner, offered, interactive);
     else if (interactive)
-        win::Tell(owner, "You are using the latest version of Skyvane Alerts.",
-                  MB_ICONINFORMATION);
+        win::Tell(owner, "You are using the latest version of Skyvane Alerts.", MB_ICONINFORMATION);
 }
 
 }  // namespace

@@ -10,7 +10,8 @@
 namespace alerts {
 namespace {
 
-// How long a wait sleeps between two looks at the status file; the end of the downloader cuts it short.
+// How long a wait sleeps between two looks at the status file; the end of the downloader cuts it
+// short.
 constexpr DWORD kPollMilliseconds = 15;
 
 // Ends the downloaders that still run when this program ends.

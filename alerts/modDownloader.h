@@ -6,8 +6,8 @@
 // The contract with dl.exe, the only program that opens a network connection.
 namespace alerts {
 
-// Starts dl.exe with the argument text and lets messages run for a moment. The handle is the running
-// downloader's, empty when it could not be started.
+// Starts dl.exe with the argument text and lets messages run for a moment. The handle is the
+// running downloader's, empty when it could not be started.
 win::KernelHandle RunDownloader(const std::string& argument);
 
 // Waits, letting messages run, until the status file has content. There is no time limit: the

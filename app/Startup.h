@@ -3,8 +3,8 @@
 
 namespace app {
 
-// The ordered start-up, from the choice of the settings store to the named mutex. A step that fails is
-// passed over. The tray window must be loaded.
+// The ordered start-up, from the choice of the settings store to the named mutex. A step that fails
+// is passed over. The tray window must be loaded.
 void StartUp(std::string_view commandLine);
 
 }  // namespace app

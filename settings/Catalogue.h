@@ -2,9 +2,9 @@
 #include <array>
 #include <string_view>
 
-// Every setting, caption and default of the program, once. The store has no defaults: an absent value
-// reads as the empty text, and where two readers of one key take that differently, each default is
-// named for its reader.
+// Every setting, caption and default of the program, once. The store has no defaults: an absent
+// value reads as the empty text, and where two readers of one key take that differently, each
+// default is named for its reader.
 namespace settings {
 
 // One value of the settings store.
@@ -35,16 +35,16 @@ inline constexpr Setting kIcon{kOptions, "Icon"};
 inline constexpr Setting kIcon2{kOptions, "Icon2"};
 inline constexpr char kDefaultIcon[] = "default";
 
-// Tray Alerts page. The retrieval cycle shows the balloon only for "True", while the dialog shows its
-// box ticked unless the value is "False": with nothing stored they differ, on purpose.
+// Tray Alerts page. The retrieval cycle shows the balloon only for "True", while the dialog shows
+// its box ticked unless the value is "False": with nothing stored they differ, on purpose.
 inline constexpr Setting kDisplayTrayAlert{kOptions, "DisplayTrayAlert"};
 // Nothing in the program writes this one; it gates the sound and is set by hand.
 inline constexpr Setting kFlashTrayIcon{kOptions, "FlashTrayIcon"};
 inline constexpr Setting kTrayAlertSound{kOptions, "TrayAlertSound"};
 inline constexpr char kNoSound[] = "(None)";
 
-// Internet page. The first is stored and shown but changes no download, on purpose. The other two are
-// scrambled, see ProxySettings.h.
+// Internet page. The first is stored and shown but changes no download, on purpose. The other two
+// are scrambled, see ProxySettings.h.
 inline constexpr Setting kOnlyDownloadWhenConnected{kOptions, "OnlyDownloadWhenConnected"};
 inline constexpr Setting kProxyUsername{kOptions, "ProxyUsername"};
 inline constexpr Setting kProxyPassword{kOptions, "ProxyPassword"};
@@ -65,8 +65,8 @@ inline constexpr Setting kVersion{kMisc, "Version"};
 inline constexpr Setting kOldAlerts{kMisc, "OldAlerts"};
 inline constexpr Setting kLastUpdated{kMisc, "LastUpdated"};
 
-// The stored alerts: Count, and for n = 1 ... Count these words with n behind them. The store's keys
-// ignore case.
+// The stored alerts: Count, and for n = 1 ... Count these words with n behind them. The store's
+// keys ignore case.
 inline constexpr Setting kAlertCount{kAlerts, "Count"};
 inline constexpr char kAlertBody[] = "body";
 inline constexpr char kAlertTitle[] = "title";

@@ -11,14 +11,24 @@ std::string Host(const char* key, const char* whenEmpty) {
 
 }  // namespace
 
-std::string FeedHost() { return Host("Feed", "https://feed.quillmark.example/"); }
+std::string FeedHost() {
+    return Host("Feed", "https://feed.quillmark.example/");
+}
 
-std::string WeatherHost() { return Host("Weather", "https://www.weatherbug.com"); }
+std::string WeatherHost() {
+    return Host("Weather", "https://www.weatherbug.com");
+}
 
-std::string MakerHost() { return Host("Maker", "https://www.quillmark.example"); }
+std::string MakerHost() {
+    return Host("Maker", "https://www.quillmark.example");
+}
 
-std::string MakerMail() { return Host("MakerMail", "support@quillmark.example"); }
+std::string MakerMail() {
+    return Host("MakerMail", "support@quillmark.example");
+}
 
-std::string VisitMakerAction() { return std::string(kVisitAction).append(MakerHost()); }
+std::string VisitMakerAction() {
+    return std::string(kVisitAction).append(MakerHost());
+}
 
 }  // namespace settings

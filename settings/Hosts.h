@@ -1,8 +1,8 @@
 #pragma once
 #include <string>
 
-// Every outside address of the program, read through the settings store, section "Hosts", so that an
-// administrator, a test or a demonstration can point it elsewhere.
+// Every outside address of the program, read through the settings store, section "Hosts", so that
+// an administrator, a test or a demonstration can point it elsewhere.
 namespace settings {
 
 // What stands before "GetXml.aspx" in a feed request; ends in "/".

@@ -25,11 +25,15 @@ std::string RegistryPath(std::string_view section) {
         .append(section);
 }
 
-std::string DefaultIniPath() { return win::ExecutableFolder() + "\\" + IniUserName + ".ini"; }
+std::string DefaultIniPath() {
+    return win::ExecutableFolder() + "\\" + IniUserName + ".ini";
+}
 
 // A value that was cut in the middle of a character loses the torn rest.
 std::string WithoutTornEnd(std::string value) {
-    if (value.size() < kIniValueLimit - 3 || win::IsUtf8(value)) return value;
+    if (value.size() < kIniValueLimit - 3) return value;
+    while (!value.empty() && value.back() == '\0') value.pop_back();
+    if (win::IsUtf8(value)) return value;
     for (std::size_t cut = 1; cut <= 3; ++cut)
         if (win::IsUtf8(std::string_view(value).substr(0, value.size() - cut)))
             return value.substr(0, value.size() - cut);
@@ -115,8 +119,7 @@ std::string ValueOr(std::string value, std::string_view defaultValue) {
 }
 
 void ExportStoreChoice() {
-    SetEnvironmentVariableA(kStoreVariable,
-                            UseIni == kUseIniStore ? IniUserName.c_str() : nullptr);
+    SetEnvironmentVariableA(kStoreVariable, UseIni == kUseIniStore ? IniUserName.c_str() : nullptr);
 }
 
 void ImportStoreChoice() {

@@ -7,8 +7,8 @@
 #include "settings/Catalogue.h"
 #include "settings/IniTextRules.h"
 
-// The settings store: text values by section and key, in a per-user INI file in the program folder or
-// in the per-user registry area. The choice is made once, at start; no other room knows which.
+// The settings store: text values by section and key, in a per-user INI file in the program folder
+// or in the per-user registry area. The choice is made once, at start; no other room knows which.
 namespace settings {
 
 // kUseIni and kUseRegistry are the only valid values; with any other, reads give the empty text and
@@ -27,8 +27,8 @@ std::string ReadSetting(const Setting& setting);
 void WriteSetting(std::string_view section, std::string_view key, std::string_view value);
 void WriteSetting(const Setting& setting, std::string_view value);
 
-// Removes the whole section from the registry; in INI mode too, so an INI file keeps its old keys. The
-// asymmetry is deliberate.
+// Removes the whole section from the registry; in INI mode too, so an INI file keeps its old keys.
+// The asymmetry is deliberate.
 void DeleteSettingSection(std::string_view section);
 
 // Many values of one section at once, with the result of writing them one by one: an INI file is
@@ -42,13 +42,18 @@ std::map<std::string, std::string> ReadSection(std::string_view section);
 // case. A missing value, section or file gives the empty text.
 std::string IniReadValue(std::string_view section, std::string& key, const std::string& file);
 
-// Writes one value under the key in upper case; reading relies on the profile functions ignoring case.
+// Writes one value under the key in upper case; reading relies on the profile functions ignoring
+// case.
 void IniWriteValue(std::string_view section, std::string_view key, std::string_view value,
                    const std::string& file);
 
 // "True" alone is true.
-inline bool IsTrue(std::string_view value) { return value == kTrue; }
-inline const char* BooleanText(bool value) { return value ? kTrue : kFalse; }
+inline bool IsTrue(std::string_view value) {
+    return value == kTrue;
+}
+inline const char* BooleanText(bool value) {
+    return value ? kTrue : kFalse;
+}
 
 // The value, or the reader's default when it is empty.
 std::string ValueOr(std::string value, std::string_view defaultValue);

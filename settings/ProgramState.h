@@ -5,8 +5,8 @@
 
 #include "win/Handle.h"
 
-// What the whole program shares. Everything runs on one thread, but every wait lets messages run: keep
-// no reference into it across a wait.
+// What the whole program shares. Everything runs on one thread, but every wait lets messages run:
+// keep no reference into it across a wait.
 namespace settings {
 
 struct ProgramState {
@@ -20,14 +20,14 @@ struct ProgramState {
     std::string singleClickAction;
     std::string doubleClickAction;
     std::string autoUpdateInterval;
-    bool automaticUpdate = false;     // whether the minute clock goes on
-    std::int16_t minuteCounter = 0;   // minutes since the last cycle; reset by every cycle
+    bool automaticUpdate = false;    // whether the minute clock goes on
+    std::int16_t minuteCounter = 0;  // minutes since the last cycle; reset by every cycle
 
     // Set by the retrieval cycle, cleared by the tray window: ImageIcon2 is on the tray icon.
     bool newAlertIconShown = false;
 
-    // Identifiers of the alerts seen so far, joined by a broken bar; loaded by start-up, grown by the
-    // feed parser, trimmed and saved by the retrieval cycle.
+    // Identifiers of the alerts seen so far, joined by a broken bar; loaded by start-up, grown by
+    // the feed parser, trimmed and saved by the retrieval cycle.
     std::string oldAlerts;
 
     // The station lines, filled by LoadStationList. The array may be larger than the count; what is

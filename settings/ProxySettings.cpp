@@ -16,10 +16,16 @@ std::string Read(const Setting& setting) {
 
 }  // namespace
 
-ProxyLogin ReadProxyLogin() { return {Read(kProxyUsername), Read(kProxyPassword)}; }
+ProxyLogin ReadProxyLogin() {
+    return {Read(kProxyUsername), Read(kProxyPassword)};
+}
 
-void SaveProxyUserName(const std::string& userName) { Save(kProxyUsername, userName); }
+void SaveProxyUserName(const std::string& userName) {
+    Save(kProxyUsername, userName);
+}
 
-void SaveProxyPassword(const std::string& password) { Save(kProxyPassword, password); }
+void SaveProxyPassword(const std::string& password) {
+    Save(kProxyPassword, password);
+}
 
 }  // namespace settings

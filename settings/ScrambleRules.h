@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-// The light scrambling that keeps the proxy's user name and password from being read at a glance. It
-// has no key: position alone decides the shift.
+// The light scrambling that keeps the proxy's user name and password from being read at a glance.
+// It has no key: position alone decides the shift.
 namespace settings {
 
 // Each character's code raised by its position, counting from 1. Nothing when a character has no

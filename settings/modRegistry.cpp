@@ -82,9 +82,9 @@ KeyValues ReadRegistryTexts(const std::string& path) {
     const win::RegistryKey key = OpenForReading(path);
     DWORD longestName = 0;
     DWORD longestData = 0;
-    if (!key || RegQueryInfoKeyA(key.Get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                                 nullptr, &longestName, &longestData, nullptr,
-                                 nullptr) != ERROR_SUCCESS)
+    if (!key ||
+        RegQueryInfoKeyA(key.Get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                         &longestName, &longestData, nullptr, nullptr) != ERROR_SUCCESS)
         return values;
     std::string name(longestName * 4 + 1, '\0');  // a character may take four bytes
     std::string data(longestData * 4 + 1, '\0');

@@ -5,8 +5,8 @@
 
 #include "settings/IniTextRules.h"
 
-// The registry: the three routines for values outside the settings store, which take a predefined root
-// key, and the store's own text values below HKEY_CURRENT_USER. Errors are ignored throughout.
+// The registry: the three routines for values outside the settings store, which take a predefined
+// root key, and the store's own text values below HKEY_CURRENT_USER. Errors are ignored throughout.
 namespace settings {
 
 inline constexpr std::uint32_t kCurrentUser = 0x80000001;

@@ -19,11 +19,14 @@ bool HasHiddenFields(std::string_view line) {
     return line.find(Blanks()) != std::string_view::npos;
 }
 
-std::string_view DisplayText(std::string_view line) { return line.substr(0, line.find(Blanks())); }
+std::string_view DisplayText(std::string_view line) {
+    return line.substr(0, line.find(Blanks()));
+}
 
 std::string_view HiddenText(std::string_view line) {
     const std::size_t blanks = line.find(Blanks());
-    return blanks == std::string_view::npos ? std::string_view() : line.substr(blanks + kBlankCount);
+    return blanks == std::string_view::npos ? std::string_view()
+                                            : line.substr(blanks + kBlankCount);
 }
 
 std::string HiddenField(std::string_view line, Field field) {
@@ -37,9 +40,9 @@ std::string MakeStationLine(std::string_view display, std::string_view hidden) {
 
 std::string MakeHiddenText(std::string_view identifier, std::string_view code,
                            std::string_view latitude, std::string_view longitude) {
-    return win::Join({std::string(identifier), std::string(code), std::string(latitude),
-                      std::string(longitude)},
-                     kFieldSeparator);
+    return win::Join(
+        {std::string(identifier), std::string(code), std::string(latitude), std::string(longitude)},
+        kFieldSeparator);
 }
 
 std::string DisplayTextOfCode(const std::vector<std::string>& lines, std::string_view code) {

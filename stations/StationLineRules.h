@@ -3,8 +3,8 @@
 #include <string_view>
 #include <vector>
 
-// A watched station is one text line: the display text, 100 blanks that push the rest out of sight in
-// list controls, then four fields joined by "***".
+// A watched station is one text line: the display text, 100 blanks that push the rest out of sight
+// in list controls, then four fields joined by "***".
 namespace stations {
 
 // The fields behind the blanks, by position.

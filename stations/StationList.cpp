@@ -7,7 +7,9 @@
 
 namespace stations {
 
-std::string StationFilePath() { return settings::State().dataFolder + "\\CityCode.cmb"; }
+std::string StationFilePath() {
+    return settings::State().dataFolder + "\\CityCode.cmb";
+}
 
 void LoadStationList() {
     const std::string path = StationFilePath();

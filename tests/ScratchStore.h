@@ -8,11 +8,13 @@
 #include "win/Files.h"
 #include "win/modRandomFile.h"
 
-// A settings store and a data folder for one test. The INI file stands beside the test program, under a
-// user name of its own.
+// A settings store and a data folder for one test. The INI file stands beside the test program,
+// under a user name of its own.
 namespace tests {
 
-inline std::string ScratchIniPath() { return win::ExecutableFolder() + "\\scratch-user.ini"; }
+inline std::string ScratchIniPath() {
+    return win::ExecutableFolder() + "\\scratch-user.ini";
+}
 
 class ScratchStore : public testing::TestWithParam<std::int16_t> {
   protected:

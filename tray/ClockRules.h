@@ -4,13 +4,13 @@
 
 namespace tray {
 
-// The minutes of an interval name. Any other text, "Never" among them, gives 0, which makes every tick
-// retrieve: whoever sets "Never" stops the clock instead.
+// The minutes of an interval name. Any other text, "Never" among them, gives 0, which makes every
+// tick retrieve: whoever sets "Never" stops the clock instead.
 int IntervalMinutes(std::string_view intervalName);
 
-// The tooltip for the stored time of the last update; empty when there is none. `dateOfText` and `today`
-// are short dates: an update of today shows its time alone, an older one has " @ " for every blank, the
-// one before the day-half marker too, on purpose.
+// The tooltip for the stored time of the last update; empty when there is none. `dateOfText` and
+// `today` are short dates: an update of today shows its time alone, an older one has " @ " for
+// every blank, the one before the day-half marker too, on purpose.
 std::string TrayTip(std::string_view lastUpdated, std::string_view dateOfText,
                     std::string_view today);
 

@@ -45,8 +45,8 @@ void RecordUpdate() {
     BuildAlertsMenu();
 }
 
-// The sound hangs on the flashing option and comes from the program folder, not from the data folder's
-// copy; both are deliberate.
+// The sound hangs on the flashing option and comes from the program folder, not from the data
+// folder's copy; both are deliberate.
 void PlayChosenSound() {
     using namespace settings;
     if (!IsTrue(ReadSetting(kFlashTrayIcon))) return;

@@ -26,7 +26,9 @@ namespace {
 constexpr char kRetrieveTag[] = "RetrieveAlerts";
 std::string fireEventTag;
 
-void Open(const std::string& address) { win::OpenInBrowser(TrayWindow(), address); }
+void Open(const std::string& address) {
+    win::OpenInBrowser(TrayWindow(), address);
+}
 
 }  // namespace
 
@@ -39,11 +41,17 @@ void mnuViewNationalSevereAlerts_Click() {
     Open(NationalMapAddress(settings::WeatherHost(), stations::StationAt(0)));
 }
 
-void mnuOptions_Click() { ShowOptions(); }
+void mnuOptions_Click() {
+    ShowOptions();
+}
 
-void mnuVisitQuillmark_Click() { Open(settings::MakerHost()); }
+void mnuVisitQuillmark_Click() {
+    Open(settings::MakerHost());
+}
 
-void mnuExit_Click() { StartTimer(Timer::TimerUnload); }
+void mnuExit_Click() {
+    StartTimer(Timer::TimerUnload);
+}
 
 void RunFixedCommand(unsigned identifier) {
     switch (identifier) {

@@ -47,8 +47,8 @@ std::string MenuText(std::string_view caption) {
 bool IsUsableAlertIdentifier(std::uint32_t identifier, std::size_t stationCount,
                              const std::vector<std::uint32_t>& taken) {
     const std::uint32_t low = identifier & kLowWord;
-    const std::size_t lastStation = std::max<std::size_t>(kFirstStation + stationCount,
-                                                          kStationSeparator);
+    const std::size_t lastStation =
+        std::max<std::size_t>(kFirstStation + stationCount, kStationSeparator);
     return low > lastStation && std::none_of(taken.begin(), taken.end(), [low](auto other) {
                return (other & kLowWord) == low;
            });

@@ -22,20 +22,21 @@ bool TakeCaption(std::string& seenCaptions, std::string_view caption, std::strin
 // A caption as a menu shows it: "&" is no access key, control characters are blanks.
 std::string MenuText(std::string_view caption);
 
-// Whether a number can be an alert item's identifier: even its low word, all that a command message may
-// carry, is no fixed item, no station and no other alert's low word.
+// Whether a number can be an alert item's identifier: even its low word, all that a command message
+// may carry, is no fixed item, no station and no other alert's low word.
 bool IsUsableAlertIdentifier(std::uint32_t identifier, std::size_t stationCount,
                              const std::vector<std::uint32_t>& taken);
 
-// Adds an alert item to the map of identifiers and station codes: "identifier(code)", joined by ",".
+// Adds an alert item to the map of identifiers and station codes: "identifier(code)", joined by
+// ",".
 void AddToAlertMap(std::string& map, std::uint32_t identifier, std::string_view code);
 
-// The station code of a chosen alert item, found by its identifier or by the low word of it; nothing
-// for any other item.
+// The station code of a chosen alert item, found by its identifier or by the low word of it;
+// nothing for any other item.
 std::optional<std::string> FindInAlertMap(std::string_view map, std::uint32_t chosen);
 
-// The weather site's pages for an alert's station code, for a station line (empty when the line has no
-// hidden fields), and the national map, centred on the first station line when that has a code.
+// The weather site's pages for an alert's station code, for a station line (empty when the line has
+// no hidden fields), and the national map, centred on the first station line when that has a code.
 std::string AlertAddress(std::string_view weatherHost, std::string_view code);
 std::string StationAddress(std::string_view weatherHost, std::string_view stationLine);
 std::string NationalMapAddress(std::string_view weatherHost, std::string_view firstStationLine);

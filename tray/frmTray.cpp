@@ -29,9 +29,13 @@ struct TimerState {
 std::array<TimerState, static_cast<std::size_t>(Timer::Count)> timers{
     {{30000}, {60000}, {60000}, {1}, {1}, {200}}};
 
-TimerState& StateOf(Timer timer) { return timers[static_cast<std::size_t>(timer)]; }
+TimerState& StateOf(Timer timer) {
+    return timers[static_cast<std::size_t>(timer)];
+}
 
-UINT_PTR TimerIdentifier(Timer timer) { return static_cast<UINT_PTR>(timer) + 1; }
+UINT_PTR TimerIdentifier(Timer timer) {
+    return static_cast<UINT_PTR>(timer) + 1;
+}
 
 void PerformClickAction(const std::string& action) {
     if (action == settings::kOpenOptionsAction)
@@ -154,10 +158,13 @@ HWND LoadTrayWindow() {
     return window;
 }
 
-HWND TrayWindow() { return window; }
+HWND TrayWindow() {
+    return window;
+}
 
 void StartTimer(Timer timer) {
-    StateOf(timer).running = SetTimer(window, TimerIdentifier(timer), StateOf(timer).interval, nullptr);
+    StateOf(timer).running =
+        SetTimer(window, TimerIdentifier(timer), StateOf(timer).interval, nullptr);
 }
 
 void StopTimer(Timer timer) {
@@ -165,9 +172,13 @@ void StopTimer(Timer timer) {
     StateOf(timer).running = false;
 }
 
-bool IsTimerRunning(Timer timer) { return StateOf(timer).running; }
+bool IsTimerRunning(Timer timer) {
+    return StateOf(timer).running;
+}
 
-void SetTimerInterval(Timer timer, UINT milliseconds) { StateOf(timer).interval = milliseconds; }
+void SetTimerInterval(Timer timer, UINT milliseconds) {
+    StateOf(timer).interval = milliseconds;
+}
 
 void StartMinuteClock() {
     settings::ProgramState& state = settings::State();

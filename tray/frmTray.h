@@ -3,11 +3,12 @@
 
 #include <cstdint>
 
-// The hidden tray window: it receives the icon's mouse messages, owns the popup menu and carries the
-// six timers that drive the program.
+// The hidden tray window: it receives the icon's mouse messages, owns the popup menu and carries
+// the six timers that drive the program.
 namespace tray {
 
-// The icon's callback message: its mouse messages arrive as mouse moves whose X is the message number.
+// The icon's callback message: its mouse messages arrive as mouse moves whose X is the message
+// number.
 inline constexpr UINT kTrayCallback = WM_MOUSEMOVE;
 
 // The timers, all one-shot, with their built-in intervals in milliseconds.

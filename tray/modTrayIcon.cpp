@@ -46,7 +46,9 @@ void FillIdentity(UINT flags, UINT timeout) {
     TrayIconData.uTimeout = timeout;
 }
 
-void Send(DWORD message) { Shell_NotifyIconA(message, &TrayIconData); }
+void Send(DWORD message) {
+    Shell_NotifyIconA(message, &TrayIconData);
+}
 
 void ShowImage(const win::Icon& image) {
     TrayIconData.hIcon = image.Get();
@@ -86,11 +88,17 @@ void ShowTrayBalloon(const std::string& message) {
     Send(NIM_MODIFY);
 }
 
-void RemoveTrayIcon() { Send(NIM_DELETE); }
+void RemoveTrayIcon() {
+    Send(NIM_DELETE);
+}
 
-void RefreshTrayIconImage() { ShowImage(Images().ImageIcon); }
+void RefreshTrayIconImage() {
+    ShowImage(Images().ImageIcon);
+}
 
-void ShowNewAlertImage() { ShowImage(Images().ImageIcon2); }
+void ShowNewAlertImage() {
+    ShowImage(Images().ImageIcon2);
+}
 
 void SetTrayTip(const std::string& tip) {
     SetText(TrayIconData.szTip, tip);

@@ -5,8 +5,8 @@
 
 #include "win/Handle.h"
 
-// The one icon in the notification area. Results of the shell are not looked at: a failed add leaves the
-// program without an icon until the taskbar is made anew.
+// The one icon in the notification area. Results of the shell are not looked at: a failed add
+// leaves the program without an icon until the taskbar is made anew.
 namespace tray {
 
 // The tray pictures: the built-in ones, or those of the user's files.

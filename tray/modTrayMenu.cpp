@@ -84,16 +84,15 @@ std::vector<std::uint32_t> AlertIdentifiers() {
     return identifiers;
 }
 
-// Makes an empty menu for the sake of its number and keeps it; 0 when the system has no more. Menus whose
-// number would be mistaken are given back only after a good one was found, so that they do not come
-// again.
+// Makes an empty menu for the sake of its number and keeps it; 0 when the system has no more. Menus
+// whose number would be mistaken are given back only after a good one was found, so that they do
+// not come again.
 std::uint32_t MakeAlertIdentifier(std::vector<std::uint32_t>& taken) {
     std::vector<win::Menu> unusable;
     for (;;) {
         win::Menu menu(CreatePopupMenu());
         if (!menu) return 0;
-        const auto number =
-            static_cast<std::uint32_t>(reinterpret_cast<UINT_PTR>(menu.Get()));
+        const auto number = static_cast<std::uint32_t>(reinterpret_cast<UINT_PTR>(menu.Get()));
         if (IsUsableAlertIdentifier(number, settings::State().stationCount, taken)) {
             alertHandles.push_back(std::move(menu));
             taken.push_back(number);
@@ -153,8 +152,7 @@ void BuildAlertsMenu() {
         return;
     }
     RemoveAlertItems();
-    const std::int16_t count =
-        win::LeadingInt16(settings::ReadSetting(settings::kAlertCount));
+    const std::int16_t count = win::LeadingInt16(settings::ReadSetting(settings::kAlertCount));
     if (count <= 0) return;
     const auto section = settings::ReadSection(settings::kAlerts);
     AlertMenuMap.clear();

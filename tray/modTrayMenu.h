@@ -1,8 +1,8 @@
 #pragma once
 #include <windows.h>
 
-// The tray icon's popup menu: its fixed items come from the window's menu; the list of current alerts at
-// the top and the "View Weather" submenu are built here.
+// The tray icon's popup menu: its fixed items come from the window's menu; the list of current
+// alerts at the top and the "View Weather" submenu are built here.
 namespace tray {
 
 // Posted to the tray window to build the alert items once the popup has closed.

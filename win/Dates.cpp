@@ -29,7 +29,9 @@ std::string GeneralDateNow() {
     return ShortDate(now) + " " + time;
 }
 
-std::string ShortDateToday() { return ShortDate(Now()); }
+std::string ShortDateToday() {
+    return ShortDate(Now());
+}
 
 std::string ShortDateOf(std::string_view text) {
     std::wstring wide = ToWide(text);

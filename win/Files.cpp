@@ -5,9 +5,13 @@
 namespace win {
 namespace {
 
-DWORD Attributes(const std::string& path) { return GetFileAttributesA(path.c_str()); }
+DWORD Attributes(const std::string& path) {
+    return GetFileAttributesA(path.c_str());
+}
 
-std::uint64_t Join64(DWORD high, DWORD low) { return (std::uint64_t{high} << 32) | low; }
+std::uint64_t Join64(DWORD high, DWORD low) {
+    return (std::uint64_t{high} << 32) | low;
+}
 
 bool WriteAll(const std::string& path, std::string_view text) {
     const FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
@@ -53,8 +57,9 @@ bool FileHasContent(const std::string& path) {
 }
 
 std::optional<std::string> ReadWholeFile(const std::string& path, std::uint64_t limit) {
-    const FileHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                      nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    const FileHandle file(CreateFileA(path.c_str(), GENERIC_READ,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                      FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     LARGE_INTEGER size;
     if (!file || !GetFileSizeEx(file.Get(), &size)) return std::nullopt;
     if (static_cast<std::uint64_t>(size.QuadPart) > limit) return std::nullopt;
@@ -71,15 +76,16 @@ bool ReplaceFileWhole(const std::string& path, std::string_view text) {
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY))
         return false;
     const std::string beside = path + ".new";
-    if (WriteAll(beside, text) &&
-        MoveFileExA(beside.c_str(), path.c_str(),
-                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+    if (WriteAll(beside, text) && MoveFileExA(beside.c_str(), path.c_str(),
+                                              MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
         return true;
     DeleteFileA(beside.c_str());
     return false;
 }
 
-void DeleteFileQuietly(const std::string& path) { DeleteFileA(path.c_str()); }
+void DeleteFileQuietly(const std::string& path) {
+    DeleteFileA(path.c_str());
+}
 
 std::vector<std::string> FindFileNames(const std::string& pattern) {
     std::vector<std::string> names;
@@ -89,7 +95,9 @@ std::vector<std::string> FindFileNames(const std::string& pattern) {
     return names;
 }
 
-void MakeFolder(const std::string& path) { CreateDirectoryA(path.c_str(), nullptr); }
+void MakeFolder(const std::string& path) {
+    CreateDirectoryA(path.c_str(), nullptr);
+}
 
 static void CopyOneFile(const std::string& from, const std::string& to) {
     // A copy made from read-only media must stay replaceable.

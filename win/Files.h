@@ -18,8 +18,8 @@ bool FileHasContent(const std::string& path);
 std::optional<std::string> ReadWholeFile(const std::string& path,
                                          std::uint64_t limit = 64u * 1024 * 1024);
 
-// Writes the text to a file beside `path` and puts it in place whole: a reader, or a crash, sees the
-// old file or the new one. False, with the old file untouched, when it cannot be done.
+// Writes the text to a file beside `path` and puts it in place whole: a reader, or a crash, sees
+// the old file or the new one. False, with the old file untouched, when it cannot be done.
 bool ReplaceFileWhole(const std::string& path, std::string_view text);
 
 // Deletes the file; a missing one is no error.

@@ -8,10 +8,13 @@ Icon LoadIconFile(const std::string& path, int pixels) {
 }
 
 Icon LoadIconResource(int identifier, int pixels) {
-    return Icon(static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(identifier),
-                                              IMAGE_ICON, pixels, pixels, LR_DEFAULTCOLOR)));
+    return Icon(
+        static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(identifier),
+                                      IMAGE_ICON, pixels, pixels, LR_DEFAULTCOLOR)));
 }
 
-int SmallIconSize() { return GetSystemMetrics(SM_CXSMICON); }
+int SmallIconSize() {
+    return GetSystemMetrics(SM_CXSMICON);
+}
 
 }  // namespace win

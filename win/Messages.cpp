@@ -37,7 +37,8 @@ void Tell(HWND owner, const std::string& text, UINT icon) {
 }
 
 bool Ask(HWND owner, const std::string& text, UINT icon) {
-    return MessageBoxA(owner, text.c_str(), kProgramName, MB_YESNO | icon | MB_SETFOREGROUND) == IDYES;
+    return MessageBoxA(owner, text.c_str(), kProgramName, MB_YESNO | icon | MB_SETFOREGROUND) ==
+           IDYES;
 }
 
 }  // namespace win

@@ -3,12 +3,14 @@
 #include <shellapi.h>
 
 #include "win/Files.h"
+#include "win/TextRules.h"
 
 namespace win {
 
 void OpenInBrowser(HWND owner, const std::string& address) {
-    ShellExecuteA(owner, "Open", address.c_str(), nullptr, ExecutableFolder().c_str(),
-                  SW_SHOWNORMAL);
+    // Parts of addresses come from feeds and files: a quote would end the browser's argument.
+    ShellExecuteA(owner, "Open", ReplaceAll(address, "\"", "%22").c_str(), nullptr,
+                  ExecutableFolder().c_str(), SW_SHOWNORMAL);
 }
 
 }  // namespace win

@@ -5,8 +5,8 @@
 
 namespace win {
 
-// Hands an address or document to the shell's "Open" verb, from the program folder, in a normal window.
-// An address that nothing is registered for does nothing.
+// Hands an address or document to the shell's "Open" verb, from the program folder, in a normal
+// window. An address that nothing is registered for does nothing.
 void OpenInBrowser(HWND owner, const std::string& address);
 
 }  // namespace win

@@ -8,7 +8,9 @@
 namespace win {
 namespace {
 
-bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+bool IsContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
 
 // The length of the well-formed UTF-8 sequence at the start of the text, 0 when there is none.
 std::size_t SequenceLength(std::string_view text) {

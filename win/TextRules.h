@@ -41,8 +41,8 @@ std::string Join(const std::vector<std::string>& pieces, std::string_view separa
 // one point.
 bool IsNumeric(std::string_view text);
 
-// The number that the text begins with (blanks and line feeds before it are skipped, digits may hold
-// one decimal point), 0 when it begins with none. At most about 1e308.
+// The number that the text begins with (blanks and line feeds before it are skipped, digits may
+// hold one decimal point), 0 when it begins with none. At most about 1e308.
 double LeadingNumber(std::string_view text);
 
 // LeadingNumber as a 16-bit whole number; 0 when it does not fit.

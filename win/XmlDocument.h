@@ -16,8 +16,8 @@ using XmlNodeList = Microsoft::WRL::ComPtr<IXMLDOMNodeList>;
 // declaration. Lets messages run while it loads.
 XmlDocument LoadXmlFile(const std::string& path);
 
-// The nodes of a selection path, in document order; null when there are none to be had. Prefixes are
-// those written in the document.
+// The nodes of a selection path, in document order; null when there are none to be had. Prefixes
+// are those written in the document.
 XmlNodeList SelectNodes(const XmlDocument& document, const char* path);
 
 // The next node of the list, null behind the last.

@@ -16,7 +16,8 @@ bool IsWide(std::string_view bytes) {
            bytes.starts_with(std::string_view("\0<", 2));
 }
 
-// The text's ASCII part: two-byte characters lose their zero byte. Enough of it for any sane prolog.
+// The text's ASCII part: two-byte characters lose their zero byte. Enough of it for any sane
+// prolog.
 std::string AsciiStart(std::string_view bytes) {
     constexpr std::size_t wanted = 64 * 1024;
     std::string start(bytes.substr(0, wanted));

@@ -51,8 +51,7 @@ std::string ShowOpenFileDialog(HWND owner, const OpenFileRequest& request) {
     dialog.lpstrInitialDir = request.startFolder.c_str();
     dialog.Flags =
         OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    centringHook =
-        SetWindowsHookExA(WH_CBT, CentreOnActivation, nullptr, GetCurrentThreadId());
+    centringHook = SetWindowsHookExA(WH_CBT, CentreOnActivation, nullptr, GetCurrentThreadId());
     const bool chosen = GetOpenFileNameA(&dialog);
     if (centringHook) UnhookWindowsHookEx(std::exchange(centringHook, nullptr));
     return chosen ? std::string(path) : std::string();

@@ -12,8 +12,8 @@ struct OpenFileRequest {
     std::string startFolder;
 };
 
-// Shows the system's file-open dialog in the centre of the screen; the chosen path, or empty when it
-// is cancelled.
+// Shows the system's file-open dialog in the centre of the screen; the chosen path, or empty when
+// it is cancelled.
 std::string ShowOpenFileDialog(HWND owner, const OpenFileRequest& request);
 
 }  // namespace win

@@ -25,11 +25,14 @@ TEST(AlertFeedRules, KeepsOrDropsByWords) {
         bool kept;
     };
     const std::vector<std::string> both{"tornado", "flood"};
-    const Case cases[] = {
-        {"a tornado near", both, false, false}, {"a tornado near", both, true, false},
-        {"tornado and flood", both, true, true}, {"calm", both, false, true},
-        {"thunderstorms", {"storm"}, false, false}, {"anything", {""}, false, false},
-        {"anything", {""}, true, true}, {"anything", {}, true, true}};
+    const Case cases[] = {{"a tornado near", both, false, false},
+                          {"a tornado near", both, true, false},
+                          {"tornado and flood", both, true, true},
+                          {"calm", both, false, true},
+                          {"thunderstorms", {"storm"}, false, false},
+                          {"anything", {""}, false, false},
+                          {"anything", {""}, true, true},
+                          {"anything", {}, true, true}};
     for (const Case& c : cases)
         EXPECT_EQ(KeepsAlert(c.body, c.words, c.showOnly), c.kept) << c.body << c.showOnly;
 }
@@ -40,10 +43,10 @@ TEST(AlertFeedRules, KnowsASeenIdentifierOnlyWhole) {
         std::string identifier;
         bool isSeen;
     };
-    const Case cases[] = {{"", "1", false},        {"1", "1", true},     {"11", "1", false},
-                          {"1|2|3", "1", true},    {"1|2|3", "2", true}, {"1|2|3", "3", true},
+    const Case cases[] = {{"", "1", false},         {"1", "1", true},         {"11", "1", false},
+                          {"1|2|3", "1", true},     {"1|2|3", "2", true},     {"1|2|3", "3", true},
                           {"12|23|31", "1", false}, {"12|23|31", "3", false}, {"a|b", "a|b", true},
-                          {"", "", true},          {"a", "", false},     {"a||b", "", true}};
+                          {"", "", true},           {"a", "", false},         {"a||b", "", true}};
     for (const Case& c : cases)
         EXPECT_EQ(IsSeen(Bars(c.seen), Bars(c.identifier), bar), c.isSeen)
             << c.seen << " / " << c.identifier;

@@ -13,10 +13,11 @@ using settings::WriteSetting;
 class ParseAlertsTest : public tests::ScratchStore {
   protected:
     static std::int16_t Parse(const std::string& alerts, const std::string& code = "66044") {
-        return ParseAlerts(WriteScratchFile("<?xml version=\"1.0\"?><aws:weather xmlns:aws=\"http://a\">"
-                                            "<aws:alerts>" +
-                                            alerts + "</aws:alerts></aws:weather>"),
-                           code);
+        return ParseAlerts(
+            WriteScratchFile("<?xml version=\"1.0\"?><aws:weather xmlns:aws=\"http://a\">"
+                             "<aws:alerts>" +
+                             alerts + "</aws:alerts></aws:weather>"),
+            code);
     }
     static std::string Alert(const std::string& id, const std::string& title,
                              const std::string& body) {
@@ -29,7 +30,8 @@ class ParseAlertsTest : public tests::ScratchStore {
 };
 
 TEST_F(ParseAlertsTest, StoresAlertsAndCountsNewOnes) {
-    EXPECT_EQ(Parse(Alert("1", "Flood &amp; more", "two  blanks   three ") + Alert("2", "Wind", "b")), 2);
+    EXPECT_EQ(
+        Parse(Alert("1", "Flood &amp; more", "two  blanks   three ") + Alert("2", "Wind", "b")), 2);
     EXPECT_EQ(Stored("title1"), "Flood & more");
     EXPECT_EQ(Stored("body1"), "two blanks three");
     EXPECT_EQ(Stored("zipcode1"), "66044");
@@ -65,7 +67,8 @@ TEST_F(ParseAlertsTest, FiltersByWords) {
         WriteSetting("Options", "AlertFilters", c.words);
         WriteSetting("Options", "ShowFilteredWords", c.showOnly);
         WriteSetting("Alerts", "Count", "0");
-        Parse(Alert("1", "", "a Tornado") + Alert("2", "", "tornado, FLOODS") + Alert("3", "", "calm"));
+        Parse(Alert("1", "", "a Tornado") + Alert("2", "", "tornado, FLOODS") +
+              Alert("3", "", "calm"));
         EXPECT_EQ(Stored("Count"), c.count) << c.words << c.showOnly;
         EXPECT_EQ(Stored("id1"), c.firstId) << c.words << c.showOnly;
     }
@@ -76,7 +79,8 @@ TEST_F(ParseAlertsTest, TakesADocumentThatDoesNotLoadForNoAlerts) {
     const std::string start = "<aws:weather xmlns:aws='http://a'>";
     for (const std::string& document :
          {std::string(), std::string("<html><body>Bad gateway<br></html>"), start + "<aws:alerts>",
-          std::string("\0\1\2\3", 4), "<!DOCTYPE a [<!ENTITY b SYSTEM 'file:///c:/x'>]>" + start + "&b;",
+          std::string("\0\1\2\3", 4),
+          "<!DOCTYPE a [<!ENTITY b SYSTEM 'file:///c:/x'>]>" + start + "&b;",
           "<!DOCTYPE a [<!ENTITY b 'x'>]>" + start + "</aws:weather>"}) {
         EXPECT_EQ(ParseAlerts(WriteScratchFile(document), "1"), 0);
         EXPECT_EQ(Stored("Count"), "5");

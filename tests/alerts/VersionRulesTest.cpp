@@ -11,11 +11,10 @@ TEST(VersionRules, ComparesTheDigitsAsOneNumber) {
         const char* running;
         bool newer;
     };
-    const Case cases[] = {{"1.3.0", "1.2.9", true},  {"1.2.10", "1.3.0", true},
-                          {"1.0.2", "1.0.2", false}, {"1.0.1", "1.0.2", false},
-                          {"1.0.3\r\n", "1.0.2", true}, {"beta", "1.0.2", false},
-                          {"9.9.9.9.9", "1.0.2", false}, {"", "1.0.2", false},
-                          {"1.0.2", "", true}};
+    const Case cases[] = {
+        {"1.3.0", "1.2.9", true},      {"1.2.10", "1.3.0", true},    {"1.0.2", "1.0.2", false},
+        {"1.0.1", "1.0.2", false},     {"1.0.3\r\n", "1.0.2", true}, {"beta", "1.0.2", false},
+        {"9.9.9.9.9", "1.0.2", false}, {"", "1.0.2", false},         {"1.0.2", "", true}};
     for (const Case& c : cases)
         EXPECT_EQ(IsNewerVersion(c.offered, c.running), c.newer) << c.offered << c.running;
 }
@@ -24,7 +23,8 @@ TEST(VersionRules, TellsAVersionFromAnErrorPage) {
     EXPECT_FALSE(IsVersionTooLong("  " + std::string(20, '1') + "  "));
     EXPECT_TRUE(IsVersionTooLong(std::string(21, '1')));
     EXPECT_FALSE(IsVersionTooLong(""));
-    for (const char* text : {"1.0.3", " 1.0.3\r\n", "1.0.3 \n"}) EXPECT_EQ(OfferedVersion(text), "1.0.3");
+    for (const char* text : {"1.0.3", " 1.0.3\r\n", "1.0.3 \n"})
+        EXPECT_EQ(OfferedVersion(text), "1.0.3");
 }
 
 }  // namespace

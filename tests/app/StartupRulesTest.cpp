@@ -11,9 +11,9 @@ TEST(StartupRules, ReadsTheSwitchesAnywhere) {
         bool ini;
         bool defaultUser;
     };
-    for (const Case& c : {Case{"", false, false}, Case{"-i", true, false}, Case{"-id", true, true},
-                          Case{"x -i", true, false}, Case{"-I", false, false},
-                          Case{"semi-ideal", true, true}}) {
+    for (const Case& c :
+         {Case{"", false, false}, Case{"-i", true, false}, Case{"-id", true, true},
+          Case{"x -i", true, false}, Case{"-I", false, false}, Case{"semi-ideal", true, true}}) {
         EXPECT_EQ(ReadStoreSwitches(c.line).useIni, c.ini) << c.line;
         EXPECT_EQ(ReadStoreSwitches(c.line).defaultUser, c.defaultUser) << c.line;
     }

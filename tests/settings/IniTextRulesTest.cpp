@@ -36,7 +36,8 @@ TEST(IniTextRules, MergesWithoutTouchingAnythingElse) {
 
 TEST(IniTextRules, ReadsBackWhatWasMerged) {
     // A feed's text must never begin a line, a section or a key of its own.
-    for (const std::string hostile : {"x\r\n[Options]\r\nICON=c:\\bad.ico", "\n[Options]", "a\rb=c"}) {
+    for (const std::string hostile :
+         {"x\r\n[Options]\r\nICON=c:\\bad.ico", "\n[Options]", "a\rb=c"}) {
         const std::string merged = MergeIniSection("[Options]\r\nICON=mine\r\n", "Alerts",
                                                    {{"body1", hostile}, {"count", "1"}});
         EXPECT_EQ(ReadIniSection(merged, "Options"), (KeyValues{{"icon", "mine"}})) << hostile;

@@ -20,8 +20,8 @@ TEST(ScrambleRules, GivesBackWhatItTook) {
 }
 
 TEST(ScrambleRules, RefusesWhatHasNoCode) {
-    EXPECT_FALSE(Scramble("\xC3\xBF"));          // the last code, which leaves no room
-    EXPECT_FALSE(Scramble("Łukasz"));            // no code up to 255
+    EXPECT_FALSE(Scramble("\xC3\xBF"));  // the last code, which leaves no room
+    EXPECT_FALSE(Scramble("Łukasz"));    // no code up to 255
     EXPECT_FALSE(Scramble(std::string(140, 'z')));
     EXPECT_TRUE(Scramble(std::string(133, 'z')));
     EXPECT_FALSE(Unscramble("\x01"));

@@ -20,14 +20,18 @@ INSTANTIATE_TEST_SUITE_P(Both, EitherStore, testing::Values(kUseIniStore, kUseRe
 
 TEST_P(EitherStore, GivesBackWhatItTook) {
     EXPECT_EQ(ReadSetting("Options", "Never written"), "");
-    for (const std::string value :
-         {"True", " blanks at both ends ", "\"quoted\"", "a|||||b", "Łódź ¦ 天気", "a=b;c", ""}) {
+    for (const std::string value : {"True", " blanks at both ends ", "\"quoted\"", "a|||||b",
+                                    "Łódź ¦ 天気", "a=b;c", "", "last"}) {
         WriteSetting("Options", "LastUpdated", value);
         EXPECT_EQ(ReadSetting("Options", "LASTupdated"), value);
     }
+    const bool isIni = GetParam() == kUseIniStore;
+    WriteSetting("Options", "Long", std::string(800, 'x'));
+    EXPECT_EQ(ReadSetting("Options", "Long").size(), isIni ? 749u : 800u);
+    // What an INI file makes of a line this long is the system's affair; the rest must stay.
     WriteSetting("Options", "Long", std::string(100000, 'x'));
-    EXPECT_EQ(ReadSetting("Options", "LastUpdated"), "");
-    EXPECT_EQ(ReadSetting("Options", "Long").size(), GetParam() == kUseIniStore ? 749u : 100000u);
+    EXPECT_LE(ReadSetting("Options", "Long").size(), isIni ? 749u : 100000u);
+    EXPECT_EQ(ReadSetting("Options", "LastUpdated"), "last");
 }
 
 TEST_P(EitherStore, WritesManyAsIfOneByOne) {

@@ -14,8 +14,8 @@ TEST(StationLineRules, TakesALineApart) {
         std::string code;
     };
     const Case cases[] = {
-        {"Lawrence, KS (Airport)" + blanks + "KLWC***66044***38.9***-95.2", "Lawrence, KS (Airport)",
-         "66044"},
+        {"Lawrence, KS (Airport)" + blanks + "KLWC***66044***38.9***-95.2",
+         "Lawrence, KS (Airport)", "66044"},
         {blanks + "id***1", "", "1"},
         {"x" + blanks, "x", ""},
         {"x" + blanks + "id", "x", ""},

@@ -21,7 +21,8 @@ TEST(ClockRules, ShowsTheTimeTodayAndTheDateLater) {
     };
     const Case cases[] = {
         {"", "", "5/3/2008", ""},
-        {"5/3/2008 4:12:10 PM", "5/3/2008", "5/3/2008", "Skyvane Alerts (Last Updated: 4:12:10 PM)"},
+        {"5/3/2008 4:12:10 PM", "5/3/2008", "5/3/2008",
+         "Skyvane Alerts (Last Updated: 4:12:10 PM)"},
         {"5/2/2008 4:12:10 PM", "5/2/2008", "5/3/2008",
          "Skyvane Alerts (Last Updated: 5/2/2008 @ 4:12:10 @ PM)"},
         {"3. 5. 2008 16:12", "3. 5. 2008", "3. 5. 2008", "Skyvane Alerts (Last Updated: 16:12)"},

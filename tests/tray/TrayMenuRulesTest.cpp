@@ -40,8 +40,8 @@ TEST(TrayMenuRules, FindsAChosenAlertByWholeNumberOrLowWord) {
         std::uint32_t chosen;
         std::optional<std::string> code;
     };
-    const Case cases[] = {{0x00010F23, "66044"}, {0x0F23, "66044"}, {0x0002AF23, "odd"},
-                          {0xAF23, "odd"},       {412345, "last"},  {412345 & 0xFFFF, "last"},
+    const Case cases[] = {{0x00010F23, "66044"}, {0x0F23, "66044"},    {0x0002AF23, "odd"},
+                          {0xAF23, "odd"},       {412345, "last"},     {412345 & 0xFFFF, "last"},
                           {12345, std::nullopt}, {8000, std::nullopt}, {45, std::nullopt}};
     for (const Case& c : cases) EXPECT_EQ(FindInAlertMap(map, c.chosen), c.code) << c.chosen;
     EXPECT_EQ(FindInAlertMap("", 0), std::nullopt);

@@ -12,7 +12,9 @@ namespace {
 class ServicesTest : public tests::ScratchStore {};
 
 int ticks = 0;
-void CALLBACK CountTick(HWND, UINT, UINT_PTR, DWORD) { ++ticks; }
+void CALLBACK CountTick(HWND, UINT, UINT_PTR, DWORD) {
+    ++ticks;
+}
 
 TEST_F(ServicesTest, MakesAndClearsTemporaryFiles) {
     const std::string kept = MakeTempFileName("SVL");

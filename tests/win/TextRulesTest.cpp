@@ -18,9 +18,9 @@ TEST(TextRules, CountsAndCutsByCharacterInUtf8AndByByteElsewhere) {
         {"abc", 3, "ab", "c"},
         {"Łódź", 4, "Łó", "dź"},
         {"\xF0\x9F\x8C\xAA!?", 3, "\xF0\x9F\x8C\xAA!", "?"},
-        {"\xE9t\xE9", 3, "\xE9t", "\xE9"},          // a single-byte code page
-        {"\xC0\xAF/x", 4, "\xC0\xAF", "/x"},        // overlong: no UTF-8
-        {"\xED\xA0\x80", 3, "\xED\xA0", "\x80"},    // half of a surrogate pair
+        {"\xE9t\xE9", 3, "\xE9t", "\xE9"},        // a single-byte code page
+        {"\xC0\xAF/x", 4, "\xC0\xAF", "/x"},      // overlong: no UTF-8
+        {"\xED\xA0\x80", 3, "\xED\xA0", "\x80"},  // half of a surrogate pair
     };
     for (const Case& c : cases) {
         EXPECT_EQ(CountChars(c.text), c.count) << c.text;
@@ -43,11 +43,20 @@ TEST(TextRules, ReadsTheNumberThatATextBeginsWith) {
         double number;
         int int16;
     };
-    const Case cases[] = {{"", 0, 0},         {"0", 0, 0},        {"0\r\n", 0, 0},
-                          {"abc", 0, 0},      {"1", 1, 1},        {"-1", -1, -1},
-                          {"404 gone", 404, 404}, {" \n 7", 7, 7}, {"+3", 3, 3},
-                          {"0.5", 0.5, 0},    {"32767", 32767, 32767}, {"32768", 32768, 0},
-                          {"-32769", -32769, 0}, {"1.2.3", 1.2, 1}};
+    const Case cases[] = {{"", 0, 0},
+                          {"0", 0, 0},
+                          {"0\r\n", 0, 0},
+                          {"abc", 0, 0},
+                          {"1", 1, 1},
+                          {"-1", -1, -1},
+                          {"404 gone", 404, 404},
+                          {" \n 7", 7, 7},
+                          {"+3", 3, 3},
+                          {"0.5", 0.5, 0},
+                          {"32767", 32767, 32767},
+                          {"32768", 32768, 0},
+                          {"-32769", -32769, 0},
+                          {"1.2.3", 1.2, 1}};
     for (const Case& c : cases) {
         EXPECT_DOUBLE_EQ(LeadingNumber(c.text), c.number) << c.text;
         EXPECT_EQ(LeadingInt16(c.text), c.int16) << c.text;

@@ -20,14 +20,17 @@ std::string Wide(std::string_view text, bool bigEndian) {
 TEST(XmlGuardRules, LetsOrdinaryDocumentsThrough) {
     for (const std::string& text :
          {std::string("<a/>"), std::string("\xEF\xBB\xBF<?xml version='1.0'?>\r\n<a/>"),
-          std::string("<?xml version=\"1.0\" encoding=\"utf-8\"?><!-- <!DOCTYPE --><?pi <!DOCTYPE?><a/>"),
-          std::string("<a><![CDATA[<!DOCTYPE html>]]></a>"), Wide("<?xml version='1.0'?><a/>", true),
-          Wide("<a/>", false), std::string("<?xml version='1.0' encoding='ISO-8859-1'?><a/>")})
+          std::string(
+              "<?xml version=\"1.0\" encoding=\"utf-8\"?><!-- <!DOCTYPE --><?pi <!DOCTYPE?><a/>"),
+          std::string("<a><![CDATA[<!DOCTYPE html>]]></a>"),
+          Wide("<?xml version='1.0'?><a/>", true), Wide("<a/>", false),
+          std::string("<?xml version='1.0' encoding='ISO-8859-1'?><a/>")})
         EXPECT_TRUE(IsSafeXml(text)) << text;
 }
 
 TEST(XmlGuardRules, RefusesDocumentTypesHoweverTheyAreWritten) {
-    const std::string declared = "<?xml version='1.0'?>\n<!-- x --><!DOCTYPE a SYSTEM 'http://x'><a/>";
+    const std::string declared =
+        "<?xml version='1.0'?>\n<!-- x --><!DOCTYPE a SYSTEM 'http://x'><a/>";
     for (const std::string& text :
          {declared, Wide(declared, true), Wide(declared, false), "\xEF\xBB\xBF" + declared,
           std::string("<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>"),
