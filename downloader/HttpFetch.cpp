@@ -113,9 +113,15 @@ bool OpenRequest(const Address& address, const std::string& accept, Exchange& ex
 }
 
 bool Send(HINTERNET request) {
-    return WinHttpSendRequest(request, WINHTTP_NO_ADDITIONAL_HEADERS, 0, WINHTTP_NO_REQUEST_DATA, 0,
-                              0, 0) &&
-           WinHttpReceiveResponse(request, nullptr);
+    constexpr int kLegs = 4;  // some ways to log in take several requests
+    for (int leg = 0; leg < kLegs; ++leg) {
+        if (!WinHttpSendRequest(request, WINHTTP_NO_ADDITIONAL_HEADERS, 0, WINHTTP_NO_REQUEST_DATA,
+                                0, 0, 0))
+            return false;
+        if (WinHttpReceiveResponse(request, nullptr)) return true;
+        if (GetLastError() != ERROR_WINHTTP_RESEND_REQUEST) return false;
+    }
+    return false;
 }
 
 std::string Header(HINTERNET request, DWORD header) {

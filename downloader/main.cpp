@@ -33,6 +33,7 @@ int Run() {
     else if (status != kSuccess)
         EndWith(status);
     EndQuietlyAfterCrashes();
+    // The variable is for tests and for those who would rather not wait a minute.
     StartWatchdog(LimitSeconds(win::Environment("SKYVANE_DL_SECONDS")));
     settings::ImportStoreChoice();
     const Reply reply = FetchFrom(job->url);
