@@ -34,7 +34,7 @@ win::KernelHandle RunDownloader(const std::string& argument) {
     std::string commandLine = program + " " + argument;
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.dwFlags = STARTF_USESHOWWINDOW | STARTF_FORCEOFFFEEDBACK;
     startup.wShowWindow = SW_SHOWMINIMIZED;
     PROCESS_INFORMATION process{};
     win::KernelHandle downloader;

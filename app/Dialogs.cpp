@@ -1,10 +1,9 @@
+#include "options/frmOptions.h"
 #include "tray/TrayCommands.h"
 
-// Where the tray's wishes for a dialog lead.
+// Where the tray's wish for the Options dialog leads.
 namespace tray {
 
-void ShowOptions() {}
-
-void ShowAbout() {}
+void ShowOptions() { options::ShowOptionsDialog(); }
 
 }  // namespace tray

@@ -5,7 +5,7 @@ set(productDir ${CMAKE_BINARY_DIR}/product)
 list(REMOVE_ITEM windowsFiles ${CMAKE_SOURCE_DIR}/win/Terminate.cpp)
 add_library(program STATIC ${windowsFiles})
 target_link_libraries(program PUBLIC rules
-  comctl32 comdlg32 ole32 oleaut32 shell32 winmm advapi32 user32 gdi32 uuid)
+  comctl32 comdlg32 ole32 oleaut32 shell32 winmm advapi32 user32 gdi32 uxtheme uuid)
 
 add_executable(SVAlerts WIN32 ${appFiles} app/SVAlerts.rc win/Terminate.cpp)
 target_link_libraries(SVAlerts PRIVATE program)

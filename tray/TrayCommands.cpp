@@ -10,6 +10,7 @@
 #include "stations/StationList.h"
 #include "tray/RetrieveAlerts.h"
 #include "tray/TrayMenuRules.h"
+#include "tray/frmAbout.h"
 #include "tray/frmTray.h"
 #include "tray/modExplorerMonitor.h"
 #include "tray/modTrayIcon.h"
@@ -62,7 +63,7 @@ void RunFixedCommand(unsigned identifier) {
         case mnuOptions:
             return mnuOptions_Click();
         case mnuAbout:
-            return ShowAbout();
+            return ShowAboutBox();
         case mnuSupportForums:
             return Open(settings::MakerHost() + "/Forum/index.php?c=24");
         case mnuSendBugReport:

@@ -18,3 +18,15 @@
 #define IDI_PROGRAM 1
 #define IDI_NORMAL 2
 #define IDI_NEWALERTS 3
+
+#define IDD_frmAbout 120
+#define IDB_WEATHERBUG 121
+#define frmAbout_Command1 1
+#define frmAbout_Label1 1101
+#define frmAbout_Label2 1102
+#define frmAbout_Label3 1103
+#define frmAbout_Label4 1104
+#define frmAbout_Label5 1105
+#define frmAbout_Label6 1106
+#define frmAbout_Image1 1107
+#define frmAbout_Image2 1108

@@ -32,8 +32,8 @@ void PumpOrWait(DWORD milliseconds, HANDLE other) {
     PumpPendingMessages();
 }
 
-void Tell(HWND owner, const std::string& text, UINT icon) {
-    MessageBoxA(owner, text.c_str(), kProgramName, MB_OK | icon | MB_SETFOREGROUND);
+void Tell(HWND owner, const std::string& text, UINT icon, const char* title) {
+    MessageBoxA(owner, text.c_str(), title, MB_OK | icon | MB_SETFOREGROUND);
 }
 
 bool Ask(HWND owner, const std::string& text, UINT icon) {

@@ -17,9 +17,8 @@ void PumpPendingMessages();
 // (which may be null) is signalled, or `milliseconds` have passed.
 void PumpOrWait(DWORD milliseconds, HANDLE other = nullptr);
 
-// Shows a message box titled with the program's name, brought to the foreground: OK with `icon`
-// (MB_ICONINFORMATION, ...).
-void Tell(HWND owner, const std::string& text, UINT icon);
+// Shows a message box with OK and `icon` (MB_ICONINFORMATION, ...), brought to the foreground.
+void Tell(HWND owner, const std::string& text, UINT icon, const char* title = kProgramName);
 
 // The same with Yes and No; true for Yes.
 bool Ask(HWND owner, const std::string& text, UINT icon);

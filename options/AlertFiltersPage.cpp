@@ -1,0 +1,100 @@
+#include "options/OptionsRules.h"
+#include "options/Pages.h"
+#include "options/resource.h"
+#include "settings/IniOpenSave.h"
+#include "win/Choice.h"
+#include "win/Dialog.h"
+#include "win/Messages.h"
+#include "win/TextRules.h"
+
+namespace options {
+
+using namespace settings;
+
+namespace {
+
+win::ChoiceControl List2(HWND page) {
+    return win::ListBox(page, frmOptions_List2);
+}
+
+void EnableRemove(HWND page) {
+    win::EnableControl(page, frmOptions_Command10, win::CountChoices(List2(page)) > 0);
+}
+
+void Command9_Click(HWND page) {
+    const std::string word(win::TrimBlanks(win::ControlText(page, frmOptions_Text3)));
+    win::SetControlText(page, frmOptions_Text3, word);
+    if (word.empty()) return;
+    MarkChanged(Page::AlertFilters);
+    const std::string entry = QuotedWord(word);
+    if (win::FindChoice(List2(page), entry) < 0) win::AddChoice(List2(page), entry);
+    win::SetControlText(page, frmOptions_Text3, "");
+    EnableRemove(page);
+    SetFocus(GetDlgItem(page, frmOptions_Text3));
+}
+
+void Command10_Click(HWND page) {
+    if (!win::Ask(GetParent(page),
+                  "Are you sure you want to remove the selected word(s)/phrase(s)?",
+                  MB_ICONQUESTION))
+        return;
+    const win::ChoiceControl list = List2(page);
+    for (int i = win::CountChoices(list) - 1; i >= 0; --i)
+        if (SendMessageA(list.window, LB_GETSEL, static_cast<WPARAM>(i), 0) > 0)
+            win::RemoveChoice(list, i);
+    MarkChanged(Page::AlertFilters);
+    EnableRemove(page);
+}
+
+// Enter in the word box adds the word instead of closing the dialog.
+void MakeAddTheDefault(HWND page, bool isDefault) {
+    const HWND dialog = GetParent(page);
+    SendMessageA(dialog, DM_SETDEFID, isDefault ? frmOptions_Command9 : IDOK, 0);
+}
+
+}  // namespace
+
+INT_PTR CALLBACK AlertFiltersProcedure(HWND page, UINT message, WPARAM wParam, LPARAM) {
+    if (message != WM_COMMAND) return FALSE;
+    const UINT event = HIWORD(wParam);
+    switch (LOWORD(wParam)) {
+        case frmOptions_Command9:
+            if (event == BN_CLICKED) Command9_Click(page);
+            return TRUE;
+        case frmOptions_Command10:
+            if (event == BN_CLICKED) Command10_Click(page);
+            return TRUE;
+        case frmOptions_Option6:
+        case frmOptions_OptionIgnore:
+            if (event == BN_CLICKED) MarkChanged(Page::AlertFilters);
+            return TRUE;
+        case frmOptions_Text3:
+            if (event == EN_SETFOCUS) MakeAddTheDefault(page, true);
+            if (event == EN_KILLFOCUS) MakeAddTheDefault(page, false);
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}
+
+void LoadAlertFilters(HWND page) {
+    const win::ChoiceControl list = List2(page);
+    SendMessageA(list.window, WM_SETREDRAW, FALSE, 0);
+    for (const std::string& word : win::Split(ReadSetting(kAlertFilters), kFilterSeparator))
+        win::AddChoice(list, QuotedWord(word));
+    SendMessageA(list.window, WM_SETREDRAW, TRUE, 0);
+    EnableRemove(page);
+    CheckRadioButton(
+        page, frmOptions_Option6, frmOptions_OptionIgnore,
+        IsTrue(ReadSetting(kShowFilteredWords)) ? frmOptions_Option6 : frmOptions_OptionIgnore);
+}
+
+void ApplyAlertFilters(HWND page) {
+    const win::ChoiceControl list = List2(page);
+    std::vector<std::string> entries;
+    for (int i = 0; i < win::CountChoices(list); ++i) entries.push_back(win::ChoiceText(list, i));
+    WriteSetting(kAlertFilters, JoinFilterWords(entries));
+    WriteSetting(kShowFilteredWords, BooleanText(win::IsChecked(page, frmOptions_Option6)));
+}
+
+}  // namespace options

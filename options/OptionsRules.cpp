@@ -1,0 +1,41 @@
+#include "options/OptionsRules.h"
+
+#include "settings/Catalogue.h"
+#include "stations/StationLineRules.h"
+#include "win/TextRules.h"
+
+namespace options {
+
+std::string PageKey(std::string_view tabText) {
+    return win::ReplaceAll(tabText, " ", "");
+}
+
+std::string QuotedWord(std::string_view word) {
+    return std::string("\"").append(word).append("\"");
+}
+
+std::string JoinFilterWords(const std::vector<std::string>& entries) {
+    return win::ReplaceAll(win::Join(entries, settings::kFilterSeparator), "\"", "");
+}
+
+std::string RemoveQuestion(std::string_view stationDisplayText) {
+    return std::string("Are you sure you want to remove ''")
+        .append(stationDisplayText)
+        .append("''?");
+}
+
+std::string EditedStationLine(std::string_view line, std::string_view answer) {
+    if (answer.empty()) return std::string(line);
+    return stations::MakeStationLine(win::TrimBlanks(answer), stations::HiddenText(line));
+}
+
+std::string RestartMessage(bool inProgramFolder) {
+    // Names the sibling product, on purpose.
+    return std::string(
+               "Skyvane Live must be restarted in order to make the necessary changes to begin "
+               "storing your Skyvane Live user files in ")
+        .append(inProgramFolder ? "the Skyvane Live program folder."
+                                : "your Windows user profile.");
+}
+
+}  // namespace options

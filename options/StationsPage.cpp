@@ -1,0 +1,132 @@
+#include <algorithm>
+#include <vector>
+
+#include "options/InputBox.h"
+#include "options/OptionsRules.h"
+#include "options/Pages.h"
+#include "options/resource.h"
+#include "search/frmSearch.h"
+#include "stations/StationLineRules.h"
+#include "stations/StationList.h"
+#include "tray/modTrayMenu.h"
+#include "win/Choice.h"
+#include "win/Dialog.h"
+#include "win/Messages.h"
+
+namespace options {
+namespace {
+
+// The whole lines behind the entries of Combo1, which shows their display texts.
+std::vector<std::string> lines;
+
+win::ChoiceControl Combo1(HWND page) {
+    return win::ComboBox(page, frmOptions_Combo1);
+}
+
+void EnableStationButtons(HWND page) {
+    for (const int button : {frmOptions_Command23, frmOptions_Command7, frmOptions_Command5})
+        win::EnableControl(page, button, !lines.empty());
+}
+
+void ShowLines(HWND page, int selected) {
+    const win::ChoiceControl combo = Combo1(page);
+    SendMessageA(combo.window, WM_SETREDRAW, FALSE, 0);
+    win::ClearChoices(combo);
+    for (const std::string& line : lines)
+        win::AddChoice(combo, std::string(stations::DisplayText(line)));
+    SendMessageA(combo.window, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(combo.window, nullptr, TRUE);
+    win::SelectChoice(combo, selected);
+    EnableStationButtons(page);
+}
+
+// The index of the selected line, or the count of lines when none is selected.
+std::size_t Selected(HWND page) {
+    const int index = win::SelectedChoice(Combo1(page));
+    return index < 0 ? lines.size() : static_cast<std::size_t>(index);
+}
+
+void ChangeLines(HWND page, std::size_t selected) {
+    const std::size_t last = lines.empty() ? 0 : lines.size() - 1;
+    ShowLines(page, static_cast<int>(selected < last ? selected : last));
+    MarkChanged(Page::Stations);
+}
+
+void Command6_Click(HWND page) {
+    const auto line = search::ShowSearchDialog(GetParent(page), Combo1(page).window);
+    if (!line) return;
+    // Marked changed even when the line is there already.
+    if (std::find(lines.begin(), lines.end(), *line) == lines.end()) lines.push_back(*line);
+    ChangeLines(page, Selected(page));
+    SetCombo1City(page, *line);
+}
+
+void Command23_Click(HWND page) {
+    const std::size_t selected = Selected(page);
+    if (selected >= lines.size()) return;
+    const std::string answer = ShowInputBox(
+        GetParent(page), "Edit the weather station below and press \"OK\" to save your changes.",
+        std::string(stations::DisplayText(lines[selected])));
+    if (answer.empty()) return;
+    lines[selected] = EditedStationLine(lines[selected], answer);
+    ChangeLines(page, selected);
+}
+
+void Command7_Click(HWND page) {
+    const std::size_t selected = Selected(page);
+    if (selected >= lines.size() ||
+        !win::Ask(GetParent(page), RemoveQuestion(stations::DisplayText(lines[selected])),
+                  MB_ICONQUESTION))
+        return;
+    lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(selected));
+    ChangeLines(page, selected);
+}
+
+void Command5_Click(HWND page) {
+    if (!win::Ask(GetParent(page), "Are you sure you want to remove all saved weather stations?",
+                  MB_ICONQUESTION))
+        return;
+    lines.clear();
+    ChangeLines(page, 0);
+}
+
+}  // namespace
+
+INT_PTR CALLBACK StationsProcedure(HWND page, UINT message, WPARAM wParam, LPARAM) {
+    if (message != WM_COMMAND || HIWORD(wParam) != BN_CLICKED) return FALSE;
+    switch (LOWORD(wParam)) {
+        case frmOptions_Command6:
+            Command6_Click(page);
+            return TRUE;
+        case frmOptions_Command23:
+            Command23_Click(page);
+            return TRUE;
+        case frmOptions_Command7:
+            Command7_Click(page);
+            return TRUE;
+        case frmOptions_Command5:
+            Command5_Click(page);
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}
+
+void LoadStations(HWND page) {
+    lines = stations::ReadStationFile(stations::StationFilePath());
+    ShowLines(page, 0);
+}
+
+void ApplyStations(HWND) {
+    stations::WriteStationFile(lines, stations::StationFilePath());
+    stations::SetStationList(lines);
+    stations::LoadStationList();
+    tray::BuildStationMenu();
+}
+
+void SetCombo1City(HWND page, const std::string& line) {
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        if (lines[i] == line) win::SelectChoice(Combo1(page), static_cast<int>(i));
+}
+
+}  // namespace options

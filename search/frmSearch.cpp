@@ -1,0 +1,9 @@
+#include "search/frmSearch.h"
+
+namespace search {
+
+std::optional<std::string> ShowSearchDialog(HWND, HWND) {
+    return std::nullopt;
+}
+
+}  // namespace search

@@ -1,0 +1,97 @@
+#include "tray/frmAbout.h"
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <string>
+
+#include "settings/Hosts.h"
+#include "tray/resource.h"
+#include "win/Dialog.h"
+#include "win/Messages.h"
+#include "win/Shell.h"
+#include "win/TextRules.h"
+
+namespace tray {
+namespace {
+
+HWND openBox = nullptr;
+
+// What a link shows, which is also where it leads.
+std::string LinkText(int control) {
+    const std::string markup = win::ControlText(openBox, control);
+    return win::ReplaceAll(win::ReplaceAll(markup, "<a>", ""), "</a>", "");
+}
+
+void ShowLink(int control, const std::string& text) {
+    win::SetControlText(openBox, control, "<a>" + text + "</a>");
+}
+
+void OpenWeatherHome() {
+    win::OpenInBrowser(openBox, settings::WeatherHost() + "?zcode=" + settings::kWeatherZone);
+}
+
+void FollowLink(UINT_PTR control) {
+    if (control == frmAbout_Label3) win::OpenInBrowser(openBox, LinkText(frmAbout_Label3));
+    if (control == frmAbout_Label4)
+        win::OpenInBrowser(openBox, "mailto:" + LinkText(frmAbout_Label4));
+}
+
+void Initialise(HWND dialog) {
+    openBox = dialog;
+    ShowLink(frmAbout_Label3, settings::MakerHost());
+    ShowLink(frmAbout_Label4, settings::MakerMail());
+    const HANDLE icon =
+        LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_PROGRAM), IMAGE_ICON,
+                   GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON), LR_SHARED);
+    SendDlgItemMessageA(dialog, frmAbout_Image1, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+}
+
+INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_INITDIALOG:
+            Initialise(dialog);
+            return TRUE;
+        case WM_COMMAND:
+            if (LOWORD(wParam) == frmAbout_Image2 && HIWORD(wParam) == STN_CLICKED)
+                OpenWeatherHome();
+            if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) win::EndModal(dialog);
+            return TRUE;
+        case WM_NOTIFY: {
+            const auto* note = reinterpret_cast<const NMHDR*>(lParam);
+            if (note->code == static_cast<UINT>(NM_CLICK) ||
+                note->code == static_cast<UINT>(NM_RETURN))
+                FollowLink(note->idFrom);
+            return TRUE;
+        }
+        case WM_SETCURSOR:
+            if (GetDlgCtrlID(reinterpret_cast<HWND>(wParam)) != frmAbout_Image2) return FALSE;
+            SetCursor(LoadCursorA(nullptr, IDC_HAND));
+            SetWindowLongPtrA(dialog, DWLP_MSGRESULT, TRUE);
+            return TRUE;
+        case WM_DESTROY:
+            openBox = nullptr;
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}
+
+}  // namespace
+
+void ShowAboutBox() {
+    if (openBox) {
+        SetForegroundWindow(openBox);
+        return;
+    }
+    INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LINK_CLASS | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&controls);
+    const HWND dialog = CreateDialogParamA(
+        GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_frmAbout), nullptr, AboutProcedure, 0);
+    if (!dialog) return;
+    win::PresentDialog(dialog, IDI_PROGRAM);
+    win::RunModal(dialog);
+    win::PumpPendingMessages();
+}
+
+}  // namespace tray

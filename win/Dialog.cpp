@@ -1,0 +1,72 @@
+#include "win/Dialog.h"
+
+#include "win/Images.h"
+
+namespace win {
+
+void RunModal(HWND dialog, bool (*translate)(const MSG&)) {
+    if (!dialog) return;
+    const HWND owner = GetWindow(dialog, GW_OWNER);
+    if (owner) EnableWindow(owner, FALSE);
+    MSG message;
+    while (IsWindow(dialog) && GetMessageA(&message, nullptr, 0, 0) > 0) {
+        if ((translate && translate(message)) || IsDialogMessageA(dialog, &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    if (IsWindow(dialog)) {  // the program is told to quit
+        PostQuitMessage(static_cast<int>(message.wParam));
+        EndModal(dialog);
+    }
+}
+
+void EndModal(HWND dialog) {
+    // The owner first: the system would else bring some other program's window to the front.
+    if (const HWND owner = GetWindow(dialog, GW_OWNER)) EnableWindow(owner, TRUE);
+    DestroyWindow(dialog);
+}
+
+void PresentDialog(HWND dialog, int iconResource) {
+    const struct {
+        WPARAM kind;
+        int metric;
+    } sizes[] = {{ICON_BIG, SM_CXICON}, {ICON_SMALL, SM_CXSMICON}};
+    for (const auto& size : sizes) {
+        // Shared icons belong to the system and need no owner.
+        const HANDLE icon =
+            LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(iconResource), IMAGE_ICON,
+                       GetSystemMetrics(size.metric), GetSystemMetrics(size.metric), LR_SHARED);
+        SendMessageA(dialog, WM_SETICON, size.kind, reinterpret_cast<LPARAM>(icon));
+    }
+    ShowWindow(dialog, SW_SHOW);
+    SetForegroundWindow(dialog);
+}
+
+std::string WindowText(HWND window) {
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
+    text.resize(static_cast<std::size_t>(
+        GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+std::string ControlText(HWND dialog, int control) {
+    return WindowText(GetDlgItem(dialog, control));
+}
+
+void SetControlText(HWND dialog, int control, const std::string& text) {
+    SetDlgItemTextA(dialog, control, text.c_str());
+}
+
+bool IsChecked(HWND dialog, int control) {
+    return IsDlgButtonChecked(dialog, control) == BST_CHECKED;
+}
+
+void SetChecked(HWND dialog, int control, bool checked) {
+    CheckDlgButton(dialog, control, checked ? BST_CHECKED : BST_UNCHECKED);
+}
+
+void EnableControl(HWND dialog, int control, bool enable) {
+    EnableWindow(GetDlgItem(dialog, control), enable);
+}
+
+}  // namespace win

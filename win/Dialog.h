@@ -1,0 +1,28 @@
+#pragma once
+#include <windows.h>
+
+#include <string>
+
+// What every dialog of the program does the same way.
+namespace win {
+
+// Runs the dialog until it is gone, as a modal one: its owner (which may be null) is disabled
+// meanwhile. `translate` sees each message first; true means that it took it.
+void RunModal(HWND dialog, bool (*translate)(const MSG&) = nullptr);
+
+// Closes a dialog that RunModal runs.
+void EndModal(HWND dialog);
+
+// Gives the dialog the program's icon and puts it in front.
+void PresentDialog(HWND dialog, int iconResource);
+
+// The text of a control, whole.
+std::string ControlText(HWND dialog, int control);
+std::string WindowText(HWND window);
+void SetControlText(HWND dialog, int control, const std::string& text);
+
+bool IsChecked(HWND dialog, int control);
+void SetChecked(HWND dialog, int control, bool checked);
+void EnableControl(HWND dialog, int control, bool enable);
+
+}  // namespace win
