@@ -21,6 +21,7 @@ MINUTE_TIMERS = (3, 2)
 WM_TIMER = 0x113
 
 LEFT, RIGHT = 1, 3
+DOUBLE_CLICK_SECONDS = 0.5
 
 
 def wait_until(condition, what, seconds=15):
@@ -132,7 +133,9 @@ class Program:
         self.store = stores.RegistryStore() if registry else stores.IniStore(folder / "Default.ini")
         self.arguments = [] if registry else ["-id"]
         self.process = None
+        self.launched = []
         self.ticks = 0
+        self.last_click = 0
 
     # Before the start.
 
@@ -144,10 +147,13 @@ class Program:
         (data_folder / "CityCode.cmb").write_bytes(b"".join(line + b"\r\n" for line in lines))
 
     def launch(self, *arguments, **environment):
-        return subprocess.Popen(["wine", str(self.folder / "SVAlerts.exe"), *arguments], cwd=self.folder,
-                                stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                stderr=open(self.folder.parent / "stderr.txt", "ab"),
-                                env={**os.environ, **environment})
+        with open(self.folder.parent / "stderr.txt", "ab") as stderr:
+            process = subprocess.Popen(["wine", str(self.folder / "SVAlerts.exe"), *arguments],
+                                       cwd=self.folder, stdin=subprocess.DEVNULL,
+                                       stdout=subprocess.DEVNULL, stderr=stderr,
+                                       env={**os.environ, **environment})
+        self.launched.append(process)
+        return process
 
     def start(self, **environment):
         """Starts the program and waits for its icon."""
@@ -179,7 +185,11 @@ class Program:
         wait_until(lambda: self.icon_picture() == picture, f"the icon's picture: {picture}")
 
     def click_icon(self, button=LEFT, times=1):
-        click(*wait_until(self.icon, "the icon").center(), button, times)
+        place = wait_until(self.icon, "the icon").center()
+        # Another click too soon would be taken as a double click's second half.
+        time.sleep(max(0, self.last_click + 1.2 * DOUBLE_CLICK_SECONDS - time.monotonic()))
+        click(*place, button, times)
+        self.last_click = time.monotonic()
 
     def tooltip(self):
         """The text that appears when the mouse rests on the icon."""
@@ -227,12 +237,10 @@ class Program:
         return self.is_running() and probe("send", TRAY_CLASS, 0, 0, 0) == [["0"]]
 
     def kill(self):
-        if self.process is None:
-            return
-        with contextlib.suppress(ProcessLookupError):
-            self.process.kill()
-        self.process.wait()
-        for number in self.downloaders():
+        for process in self.launched:
+            process.kill()
+            process.wait()
+        for number in processes_in(self.folder):
             with contextlib.suppress(ProcessLookupError):
                 os.kill(number, 9)
         wait_until(lambda: not self.icon(), "the icon goes")

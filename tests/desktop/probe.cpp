@@ -5,11 +5,13 @@
 //   windows                                the visible windows and what is in them
 //   send CLASS MESSAGE WPARAM LPARAM       SendMessage; MESSAGE is a number or a registered name
 //   post CLASS MESSAGE WPARAM LPARAM       PostMessage
+//   forget-icon CLASS                      takes the window's icon out of the taskbar
 //   counts CLASS                           what the window's process holds
 //   folders                                the user's temporary and application data folders
 //   catch ADDRESS                          as the browser: notes the address in opened.txt beside
 //   it
 #include <windows.h>
+#include <shellapi.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -88,6 +90,15 @@ HWND FindByClass(const char* className) {
     const HWND window = FindWindowA(className, nullptr);
     if (!window) std::exit(3);
     return window;
+}
+
+// Takes a program's icon out of the taskbar behind its back.
+void ForgetIcon(const char* className) {
+    NOTIFYICONDATAA icon{};
+    icon.cbSize = sizeof icon;
+    icon.hWnd = FindByClass(className);
+    icon.uID = 1;
+    Shell_NotifyIconA(NIM_DELETE, &icon);
 }
 
 void SendOrPost(bool wait, char** arguments) {
@@ -216,6 +227,8 @@ int main(int count, char** arguments) {
         SendOrPost(command == "send", arguments + 2);
     } else if (command == "counts" && count == 3) {
         PrintCounts(arguments[2]);
+    } else if (command == "forget-icon" && count == 3) {
+        ForgetIcon(arguments[2]);
     } else if (command == "folders") {
         Print(Escaped(std::getenv("TEMP")) + "\t" + Escaped(std::getenv("APPDATA")) + "\n");
     } else if (command == "catch") {
