@@ -11,9 +11,12 @@ namespace {
 
 // True in the first copy of this session; the handle marks it as long as the process lives.
 bool IsFirstCopy() {
-    static const win::KernelHandle mark(
-        CreateMutexA(nullptr, FALSE, "Local\\SkyvaneAlerts.FirstCopy"));
-    return GetLastError() != ERROR_ALREADY_EXISTS;
+    static win::KernelHandle mark;
+    const HANDLE mutex = CreateMutexA(nullptr, FALSE, "Local\\SkyvaneAlerts.FirstCopy");
+    // Read at once: whatever runs in between may change it.
+    const bool existed = GetLastError() == ERROR_ALREADY_EXISTS;
+    mark.Reset(mutex);
+    return !existed;
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 # The whole program on a desktop: each test_*.py is one test. They click on the one screen, so they
 # run one after another; run them under tools/desktop.sh, which gives them the screen and Wine.
+add_executable(probe WIN32 ${CMAKE_CURRENT_LIST_DIR}/probe.cpp)
+target_link_libraries(probe PRIVATE houseRules)
 file(GLOB desktopTests CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/test_*.py)
 foreach(desktopTest ${desktopTests})
   get_filename_component(name ${desktopTest} NAME_WE)
@@ -8,5 +10,5 @@ foreach(desktopTest ${desktopTests})
   set_tests_properties(desktop_${name} PROPERTIES
     RUN_SERIAL TRUE
     TIMEOUT 300
-    ENVIRONMENT "PRODUCT_DIR=${productDir};PYTHONDONTWRITEBYTECODE=1")
+    ENVIRONMENT "PRODUCT_DIR=${productDir};PROBE=$<TARGET_FILE:probe>;PYTHONDONTWRITEBYTECODE=1")
 endforeach()

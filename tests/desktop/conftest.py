@@ -1,0 +1,111 @@
+import os
+import pathlib
+import shutil
+
+import pytest
+
+import harness
+import stores
+from feed import Feed
+
+
+@pytest.fixture(scope="session")
+def user_folders():
+    """The user's temporary and application data folders in the Wine prefix."""
+    return [pathlib.Path(stores.unix_path(path)) for path in harness.probe("folders")[0]]
+
+
+@pytest.fixture
+def temp_folder(user_folders):
+    for file in user_folders[0].glob("SV*.tmp"):
+        file.unlink()
+    return user_folders[0]
+
+
+@pytest.fixture
+def app_data_folder(user_folders):
+    """The program's own folder in the application data; not there yet."""
+    folder = user_folders[1] / "SkyvaneAlerts"
+    shutil.rmtree(folder, ignore_errors=True)
+    yield folder
+    shutil.rmtree(folder, ignore_errors=True)
+
+
+@pytest.fixture(scope="session")
+def browser_folder(tmp_path_factory):
+    """Where the catcher lies that takes the place of the browser."""
+    folder = tmp_path_factory.mktemp("browser")
+    shutil.copy(os.environ["PROBE"], folder / "probe.exe")
+    command = f'"{stores.windows_path(folder / "probe.exe")}" catch "%1"'
+    escaped = command.replace("\\", "\\\\").replace('"', '\\"')
+    lines = ["Windows Registry Editor Version 5.00", ""]
+    for scheme in ("http", "https"):
+        lines += [f"[HKEY_LOCAL_MACHINE\\Software\\Classes\\{scheme}\\shell\\open\\command]", f'@="{escaped}"',
+                  f"[-HKEY_LOCAL_MACHINE\\Software\\Classes\\{scheme}\\shell\\open\\ddeexec]"]
+    stores.import_registry("\r\n".join(lines + [""]))
+    return folder
+
+
+class Browser:
+    """The addresses that reached the browser."""
+
+    def __init__(self, file):
+        self.file = file
+        file.unlink(missing_ok=True)
+
+    def opened(self):
+        if not self.file.exists():
+            return []
+        return [line.strip('"') for line in self.file.read_text(encoding="utf-8").splitlines()]
+
+    def wait_for(self, address):
+        opened = harness.wait_until(self.opened, f"the browser opens {address}")
+        assert opened == [address]
+        self.file.unlink()
+
+
+@pytest.fixture
+def browser(browser_folder):
+    return Browser(browser_folder / "opened.txt")
+
+
+@pytest.fixture
+def feed():
+    feed = Feed()
+    yield feed
+    feed.close()
+
+
+@pytest.fixture
+def make_program(tmp_path):
+    """make_program(registry=False): a program folder of its own, ended surely after the test."""
+    made = []
+
+    def make(registry=False):
+        made.append(harness.Program(tmp_path / "program folder", registry))
+        return made[-1]
+
+    harness.point_at(600, 300)
+    yield make
+    for program in made:
+        program.kill()
+
+
+@pytest.fixture
+def make_watcher(make_program, feed):
+    """make_watcher(*stations, registry=False, **options): a program that has been used before and
+    watches the stations, with the feed as its source."""
+
+    def make(*stations, registry=False, options=(), misc=()):
+        program = make_program(registry)
+        user = harness.user_name() if registry else "Default"
+        program.write_stations(*stations, user=user)
+        program.store.write({
+            "Hosts": {"Feed": feed.address},
+            "Options": {"StoreFilesInProgramFolder": "True", "AutoUpdateInterval": "Every 5 minutes",
+                        **dict(options)},
+            "Misc": {"Runs": "2", **dict(misc)},
+        })
+        return program
+
+    return make

@@ -1,0 +1,265 @@
+"""Drives SVAlerts.exe as a person would, and sees what a person would see.
+
+The caller (tools/desktop.sh) gives the screen with its taskbar and a Wine prefix; PRODUCT_DIR names the
+built program folder and PROBE the helper that looks around inside Wine.
+"""
+
+import contextlib
+import os
+import pathlib
+import shutil
+import subprocess
+import time
+from dataclasses import dataclass
+
+import stores
+
+PROGRAM_NAME = "Skyvane Alerts"
+TRAY_CLASS = "SkyvaneAlertsTray"
+# The minute clock's two timers, of which one runs at a time, the first one first.
+MINUTE_TIMERS = (3, 2)
+WM_TIMER = 0x113
+
+LEFT, RIGHT = 1, 3
+DOUBLE_CLICK_SECONDS = 0.5
+
+
+def wait_until(condition, what, seconds=15):
+    """Returns the first true answer of `condition`."""
+    deadline = time.monotonic() + seconds
+    while True:
+        answer = condition()
+        if answer:
+            return answer
+        assert time.monotonic() < deadline, f"not within {seconds} s: {what}"
+        time.sleep(0.02)
+
+
+def stays(condition, seconds):
+    """Whether `condition` holds all the time: only for what must not happen."""
+    deadline = time.monotonic() + seconds
+    while time.monotonic() < deadline:
+        if not condition():
+            return False
+        time.sleep(0.05)
+    return True
+
+
+def probe(*arguments):
+    result = subprocess.run(["wine", os.environ["PROBE"], *map(str, arguments)], stdout=subprocess.PIPE,
+                            stderr=subprocess.DEVNULL, timeout=60)
+    assert result.returncode == 0, f"probe {arguments}: {result.returncode}"
+    text = result.stdout.decode("utf-8")
+    return [[stores.unescape(field) for field in line.split("\t")] for line in text.split("\n")[:-1]]
+
+
+@dataclass
+class Window:
+    parent: int
+    process: int
+    left: int
+    top: int
+    right: int
+    bottom: int
+    enabled: bool
+    class_name: str
+    text: str
+    children: list
+
+    def center(self):
+        return (self.left + self.right) // 2, (self.top + self.bottom) // 2
+
+
+def visible_windows():
+    """The visible top-level windows, each with everything visible in it."""
+    top_level = []
+    for fields in probe("windows"):
+        parent, process, left, top, right, bottom, enabled = map(int, fields[:7])
+        window = Window(parent, process, left, top, right, bottom, bool(enabled), *fields[7:9], [])
+        (top_level[-1].children if parent else top_level).append(window)
+    return top_level
+
+
+def find_windows(class_name, text=None):
+    return [window for window in visible_windows()
+            if window.class_name == class_name and text in (None, window.text)]
+
+
+def point_at(x, y):
+    subprocess.run(["xdotool", "mousemove", str(x), str(y)], check=True)
+
+
+def click(x, y, button=LEFT, times=1):
+    subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(times),
+                    "--delay", "60", str(button)], check=True)
+
+
+def pixels(left, top, width, height):
+    raw = subprocess.run(["import", "-silent", "-window", "root", "-crop",
+                          f"{width}x{height}+{left}+{top}", "-depth", "8", "rgb:-"],
+                         check=True, stdout=subprocess.PIPE).stdout
+    return [tuple(raw[i:i + 3]) for i in range(0, len(raw), 3)]
+
+
+class MessageBox:
+    def __init__(self, window):
+        statics = [child.text for child in window.children if child.class_name == "Static"]
+        self.text = max(statics, key=len)
+        self.buttons = {child.text.replace("&", ""): child for child in window.children
+                        if child.class_name == "Button"}
+
+    def answer(self, button):
+        click(*self.buttons[button].center())
+        wait_until(lambda: not message_boxes(), "the message box closes")
+
+
+def message_boxes():
+    return [MessageBox(window) for window in find_windows("#32770", PROGRAM_NAME)]
+
+
+def wait_for_message_box():
+    def find():
+        found = message_boxes()
+        return found[0] if found and found[0].buttons else None
+    return wait_until(find, "a message box")
+
+
+class Program:
+    """A program folder of its own, with the settings and stations it starts from."""
+
+    def __init__(self, folder, registry=False):
+        self.folder = folder
+        shutil.copytree(os.environ["PRODUCT_DIR"], folder)
+        self.store = stores.RegistryStore() if registry else stores.IniStore(folder / "Default.ini")
+        self.arguments = [] if registry else ["-id"]
+        self.process = None
+        self.launched = []
+        self.ticks = 0
+        self.last_click = 0
+
+    # Before the start.
+
+    def write_stations(self, *stations, user="Default"):
+        """Each station is a pair of display text and code, or a whole line as bytes."""
+        data_folder = self.folder / "Users" / user
+        data_folder.mkdir(parents=True, exist_ok=True)
+        lines = [station if isinstance(station, bytes) else station_line(*station) for station in stations]
+        (data_folder / "CityCode.cmb").write_bytes(b"".join(line + b"\r\n" for line in lines))
+
+    def launch(self, *arguments, **environment):
+        with open(self.folder.parent / "stderr.txt", "ab") as stderr:
+            process = subprocess.Popen(["wine", str(self.folder / "SVAlerts.exe"), *arguments],
+                                       cwd=self.folder, stdin=subprocess.DEVNULL,
+                                       stdout=subprocess.DEVNULL, stderr=stderr,
+                                       env={**os.environ, **environment})
+        self.launched.append(process)
+        return process
+
+    def start(self, **environment):
+        """Starts the program and waits for its icon."""
+        self.ticks = 0
+        self.process = self.launch(*self.arguments, **environment)
+        wait_until(self.icon, "the icon")
+
+    # The icon.
+
+    def icon(self):
+        found = [child for window in visible_windows() for child in window.children
+                 if child.class_name == "__winex11_tray_icon" and child.right > child.left]
+        assert len(found) <= 1, "more than one icon"
+        return found[0] if found else None
+
+    def icon_picture(self):
+        """"normal", "new alerts", or "none"."""
+        icon = self.icon()
+        if not icon:
+            return "none"
+        colors = pixels(icon.left, icon.top, icon.right - icon.left, icon.bottom - icon.top)
+        red = sum(r > 180 and g < 110 and b < 90 for r, g, b in colors)
+        blue = sum(r < 90 and g < 160 and b > 150 for r, g, b in colors)
+        if max(red, blue) < 30:
+            return "none"
+        return "new alerts" if red > blue else "normal"
+
+    def wait_for_picture(self, picture):
+        wait_until(lambda: self.icon_picture() == picture, f"the icon's picture: {picture}")
+
+    def click_icon(self, button=LEFT, times=1):
+        place = wait_until(self.icon, "the icon").center()
+        # Another click too soon would be taken as a double click's second half.
+        time.sleep(max(0, self.last_click + 1.2 * DOUBLE_CLICK_SECONDS - time.monotonic()))
+        click(*place, button, times)
+        self.last_click = time.monotonic()
+
+    def tooltip(self):
+        """The text that appears when the mouse rests on the icon."""
+        point_at(600, 300)
+        before = self.balloons()
+        point_at(*self.icon().center())
+        text = wait_until(lambda: [tip for tip in self.balloons() if tip not in before], "the tooltip")[0]
+        point_at(600, 300)
+        return text
+
+    def balloons(self):
+        """Texts of the balloons that stand."""
+        return [window.text for window in find_windows("tooltips_class32")]
+
+    # The tray window.
+
+    def send(self, message, w_param=0, l_param=0):
+        return probe("send", TRAY_CLASS, message, w_param, l_param)
+
+    def post(self, message, w_param=0, l_param=0):
+        probe("post", TRAY_CLASS, message, w_param, l_param)
+
+    def tick(self):
+        """Lets a minute pass."""
+        self.post(WM_TIMER, MINUTE_TIMERS[self.ticks % 2])
+        self.ticks += 1
+
+    # State and end.
+
+    def last_updated(self):
+        return self.store.read("Misc", "LastUpdated")
+
+    def is_running(self):
+        return self.process.poll() is None
+
+    def downloaders(self):
+        """Unix process numbers of the dl.exe that run from this folder."""
+        return [number for number in processes_in(self.folder) if number != self.process.pid]
+
+    def wait_for_end(self, seconds=15):
+        return self.process.wait(seconds)
+
+    def answers(self):
+        """Whether the program still handles messages."""
+        return self.is_running() and probe("send", TRAY_CLASS, 0, 0, 0) == [["0"]]
+
+    def kill(self):
+        for process in self.launched:
+            process.kill()
+            process.wait()
+        for number in processes_in(self.folder):
+            with contextlib.suppress(ProcessLookupError):
+                os.kill(number, 9)
+        wait_until(lambda: not self.icon(), "the icon goes")
+
+
+def processes_in(folder):
+    """Unix process numbers of the programs that have `folder` as their current one."""
+    found = []
+    for entry in pathlib.Path("/proc").iterdir():
+        if entry.name.isdigit():
+            with contextlib.suppress(OSError):
+                if os.readlink(entry / "cwd") == str(folder):
+                    found.append(int(entry.name))
+    return found
+
+
+def station_line(display, code):
+    return f"{display}{' ' * 100}ID{code}***{code}***38.97***-95.23".encode()
+
+
+def user_name():
+    return pathlib.Path(stores.unix_path(probe("folders")[0][1])).parents[1].name

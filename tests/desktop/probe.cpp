@@ -1,0 +1,240 @@
+// The tests' eyes and hands inside Wine: what another process can learn of a Windows program and do
+// to it. Each command prints lines of fields parted by tabs; \n, \r, \t and \\ stand escaped in
+// texts.
+//
+//   windows                                the visible windows and what is in them
+//   send CLASS MESSAGE WPARAM LPARAM       SendMessage; MESSAGE is a number or a registered name
+//   post CLASS MESSAGE WPARAM LPARAM       PostMessage
+//   forget-icon CLASS                      takes the window's icon out of the taskbar
+//   counts CLASS                           what the window's process holds
+//   folders                                the user's temporary and application data folders
+//   catch ADDRESS                          as the browser: notes the address in opened.txt beside
+//   it
+#include <windows.h>
+#include <shellapi.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string Utf8(const std::wstring& text) {
+    const int size = static_cast<int>(text.size());
+    std::string result(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.c_str(), size,
+                                                                    nullptr, 0, nullptr, nullptr)),
+                       '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text.c_str(), size, result.data(),
+                        static_cast<int>(result.size()), nullptr, nullptr);
+    return result;
+}
+
+std::string Escaped(const std::string& text) {
+    std::string result;
+    for (const char c : text) {
+        switch (c) {
+            case '\n':
+                result += "\\n";
+                break;
+            case '\r':
+                result += "\\r";
+                break;
+            case '\t':
+                result += "\\t";
+                break;
+            case '\\':
+                result += "\\\\";
+                break;
+            default:
+                result += c;
+        }
+    }
+    return result;
+}
+
+void Print(const std::string& text) {
+    DWORD written = 0;
+    WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), text.data(), static_cast<DWORD>(text.size()),
+              &written, nullptr);
+}
+
+// A hung program must not hang the test: the text is asked for with a limit.
+std::wstring TextOf(HWND window) {
+    wchar_t text[4096] = L"";
+    DWORD_PTR length = 0;
+    SendMessageTimeoutW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text),
+                        SMTO_ABORTIFHUNG, 2000, &length);
+    return text;
+}
+
+BOOL CALLBACK PrintWindow(HWND window, LPARAM top) {
+    if (!IsWindowVisible(window)) return TRUE;
+    wchar_t className[256] = L"";
+    GetClassNameW(window, className, std::size(className));
+    RECT place{};
+    GetWindowRect(window, &place);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    char numbers[160];
+    std::snprintf(numbers, sizeof numbers, "%ld\t%lu\t%ld\t%ld\t%ld\t%ld\t%d\t",
+                  static_cast<long>(top), process, place.left, place.top, place.right, place.bottom,
+                  IsWindowEnabled(window));
+    Print(numbers + Escaped(Utf8(className)) + "\t" + Escaped(Utf8(TextOf(window))) + "\n");
+    if (!top) EnumChildWindows(window, PrintWindow, reinterpret_cast<LPARAM>(window));
+    return TRUE;
+}
+
+HWND FindByClass(const char* className) {
+    const HWND window = FindWindowA(className, nullptr);
+    if (!window) std::exit(3);
+    return window;
+}
+
+// Takes a program's icon out of the taskbar behind its back.
+void ForgetIcon(const char* className) {
+    NOTIFYICONDATAA icon{};
+    icon.cbSize = sizeof icon;
+    icon.hWnd = FindByClass(className);
+    icon.uID = 1;
+    Shell_NotifyIconA(NIM_DELETE, &icon);
+}
+
+void SendOrPost(bool wait, char** arguments) {
+    const HWND window = FindByClass(arguments[0]);
+    char* end = nullptr;
+    UINT message = std::strtoul(arguments[1], &end, 0);
+    if (*end) message = RegisterWindowMessageA(arguments[1]);
+    const WPARAM wParam = std::strtoul(arguments[2], nullptr, 0);
+    const LPARAM lParam = static_cast<LPARAM>(std::strtoul(arguments[3], nullptr, 0));
+    if (!wait) {
+        PostMessageA(window, message, wParam, lParam);
+        return;
+    }
+    DWORD_PTR result = 0;
+    SendMessageTimeoutA(window, message, wParam, lParam, SMTO_NORMAL, 10000, &result);
+    Print(std::to_string(result) + "\n");
+}
+
+// All user handles stand in one table that fills its gaps before it grows: the numbers that many
+// fresh handles get tell how many others are in use, of all processes. Wine does not answer
+// GetGuiResources.
+int UserHandlesInUse() {
+    constexpr int fresh = 2000;
+    std::vector<HMENU> menus;
+    int highest = 0;
+    for (int i = 0; i < fresh; ++i) {
+        menus.push_back(CreatePopupMenu());
+        highest = std::max<int>(highest, LOWORD(menus.back()));
+    }
+    for (const HMENU menu : menus) DestroyMenu(menu);
+    constexpr int firstHandle = 0x20;
+    return (highest - firstHandle) / 2 + 1 - fresh;
+}
+
+template <class Function>
+Function NtFunction(const char* name) {
+    return reinterpret_cast<Function>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), name)));
+}
+
+// The process's table of graphics objects hangs on its environment block; an entry in use has a
+// type.
+int GdiHandlesInUse(HANDLE process) {
+    struct BasicInformation {
+        LONG exitStatus;
+        const char* environmentBlock;
+        ULONG_PTR rest[4];
+    } information{};
+    using Query = LONG(WINAPI*)(HANDLE, int, void*, ULONG, ULONG*);
+    NtFunction<Query>("NtQueryInformationProcess")(process, 0, &information, sizeof information,
+                                                   nullptr);
+    constexpr int tableOffset = 0x94;
+    const char* table = nullptr;
+    ReadProcessMemory(process, information.environmentBlock + tableOffset, &table, sizeof table,
+                      nullptr);
+    struct Entry {
+        ULONG64 object;
+        WORD process, unique, type, flags;
+    };
+    std::vector<Entry> entries(0x4000);
+    SIZE_T read = 0;
+    if (!ReadProcessMemory(process, table, entries.data(), entries.size() * sizeof(Entry), &read))
+        return -1;
+    int used = 0;
+    for (const Entry& entry : entries) used += entry.type != 0;
+    return used;
+}
+
+// Wine leaves GetProcessHandleCount at 0; the list of all handles names each one's process.
+int KernelHandlesInUse(DWORD process) {
+    struct Entry {
+        void* object;
+        ULONG_PTR process, value;
+        ULONG access;
+        USHORT creator, type;
+        ULONG attributes, reserved;
+    };
+    std::vector<ULONG_PTR> table(1 << 20);
+    constexpr int extendedHandleInformation = 64;
+    using Query = LONG(WINAPI*)(int, void*, ULONG, ULONG*);
+    const auto query = NtFunction<Query>("NtQuerySystemInformation");
+    if (query(extendedHandleInformation, table.data(),
+              static_cast<ULONG>(table.size() * sizeof table[0]), nullptr) != 0)
+        return -1;
+    const auto* entries = reinterpret_cast<const Entry*>(table.data() + 2);
+    return static_cast<int>(std::count_if(
+        entries, entries + table[0], [=](const Entry& entry) { return entry.process == process; }));
+}
+
+void PrintCounts(const char* className) {
+    DWORD identifier = 0;
+    GetWindowThreadProcessId(FindByClass(className), &identifier);
+    const HANDLE process =
+        OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, identifier);
+    const int gdi = GdiHandlesInUse(process);
+    CloseHandle(process);
+    Print(std::to_string(KernelHandlesInUse(identifier)) + "\t" + std::to_string(gdi) + "\t" +
+          std::to_string(UserHandlesInUse()) + "\n");
+}
+
+std::string BesideThis(const char* name) {
+    char path[MAX_PATH];
+    GetModuleFileNameA(nullptr, path, MAX_PATH);
+    std::string result(path);
+    return result.substr(0, result.find_last_of('\\') + 1) + name;
+}
+
+// Appends the address, as it stands on the command line, in one write.
+void Catch() {
+    const std::wstring commandLine = GetCommandLineW();
+    const std::string line = Utf8(commandLine.substr(commandLine.find(L" catch ") + 7)) + "\n";
+    const HANDLE file =
+        CreateFileA(BesideThis("opened.txt").c_str(), FILE_APPEND_DATA,
+                    FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS, 0, nullptr);
+    DWORD written = 0;
+    WriteFile(file, line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    const std::string command = count > 1 ? arguments[1] : "";
+    if (command == "windows") {
+        EnumWindows(PrintWindow, 0);
+    } else if ((command == "send" || command == "post") && count == 6) {
+        SendOrPost(command == "send", arguments + 2);
+    } else if (command == "counts" && count == 3) {
+        PrintCounts(arguments[2]);
+    } else if (command == "forget-icon" && count == 3) {
+        ForgetIcon(arguments[2]);
+    } else if (command == "folders") {
+        Print(Escaped(std::getenv("TEMP")) + "\t" + Escaped(std::getenv("APPDATA")) + "\n");
+    } else if (command == "catch") {
+        Catch();
+    } else {
+        return 2;
+    }
+    return 0;
+}

@@ -1,0 +1,107 @@
+"""The two settings stores, written and read from outside the program."""
+
+import pathlib
+import re
+import subprocess
+import tempfile
+
+REGISTRY_KEY = r"HKEY_CURRENT_USER\Software\VB and VBA Program Settings\Skyvane Alerts"
+
+
+def unescape(text):
+    return re.sub(r"\\(.)", lambda m: {"n": "\n", "r": "\r", "t": "\t"}.get(m[1], m[1]), text)
+
+
+def windows_path(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def unix_path(windows_path):
+    return subprocess.run(["winepath", "-u", windows_path], check=True, stdout=subprocess.PIPE,
+                          stderr=subprocess.DEVNULL).stdout.decode().strip()
+
+
+def import_registry(text):
+    with tempfile.TemporaryDirectory() as folder:
+        file = pathlib.Path(folder) / "import.reg"
+        file.write_bytes(text.encode("utf-16"))
+        subprocess.run(["wine", "regedit", "/S", windows_path(file)], check=True,
+                       stderr=subprocess.DEVNULL)
+
+
+def export_registry(key):
+    """The key as a registry file's text; empty when there is no such key."""
+    with tempfile.TemporaryDirectory() as folder:
+        file = pathlib.Path(folder) / "export.reg"
+        subprocess.run(["wine", "reg", "export", key, windows_path(file), "/y"],
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        return file.read_bytes().decode("utf-16") if file.exists() else ""
+
+
+def delete_registry(key):
+    subprocess.run(["wine", "reg", "delete", key, "/f"], stdout=subprocess.DEVNULL,
+                   stderr=subprocess.DEVNULL)
+
+
+class Store:
+    """`sections()` gives {section: {lower-case key: value}}."""
+
+    def read(self, section, key):
+        """The value, or None where there is none."""
+        return self.sections().get(section, {}).get(key.lower())
+
+    def alerts(self):
+        """The stored alerts as (id, title, zipcode, body), by the stored count; a gap is None."""
+        section = self.sections().get("Alerts", {})
+        numbers = range(1, int(section.get("count", "0")) + 1)
+        return [tuple(section.get(f"{key}{n}") for key in ("id", "title", "zipcode", "body"))
+                if f"id{n}" in section else None for n in numbers]
+
+
+class IniStore(Store):
+    def __init__(self, path):
+        self.path = path
+
+    def write(self, settings):
+        sections = self.sections()
+        for section, values in settings.items():
+            sections.setdefault(section, {}).update({key.lower(): value for key, value in values.items()})
+        self.path.write_text("".join(
+            f"[{section}]\r\n" + "".join(f"{key.upper()}={value}\r\n" for key, value in values.items())
+            for section, values in sections.items()), encoding="utf-8", newline="")
+
+    def sections(self):
+        result, current = {}, None
+        if not self.path.is_file():
+            return result
+        for line in self.path.read_bytes().decode("utf-8").split("\n"):
+            line = line.rstrip("\r")
+            if line.startswith("["):
+                current = result.setdefault(line[1:line.rindex("]")], {})
+            elif "=" in line:
+                key, value = line.split("=", 1)
+                current[key.lower()] = value
+        return result
+
+
+class RegistryStore(Store):
+    def __init__(self):
+        delete_registry(REGISTRY_KEY)
+
+    def write(self, settings):
+        lines = ["Windows Registry Editor Version 5.00", ""]
+        for section, values in settings.items():
+            lines.append(f"[{REGISTRY_KEY}\\{section}]")
+            for key, value in values.items():
+                escaped = value.replace("\\", "\\\\").replace('"', '\\"')
+                lines.append(f'"{key}"="{escaped}"')
+        import_registry("\r\n".join(lines + [""]))
+
+    def sections(self):
+        result, current = {}, None
+        for line in export_registry(REGISTRY_KEY).replace("\r", "").split("\n"):
+            if line.startswith("["):
+                current = result.setdefault(line[1:-1][len(REGISTRY_KEY) + 1:], {})
+            elif match := re.fullmatch(r'"((?:[^"\\]|\\.)*)"="((?:[^"\\]|\\.)*)"', line):
+                current[unescape(match[1]).lower()] = unescape(match[2])
+        return result

@@ -1,0 +1,79 @@
+"""Clicks on the icon and in its menu, and the addresses that reach the browser."""
+
+import time
+
+from feed import FLOOD, TORNADO
+from harness import DOUBLE_CLICK_SECONDS, LEFT, stays
+from tray_menu import choose, open_menu
+
+LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
+PARIS = ("Paris, France (Orly)", "064321")
+WEATHER = "https://www.weatherbug.com"
+MAKER = "https://www.quillmark.example"
+MAP = WEATHER + "/severe-weather/national-alert-map.html?zcode=z4172&country=US&country_name=USA"
+
+
+def test_single_click_waits_for_a_double_click(make_watcher, browser):
+    program = make_watcher(LAWRENCE, options={"DoubleClickAction": "Visit " + MAKER})
+    program.start()
+    clicked = time.monotonic()
+    program.click_icon(LEFT)
+    browser.wait_for(MAP + "&zip=66044")
+    assert time.monotonic() - clicked > DOUBLE_CLICK_SECONDS * 0.9
+    program.click_icon(LEFT, times=2)
+    browser.wait_for(MAKER)
+    assert stays(lambda: not browser.opened(), 2 * DOUBLE_CLICK_SECONDS), "the single click acted too"
+
+
+def test_double_click_without_action_cancels_the_single_click(make_watcher, browser):
+    program = make_watcher(options={"SingleClickAction": "View National Severe Weather Alerts",
+                                    "DoubleClickAction": "No Action"})
+    program.start()
+    program.click_icon(LEFT, times=2)
+    assert stays(lambda: not browser.opened(), 3 * DOUBLE_CLICK_SECONDS)
+    program.click_icon(LEFT)
+    browser.wait_for(MAP)  # without a station there is no place to show
+
+
+def alert_page(code):
+    return (f"{WEATHER}/Common/SearchResults.html?zcode=z4172&nav_section=45&lang_id=en-us"
+            f"&is_search=true&loc={code}")
+
+
+def station_page(code):
+    return (f"{WEATHER}/Common/SearchResults.html?loc={code}&is_search=true&nav_section=1"
+            f"&loc_country=WORLD&zcode=z4172")
+
+
+def test_each_menu_item_opens_its_address(make_watcher, feed, browser):
+    feed.serve("66044", TORNADO, FLOOD, TORNADO)  # the same caption twice makes one item
+    feed.serve("064321", FLOOD)
+    program = make_watcher(LAWRENCE, PARIS, options={"RetrieveAlertsOnStartup": "True"})
+    program.start()
+    program.wait_for_picture("new alerts")
+    alerts = ("Tornado here", "Flood here", "Flood in Paris")
+    stations = ("Lawrence", "Paris")
+    for path, address in [
+        (["Tornado here"], alert_page("66044")),
+        (["Flood here"], alert_page("66044")),
+        (["Flood in Paris"], alert_page("064321")),
+        (["View Weather", "Lawrence"], station_page("66044")),
+        (["View Weather", "Paris"], station_page("064321")),
+        (["View National Severe Alerts"], MAP + "&zip=66044"),
+        (["Help", "Support Forums"], MAKER + "/Forum/index.php?c=24"),
+        (["Help", "Send Bug Report"],
+         MAKER + "/Bug-Report.asp?Application=Skyvane Alerts&Version=1.0.2"),
+        (["Visit Quillmark Software"], MAKER),
+        (["Support Quillmark Software"], MAKER + "/Donate.asp"),
+    ]:
+        choose(program, *path, alerts=alerts, stations=stations)
+        browser.wait_for(address)
+
+
+def test_right_click_restores_the_normal_picture(make_watcher, feed):
+    feed.serve("66044", TORNADO)
+    program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
+    program.start()
+    program.wait_for_picture("new alerts")
+    open_menu(program)
+    program.wait_for_picture("normal")

@@ -1,0 +1,157 @@
+"""From start to Exit."""
+
+import pathlib
+import shutil
+
+import pytest
+
+from feed import TORNADO
+from harness import message_boxes, probe, stays, user_name, wait_for_message_box, wait_until
+from stores import IniStore, windows_path
+from tray_menu import choose
+
+LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
+FIRST_TIME = ("It looks like this is your first time using Skyvane Alerts.\r\n\r\n"
+              "Would you like to set up the Options now?")
+
+
+@pytest.mark.parametrize("registry", [False, True], ids=["ini", "registry"])
+def test_first_start_asks_once_and_leaves_its_marks(make_program, app_data_folder, registry):
+    program = make_program(registry)
+    (program.folder / "HTML").mkdir(exist_ok=True)
+    (program.folder / "HTML" / "page.txt").write_text("page")
+    program.start()
+    question = wait_for_message_box()
+    assert question.text == FIRST_TIME
+    assert sorted(question.buttons) == ["No", "Yes"]
+    question.answer("No")
+    assert {key: value for key, value in program.store.sections()["Misc"].items() if value} == {
+        "useini": str(not registry), "version": "1.0.2", "runs": "1"}
+    sounds = {file.name for file in (program.folder / "Sounds").iterdir()}
+    assert {file.name for file in (app_data_folder / "Sounds").iterdir()} == sounds != set()
+    assert (app_data_folder / "HTML" / "page.txt").exists()
+    assert program.tooltip() == "Skyvane Alerts"
+    choose(program, "Exit")
+    assert program.wait_for_end() == 0
+
+    program.start()
+    wait_until(lambda: program.store.read("Misc", "Runs") == "2", "the run is counted")
+    choose(program, "Exit")
+    assert program.wait_for_end() == 0  # no question stood in the way
+
+
+def test_own_user_names_ini_file_and_data_folder(make_watcher, feed):
+    feed.serve("66044", TORNADO)
+    program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
+    user = user_name()
+    program.store.path.rename(program.folder / f"{user}.ini")
+    (program.folder / "Users" / "Default").rename(program.folder / "Users" / user)
+    program.store = IniStore(program.folder / f"{user}.ini")
+    program.arguments = ["-i"]
+    program.start()
+    wait_until(program.last_updated, "the cycle's end")
+    assert [alert[0] for alert in program.store.alerts()] == ["101"]
+    assert not (program.folder / "Default.ini").exists()
+
+
+def test_exit_leaves_nothing_behind(make_watcher, temp_folder):
+    program = make_watcher(LAWRENCE)
+    for name in ("SVA1.tmp", "SVA2F.tmp", "SVAnot.txt"):
+        (temp_folder / name).write_text("left over")
+    program.start()
+    choose(program, "Exit", stations=["Lawrence"])
+    assert program.wait_for_end() == 0
+    wait_until(lambda: not program.icon(), "the icon goes", 2)
+    assert [file.name for file in temp_folder.glob("SV*.*")] == ["SVAnot.txt"]
+    (temp_folder / "SVAnot.txt").unlink()
+    assert program.downloaders() == []
+
+
+def test_second_copy_ends_in_silence(make_watcher, feed):
+    feed.serve("66044", TORNADO)
+    program = make_watcher(LAWRENCE, misc={"LastUpdated": "5/2/2008 4:12:10 PM"})
+    program.start()
+    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the start is complete")
+    settings = program.store.sections()
+    program.store.write({"Options": {"RetrieveAlertsOnStartup": "True"}})
+    second = program.launch(*program.arguments)
+    assert second.wait(15) == 0
+    program.store.write({"Options": {"RetrieveAlertsOnStartup": "False"}})
+    settings["Options"]["retrievealertsonstartup"] = "False"
+    assert program.store.sections() == settings
+    assert feed.paths == []
+    assert program.answers() and program.icon_picture() == "normal"
+    assert program.tooltip() == "Skyvane Alerts (Last Updated: 5/2/2008 @ 4:12:10 @ PM)"
+
+
+def test_icon_comes_back_with_a_new_taskbar(make_watcher, feed):
+    feed.serve("66044", TORNADO)
+    program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
+    program.start()
+    program.wait_for_picture("new alerts")
+    probe("forget-icon", "SkyvaneAlertsTray")  # what the end of the taskbar does to the icon
+    wait_until(lambda: not program.icon(), "the icon is gone")
+    program.send("TaskbarCreated")
+    program.wait_for_picture("normal")
+    assert program.tooltip().startswith("Skyvane Alerts (Last Updated: ")
+    choose(program, "Exit", alerts=["Tornado"], stations=["Lawrence"])
+    assert program.wait_for_end() == 0
+
+
+@pytest.mark.parametrize("message, w_param, l_param", [
+    ("0x11", 0, 0),  # Windows asks whether the session may end
+    ("0x16", 1, 0),  # the session ends
+    ("0x10", 0, 0),  # the task manager asks to close
+], ids=["asked", "ending", "closed"])
+def test_end_of_the_session_is_an_exit(make_watcher, temp_folder, message, w_param, l_param):
+    program = make_watcher(LAWRENCE)
+    (temp_folder / "SVA1.tmp").write_text("left over")
+    program.start()
+    program.post(message, w_param, l_param)
+    assert program.wait_for_end() == 0
+    wait_until(lambda: not program.icon(), "the icon goes", 2)
+    assert not list(temp_folder.glob("SV*.tmp"))
+
+
+def test_chosen_pictures_replace_the_built_in_ones(make_watcher, feed):
+    feed.serve("66044", TORNADO)
+    icons = pathlib.Path(__file__).parents[2] / "assets" / "icons"
+    program = make_watcher(LAWRENCE)
+    shutil.copy(icons / "newalerts.ico", program.folder / "swapped.ico")
+    shutil.copy(icons / "normal.ico", program.folder / "swapped2.ico")
+    program.store.write({"Options": {
+        "Icon": windows_path(program.folder / "swapped.ico"),
+        "Icon2": windows_path(program.folder / "swapped2.ico")}})
+    program.start()
+    program.wait_for_picture("new alerts")
+    choose(program, "Retrieve Severe Alerts", stations=["Lawrence"])
+    program.wait_for_picture("normal")
+
+
+@pytest.mark.parametrize("interval, minutes", [
+    ("Every 5 minutes", 5), ("Every 10 minutes", 10), ("Sometimes", 1), ("", 15), ("Never", None)])
+def test_minute_clock(make_watcher, feed, interval, minutes):
+    feed.serve("66044", TORNADO)
+    program = make_watcher(LAWRENCE, options={"AutoUpdateInterval": interval})
+    program.start()
+    for _ in range(2 if minutes else 1):
+        for _ in range((minutes or 20) - 1):
+            program.tick()
+        assert program.answers() and feed.paths == []
+        program.tick()
+        if minutes:
+            wait_until(lambda: feed.paths, "the retrieval")
+            wait_until(program.last_updated, "the cycle's end")
+            feed.paths.clear()
+    assert stays(lambda: feed.paths == [], 0.5)
+
+
+def test_delayed_first_retrieval(make_watcher, feed):
+    feed.serve("66044", TORNADO)
+    program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True",
+                                              "Pause30SecondsOnStartup": "True"})
+    program.start()
+    assert program.answers() and feed.paths == []
+    program.post(0x113, 1)  # the thirty seconds are over
+    program.wait_for_picture("new alerts")
+    assert not message_boxes()

@@ -1,0 +1,48 @@
+"""The icon's popup menu: opened by a right click, its items found by their place.
+
+Another process cannot read a menu's items under Wine, so each test says which items it expects; a menu
+of another size fails it, and so does an item that does something else.
+"""
+
+from harness import RIGHT, click, find_windows, wait_until
+
+NO_ALERTS = ("(No Alerts Available)",)
+FIXED = (None, "Retrieve Severe Alerts", "View National Severe Alerts", "View Weather", None, "Options", None,
+         "About", "Help", "Check for New Version", None, "Visit Quillmark Software",
+         "Support Quillmark Software", None, "Exit")
+HELP = ("Support Forums", "Send Bug Report")
+ADD_STATION = "Add New Station..."
+
+# Pixels, at the screen's 96 per inch.
+BORDER, ITEM, SEPARATOR = 3, 16, 9
+
+
+def place_of(window, entries, caption):
+    """The point on the screen to click for an entry; None stands for a separator."""
+    heights = [SEPARATOR if entry is None else ITEM for entry in entries]
+    assert window.bottom - window.top == 2 * BORDER + sum(heights), "the menu holds other items"
+    index = entries.index(caption)
+    return window.left + 30, window.top + BORDER + sum(heights[:index]) + heights[index] // 2
+
+
+def open_menus():
+    return find_windows("#32768")
+
+
+def open_menu(program):
+    program.click_icon(RIGHT)
+    return wait_until(open_menus, "the popup menu")[0]
+
+
+def choose(program, *path, alerts=NO_ALERTS, stations=()):
+    """Opens the menu and clicks an item, or an item of a submenu, as a person would. `alerts` and
+    `stations` are the captions expected in the menu."""
+    entries = tuple(alerts) + FIXED
+    menu = open_menu(program)
+    click(*place_of(menu, entries, path[0]))
+    if len(path) > 1:
+        submenu = wait_until(lambda: [other for other in open_menus() if other.top != menu.top or
+                                      other.left != menu.left], "the submenu")[0]
+        weather = (ADD_STATION, *([None, *stations] if stations else []))
+        click(*place_of(submenu, HELP if path[0] == "Help" else weather, path[1]))
+    wait_until(lambda: not open_menus(), "the menu closes")
