@@ -41,18 +41,21 @@ SHOWFILTEREDWORDS=False
 RUNS=1
 TEXT
     } | sed 's/$/\r/' >"$ini"
-    local blanks
+    local blanks second
     blanks=$(printf '%100s' '')
+    # The second place is abroad in the demonstration; the live feed knows the United States alone.
+    second="Halifax, Canada (Halifax Middle School)${blanks}HA1050***059105***44.6620***-63.5910"
+    [ -n "$1" ] || second="Norman, Oklahoma (Norman Middle School)${blanks}NO0690***73069***35.2320***-97.4610"
     mkdir -p "$demo/program/Users/$user"
     printf '%s\r\n' \
         "Lawrence, Kansas (Lawrence Middle School)${blanks}LA0440***66044***38.9820***-95.2610" \
-        "Halifax, Canada (Halifax Middle School)${blanks}HA1050***059105***44.6620***-63.5910" \
+        "$second" \
         >"$demo/program/Users/$user/CityCode.cmb"
 }
 
+rm -f "$demo/port" "$demo/requests.log"
 feed=
 if [ "${1:-}" != --live ]; then
-    rm -f "$demo/port" "$demo/requests.log"
     python3 -B demo/server.py --port-file "$demo/port" --log "$demo/requests.log" &
     server=$!
     wait_until 20 test -s "$demo/port" || { echo "The demonstration feed did not start." >&2; exit 1; }
@@ -64,7 +67,11 @@ write_settings "$feed"
 wine "$demo/program/SVAlerts.exe" -i >"$demo/program.log" 2>&1 &
 program=$!
 wait_until 90 has_retrieved || {
-    kill -0 "$program" 2>/dev/null && echo "No retrieval within 90 seconds." >&2 || echo "The program ended." >&2
+    if ! kill -0 "$program" 2>/dev/null; then
+        echo "The program ended." >&2
+    else
+        echo "No retrieval within 90 seconds from ${feed:-the live feed: is it within reach?}" >&2
+    fi
     cat "$demo/program.log" "$demo/requests.log" >&2 2>/dev/null || true
     exit 1
 }

@@ -1,8 +1,10 @@
 # Sourced by run and test: numbered steps, and an end that names the step that failed.
 # The caller sets stepCount.
+set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 stepNumber=0
+stepCount=0
 stepName=starting
 
 start_step() {
@@ -13,11 +15,31 @@ start_step() {
 
 name_failed_step() {
     local status=$?
-    [ $status -eq 0 ] || printf '\n%s FAILED in step [%d/%d]: %s (status %d)\n' \
-        "$0" "$stepNumber" "$stepCount" "$stepName" "$status" >&2
+    if [ $status -ne 0 ] && [ $status -ne 130 ] && [ $stepNumber -gt 0 ]; then
+        printf '\n%s FAILED in step [%d/%d]: %s (status %d)\n' \
+            "$0" "$stepNumber" "$stepCount" "$stepName" "$status" >&2
+    fi
 }
 trap name_failed_step EXIT
-trap 'exit 130' INT TERM
+
+# Runs a command that takes long so that a signal ends it at once, and all that it started.
+child=
+run_long() {
+    "$@" <&0 &
+    child=$!
+    local status=0
+    wait "$child" || status=$?
+    child=
+    return $status
+}
+stop() {
+    if [ -n "$child" ]; then
+        kill "$child" 2>/dev/null || true
+        wait "$child" 2>/dev/null || true
+    fi
+    exit 130
+}
+trap stop INT TERM HUP
 
 # Builds a preset of CMakePresets.json; configures it when that has not been done.
 build_preset() {
