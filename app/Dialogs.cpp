@@ -4,6 +4,8 @@
 // Where the tray's wish for the Options dialog leads.
 namespace tray {
 
-void ShowOptions() { options::ShowOptionsDialog(); }
+void ShowOptions() {
+    options::ShowOptionsDialog();
+}
 
 }  // namespace tray

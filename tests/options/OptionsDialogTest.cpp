@@ -1,0 +1,278 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <functional>
+#include <map>
+
+#include "options/frmOptions.h"
+#include "options/resource.h"
+#include "settings/Hosts.h"
+#include "settings/ProxySettings.h"
+#include "settings/modRegistry.h"
+#include "stations/StationLineRules.h"
+#include "stations/StationList.h"
+#include "tests/Handles.h"
+#include "tests/ScratchStore.h"
+#include "tray/frmTray.h"
+#include "tray/modTrayIcon.h"
+#include "win/Choice.h"
+#include "win/Dialog.h"
+#include "win/TextRules.h"
+
+namespace options {
+namespace {
+
+using namespace settings;
+
+using Act = std::function<void(HWND dialog)>;
+Act act;
+
+// Finds a control on whichever page it stands.
+HWND Find(HWND dialog, int control) {
+    if (const HWND found = GetDlgItem(dialog, control)) return found;
+    for (HWND page = GetWindow(dialog, GW_CHILD); page; page = GetWindow(page, GW_HWNDNEXT))
+        if (const HWND found = GetDlgItem(page, control)) return found;
+    return nullptr;
+}
+
+void Click(HWND dialog, int control) {
+    SendMessageA(Find(dialog, control), BM_CLICK, 0, 0);
+}
+
+void Choose(HWND dialog, int control, const std::string& text) {
+    const HWND combo = Find(dialog, control);
+    const win::ChoiceControl choice{combo, false};
+    const int index = win::FindChoice(choice, text);
+    ASSERT_GE(index, 0) << text;
+    win::SelectChoice(choice, index);
+    SendMessageA(GetParent(combo), WM_COMMAND, MAKEWPARAM(control, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(combo));
+}
+
+void Type(HWND dialog, int control, const std::string& text) {
+    SetWindowTextA(Find(dialog, control), text.c_str());
+}
+
+std::string Chosen(HWND dialog, int control) {
+    return win::WindowText(Find(dialog, control));
+}
+
+bool CanApply(HWND dialog) {
+    return IsWindowEnabled(Find(dialog, frmOptions_ApplyButton));
+}
+
+// Another program on the screen may show a dialog of the same name: only this thread's windows
+// count.
+BOOL CALLBACK TakeOptionsDialog(HWND window, LPARAM found) {
+    if (win::WindowText(window) == "Options - Skyvane Alerts" && IsWindowVisible(window))
+        *reinterpret_cast<HWND*>(found) = window;
+    return TRUE;
+}
+
+void CALLBACK RunAct(HWND, UINT, UINT_PTR timer, DWORD) {
+    HWND dialog = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), TakeOptionsDialog, reinterpret_cast<LPARAM>(&dialog));
+    if (!dialog) return;
+    KillTimer(nullptr, timer);
+    act(dialog);
+    if (IsWindow(dialog)) Click(dialog, frmOptions_Command2);
+}
+
+// Opens the dialog, does something to it, and cancels it if it is still open.
+void WithDialog(Act what) {
+    act = std::move(what);
+    SetTimer(nullptr, 0, 1, RunAct);
+    ShowOptionsDialog();
+}
+
+class OptionsFormTest : public tests::ScratchStore {
+  protected:
+    void SetUp() override {
+        ScratchStore::SetUp();
+        win::MakeFolder(State().programFolder + "\\Sounds");
+        win::ReplaceFileWhole(State().programFolder + "\\Sounds\\Bell.wav", "RIFF");
+        ASSERT_TRUE(tray::LoadTrayWindow());
+        WriteSetting(kLastOption, "General");
+    }
+    void TearDown() override {
+        tray::StopMinuteClock();
+        DestroyWindow(tray::TrayWindow());
+        RegistryDeleteValue(kCurrentUser, kRunKey, kRunValue);
+        win::DeleteFolder(State().programFolder + "\\Sounds");
+        ScratchStore::TearDown();
+    }
+    static std::map<std::string, std::string> Stored() { return ReadSection(kOptions); }
+    static void UseStations(int count) {
+        std::vector<std::string> lines;
+        for (int i = 0; i < count; ++i)
+            lines.push_back(stations::MakeStationLine(
+                "Place " + win::Decimal(i),
+                stations::MakeHiddenText("id", win::Decimal(i), "1", "2")));
+        stations::WriteStationFile(lines, stations::StationFilePath());
+        stations::LoadStationList();
+    }
+};
+class OptionsDialogTest : public OptionsFormTest {
+  protected:
+    void SetUp() override {
+        OptionsFormTest::SetUp();
+        Use(GetParam());
+        WriteSetting(kLastOption, "General");
+    }
+};
+INSTANTIATE_TEST_SUITE_P(EitherStore, OptionsDialogTest,
+                         testing::Values(kUseIniStore, kUseRegistryStore));
+
+TEST_P(OptionsDialogTest, WritesOnlyTheChangedPage) {
+    struct Case {
+        Act change;
+        std::map<std::string, std::string> written;
+    };
+    const Case cases[] = {
+        {[](HWND dialog) {
+             Click(dialog, frmOptions_Check5);
+             Choose(dialog, frmOptions_Combo2, "Every 2 hours");
+         },
+         {{"retrievealertsonstartup", "False"},
+          {"pause30secondsonstartup", "True"},
+          {"startwithwindows", "False"},
+          {"storefilesinprogramfolder", "False"},
+          {"autoupdateinterval", "Every 2 hours"}}},
+        {[](HWND dialog) {
+             Click(dialog, frmOptions_Option6);
+             for (const char* word : {" wind storm ", "Łódź", "Łódź", "a|b", ""}) {
+                 Type(dialog, frmOptions_Text3, word);
+                 Click(dialog, frmOptions_Command9);
+             }
+         },
+         {{"alertfilters", "wind storm|||||Łódź|||||a|b"}, {"showfilteredwords", "True"}}},
+        {[](HWND dialog) {
+             Choose(dialog, frmOptions_SingleClickCombo, VisitMakerAction());
+             Choose(dialog, frmOptions_DoubleClickCombo, "Open Skyvane Alerts Options");
+         },
+         {{"singleclickaction", VisitMakerAction()},
+          {"doubleclickaction", "Open Skyvane Alerts Options"}}},
+        {[](HWND dialog) { Click(dialog, frmOptions_Command11); },
+         {{"icon2", "default"}, {"singleclickaction", "a"}, {"doubleclickaction", "b"}}},
+        {[](HWND dialog) { Choose(dialog, frmOptions_Combo11, "Bell.wav"); },
+         {{"displaytrayalert", "True"}, {"trayalertsound", "Bell.wav"}}},
+        {[](HWND dialog) {
+             Click(dialog, frmOptions_Check17);
+             Type(dialog, frmOptions_Text1, "anna");
+             Type(dialog, frmOptions_Text2, "Łukasz");  // cannot be scrambled
+         },
+         {{"onlydownloadwhenconnected", "True"}, {"proxyusername", "bpqe"}}},
+    };
+    for (const Case& c : cases) {
+        win::DeleteFileQuietly(tests::ScratchIniPath());
+        DeleteSettingSection(kOptions);
+        WriteSetting(kLastOption, "General");
+        if (c.written.contains("icon2")) {
+            WriteSetting(kSingleClickAction, "a");
+            WriteSetting(kDoubleClickAction, "b");
+        }
+        auto expected = Stored();
+        WithDialog([&](HWND dialog) {
+            EXPECT_FALSE(CanApply(dialog));
+            c.change(dialog);
+            EXPECT_TRUE(CanApply(dialog));
+            Click(dialog, frmOptions_ApplyButton);
+            EXPECT_FALSE(CanApply(dialog));
+        });
+        for (const auto& [key, value] : c.written) expected[key] = value;
+        EXPECT_EQ(Stored(), expected);
+    }
+}
+
+TEST_P(OptionsDialogTest, WritesNothingWithoutAChangeOrAnOk) {
+    UseStations(2);
+    const auto before = Stored();
+    WithDialog([](HWND dialog) { Click(dialog, frmOptions_Command1); });
+    EXPECT_EQ(Stored(), before);
+    WithDialog([](HWND dialog) {
+        Click(dialog, frmOptions_Check1);
+        Click(dialog, frmOptions_Command2);
+    });
+    EXPECT_EQ(Stored(), before);
+    WithDialog([](HWND dialog) {
+        Click(dialog, frmOptions_Check1);
+        Click(dialog, frmOptions_Command1);
+    });
+    EXPECT_EQ(ReadSetting(kDisplayTrayAlert), "False");
+}
+
+TEST_P(OptionsDialogTest, ShowsWhatIsStored) {
+    const std::pair<const Setting&, const char*> stored[] = {
+        {kRetrieveAlertsOnStartup, "True"},  {kPause30SecondsOnStartup, "true"},
+        {kAutoUpdateInterval, "Every hour"}, {kAlertFilters, "a|||||b"},
+        {kShowFilteredWords, "True"},        {kTrayAlertSound, "Gone.wav"},
+        {kSingleClickAction, "No Action"},   {kLastOption, "Internet"}};
+    for (const auto& [setting, value] : stored) WriteSetting(setting, value);
+    SaveProxyPassword("secret");
+    UseStations(3);
+    WithDialog([](HWND dialog) {
+        const auto isTicked = [&](int control) {
+            return SendMessageA(Find(dialog, control), BM_GETCHECK, 0, 0) == BST_CHECKED;
+        };
+        EXPECT_TRUE(isTicked(frmOptions_Check4));
+        EXPECT_FALSE(isTicked(frmOptions_Check5));
+        EXPECT_TRUE(isTicked(frmOptions_Option6));
+        EXPECT_TRUE(isTicked(frmOptions_Check1));  // nothing stored shows as ticked
+        EXPECT_EQ(Chosen(dialog, frmOptions_Combo2), "Every hour");
+        EXPECT_EQ(Chosen(dialog, frmOptions_Combo11), "Gone.wav");
+        EXPECT_EQ(Chosen(dialog, frmOptions_SingleClickCombo), "No Action");
+        EXPECT_EQ(Chosen(dialog, frmOptions_Combo1), "Place 0");
+        EXPECT_EQ(Chosen(dialog, frmOptions_Text2), "secret");
+        const win::ChoiceControl words{Find(dialog, frmOptions_List2), true};
+        EXPECT_EQ(win::ChoiceText(words, 1), "\"b\"");
+        EXPECT_TRUE(IsWindowVisible(Find(dialog, frmOptions_Text2)));
+        EXPECT_FALSE(IsWindowVisible(Find(dialog, frmOptions_Check4)));
+    });
+}
+
+TEST_P(OptionsDialogTest, StartsWithWindowsAndRunsTheClock) {
+    const auto runValue = [] { return RegistryReadValue(kCurrentUser, kRunKey, kRunValue); };
+    WithDialog([&](HWND dialog) {
+        Click(dialog, frmOptions_Check3);
+        Choose(dialog, frmOptions_Combo2, "Every 5 minutes");
+        Click(dialog, frmOptions_ApplyButton);
+        EXPECT_EQ(runValue(), State().programFolder + "\\SVAlerts.exe");
+        EXPECT_TRUE(tray::IsTimerRunning(tray::Timer::TimerUpdate1));
+        Click(dialog, frmOptions_Check3);
+        Choose(dialog, frmOptions_Combo2, "Never");
+        Click(dialog, frmOptions_ApplyButton);
+        EXPECT_EQ(runValue(), "");
+        EXPECT_FALSE(State().automaticUpdate);
+        EXPECT_FALSE(tray::IsTimerRunning(tray::Timer::TimerUpdate1));
+    });
+}
+
+TEST_P(OptionsDialogTest, KeepsTheStationFileWhenItCannotBeWritten) {
+    UseStations(2);
+    const std::string path = stations::StationFilePath();
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
+    SetFileAttributesA(tests::ScratchIniPath().c_str(), FILE_ATTRIBUTE_READONLY);
+    WithDialog([](HWND dialog) {
+        Click(dialog, frmOptions_Check4);
+        Choose(dialog, frmOptions_Combo11, "(None)");
+        Click(dialog, frmOptions_Command1);
+    });
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    SetFileAttributesA(tests::ScratchIniPath().c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(stations::ReadStationFile(path).size(), 2u);
+    EXPECT_EQ(State().stationCount, 2u);
+}
+
+TEST_F(OptionsFormTest, AreAllGivenBack) {
+    UseStations(5);
+    const auto openAndClose = [](int times) {
+        for (int i = 0; i < times; ++i) WithDialog([](HWND) {});
+    };
+    openAndClose(10);
+    const tests::Handles before = tests::CountHandles();
+    openAndClose(500);
+    tests::ExpectSameHandles(before, tests::CountHandles());
+}
+
+}  // namespace
+}  // namespace options
