@@ -17,7 +17,8 @@ MIB = 1024 * 1024
 def run_cycle(program, seconds=15):
     program.start()
     wait_until(program.last_updated, "the cycle's end", seconds)
-    wait_until(program.answers, "the program answers")
+    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the start is complete", seconds)
+    assert program.answers()
 
 
 def leave(program, **menu):
@@ -84,7 +85,6 @@ def test_odd_but_well_formed_documents(make_watcher, feed):
         alerts[6][:3]]
     assert alerts[5][3] == "a b c"
     assert alerts[0][3] == "first, no title"
-    assert program.store.read("Misc", "Runs") == "3"
     assert set(program.store.sections()) == {"Hosts", "Options", "Misc", "Alerts"}
 
 
@@ -110,7 +110,6 @@ def test_one_element_of_sixteen_mebibytes(make_watcher, feed, element):
     program = make_watcher(LAWRENCE, PARIS, options=AT_START)
     run_cycle(program, 60)
     assert program.store.alerts()[-1] == ("102", "Flood Watch", "064321", "Flooding is possible.")
-    assert program.store.read("Misc", "Runs") == "3"
 
 
 @pytest.mark.parametrize("registry", [False, True], ids=["ini", "registry"])
@@ -126,7 +125,6 @@ def test_settings_of_a_hundred_thousand_characters(make_watcher, feed, registry)
                                     "Title2": "Two", "ZipCode2": "66044"}})
     run_cycle(program, 30)
     program.wait_for_picture("new alerts")
-    assert program.store.read("Misc", "Runs") == "3"
     assert program.store.alerts()[-1][0] == "101"
     assert program.store.read("Misc", "OldAlerts").endswith("Ł¦101")
     assert program.store.read("Options", "Icon") == long
