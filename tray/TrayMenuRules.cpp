@@ -47,11 +47,11 @@ std::string MenuText(std::string_view caption) {
 bool IsUsableAlertIdentifier(std::uint32_t identifier, std::size_t stationCount,
                              const std::vector<std::uint32_t>& taken) {
     const std::uint32_t low = identifier & kLowWord;
-    const std::size_t lastStation =
-        std::max<std::size_t>(kFirstStation + stationCount, kStationSeparator);
-    return low > lastStation && std::none_of(taken.begin(), taken.end(), [low](auto other) {
-               return (other & kLowWord) == low;
-           });
+    const bool isFixed = low < kFixedItemsEnd || low == kStationSeparator;
+    const bool isStation = low >= kAddStation && low < kFirstStation + stationCount;
+    return !isFixed && !isStation && std::none_of(taken.begin(), taken.end(), [low](auto other) {
+        return (other & kLowWord) == low;
+    });
 }
 
 void AddToAlertMap(std::string& map, std::uint32_t identifier, std::string_view code) {

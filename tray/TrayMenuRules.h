@@ -8,7 +8,8 @@
 // The texts, identifiers and addresses behind the built items of the tray menu.
 namespace tray {
 
-// Command identifiers: the fixed items stand below kAddStation, station i is kFirstStation + i.
+// Command identifiers: the fixed items stand below kFixedItemsEnd, station i is kFirstStation + i.
+inline constexpr unsigned kFixedItemsEnd = 200;
 inline constexpr unsigned kAddStation = 8000;
 inline constexpr unsigned kFirstStation = 8001;
 inline constexpr unsigned kStationSeparator = 9999;

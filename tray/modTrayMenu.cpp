@@ -22,6 +22,8 @@
 namespace tray {
 namespace {
 
+static_assert(mnuExit < kFixedItemsEnd);
+
 HMENU TrayMenuHandle = nullptr;
 HMENU StationMenuHandle = nullptr;
 std::int16_t AlertItemCount = 0;
@@ -87,8 +89,8 @@ std::vector<std::uint32_t> AlertIdentifiers() {
 // Makes an empty menu for the sake of its number and keeps it; 0 when the system has no more. Menus
 // whose number would be mistaken are given back only after a good one was found, so that they do
 // not come again.
-std::uint32_t MakeAlertIdentifier(std::vector<std::uint32_t>& taken) {
-    std::vector<win::Menu> unusable;
+std::uint32_t MakeAlertIdentifier(std::vector<std::uint32_t>& taken,
+                                  std::vector<win::Menu>& unusable) {
     for (;;) {
         win::Menu menu(CreatePopupMenu());
         if (!menu) return 0;
@@ -158,13 +160,14 @@ void BuildAlertsMenu() {
     AlertMenuMap.clear();
     std::string seenCaptions;
     std::vector<std::uint32_t> taken;
+    std::vector<win::Menu> unusable;
     for (int k = 1; k <= count; ++k) {
         const std::string code = ValueOf(section, settings::kAlertZipCode, k);
         const std::string caption =
             AlertCaption(ValueOf(section, settings::kAlertTitle, k),
                          stations::DisplayTextOfCode(settings::State().stations, code));
         if (!TakeCaption(seenCaptions, caption, win::BrokenBar())) continue;
-        const std::uint32_t identifier = MakeAlertIdentifier(taken);
+        const std::uint32_t identifier = MakeAlertIdentifier(taken, unusable);
         if (identifier == 0) break;
         ++AlertItemCount;
         InsertMenuA(TrayMenuHandle, static_cast<UINT>(AlertItemCount), MF_BYPOSITION, identifier,

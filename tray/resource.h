@@ -1,5 +1,5 @@
 #pragma once
-// The tray's menu items and pictures. Item identifiers stay below 8000, where built items begin.
+// The tray's menu items and pictures. Item identifiers stay below kFixedItemsEnd.
 #define IDR_TRAYMENUBAR 100
 #define mnuAlertsAvailable 101
 #define mnuRetrieveSevereAlerts 102

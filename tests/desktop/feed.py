@@ -1,11 +1,10 @@
 """The weather feed: a server on loopback that answers as each test tells it to."""
 
-import contextlib
-import http.server
 import threading
-from dataclasses import dataclass
 from urllib.parse import parse_qs, urlsplit
 from xml.sax.saxutils import escape
+
+from loopback import Server, answer
 
 
 def document(*alerts):
@@ -24,65 +23,51 @@ TORNADO = ("101", "Tornado Warning", "A tornado was seen near Łódź.")
 FLOOD = ("102", "Flood Watch", "Flooding is possible.")
 
 
-@dataclass
-class Answer:
-    body: bytes
-    status: int = 200
-    cut: bool = False  # announce one byte more than comes
-    gate: threading.Event = None  # hold the answer back until this is set
-
-
 class Feed:
     def __init__(self):
-        self.answers = {}  # by station code
-        self.paths = []  # of all requests
+        self.answers = {}  # by station code: a whole answer, or a function that serves the connection
         self.gates = []
-        feed = self
+        self.server = Server(self.find_answer)
+        self.address = self.server.url("/")
 
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                with contextlib.suppress(OSError):
-                    feed.handle(self)
-
-            def log_message(self, *arguments):
-                pass
-
-        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-        self.server.daemon_threads = True
-        self.server.block_on_close = False
-        self.address = f"http://127.0.0.1:{self.server.server_address[1]}/"
-        threading.Thread(target=self.server.serve_forever, args=(0.05,), daemon=True).start()
-
-    def handle(self, request):
-        self.paths.append(request.path)
-        code = parse_qs(urlsplit(request.path).query).get("ZipCode", [""])[0]
-        answer = self.answers.get(code, Answer(b"no such station", 404))
-        if answer.gate:
-            answer.gate.wait(60)
-        request.send_response(answer.status)
-        request.send_header("Content-Length", str(len(answer.body) + answer.cut))
-        request.end_headers()
-        request.wfile.write(answer.body)
+    def find_answer(self, head):
+        return self.answers.get(code_of(head.split(" ")[1]), answer(404))
 
     def serve(self, code, *alerts):
-        self.answers[code] = Answer(document(*alerts))
+        self.serve_raw(code, document(*alerts))
 
-    def serve_raw(self, code, body, **how):
-        self.answers[code] = Answer(body, **how)
+    def serve_raw(self, code, body, status=200):
+        self.answers[code] = answer(status, body)
+
+    def serve_cut_off(self, code, body):
+        self.answers[code] = answer(200, body, f"Content-Length: {len(body) + 1}")
 
     def hold(self, code):
         """Holds the answers for this station back; the event returned lets them go."""
         gate = threading.Event()
         self.gates.append(gate)
-        self.answers[code].gate = gate
+        held = self.answers[code]
+
+        def serve_later(connection):
+            gate.wait(60)
+            connection.sendall(held)
+
+        self.answers[code] = serve_later
         return gate
+
+    def paths(self):
+        """What was asked for so far, in order."""
+        return self.server.targets()
 
     def codes(self):
         """The stations asked for so far, in order."""
-        return [parse_qs(urlsplit(path).query)["ZipCode"][0] for path in self.paths]
+        return [code_of(path) for path in self.paths()]
 
     def close(self):
         for gate in self.gates:
             gate.set()
-        self.server.shutdown()
-        self.server.server_close()
+        self.server.close()
+
+
+def code_of(path):
+    return parse_qs(urlsplit(path).query).get("ZipCode", [""])[0]

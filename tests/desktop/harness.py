@@ -19,6 +19,7 @@ TRAY_CLASS = "SkyvaneAlertsTray"
 # The minute clock's two timers, of which one runs at a time, the first one first.
 MINUTE_TIMERS = (3, 2)
 WM_TIMER = 0x113
+RETRIEVER_DELAY_TIMER = 1
 
 LEFT, RIGHT = 1, 3
 DOUBLE_CLICK_SECONDS = 0.5
@@ -212,10 +213,13 @@ class Program:
     def post(self, message, w_param=0, l_param=0):
         probe("post", TRAY_CLASS, message, w_param, l_param)
 
-    def tick(self):
-        """Lets a minute pass."""
-        self.post(WM_TIMER, MINUTE_TIMERS[self.ticks % 2])
-        self.ticks += 1
+    def tick(self, minutes=1):
+        """Lets minutes pass."""
+        turns = range(self.ticks, self.ticks + minutes)
+        messages = [(WM_TIMER, MINUTE_TIMERS[turn % 2], 0) for turn in turns]
+        if turns:
+            probe("post", TRAY_CLASS, *(field for message in messages for field in message))
+        self.ticks += minutes
 
     # State and end.
 
@@ -228,6 +232,10 @@ class Program:
     def downloaders(self):
         """Unix process numbers of the dl.exe that run from this folder."""
         return [number for number in processes_in(self.folder) if number != self.process.pid]
+
+    def errors(self):
+        """What Wine wrote about the program."""
+        return (self.folder.parent / "stderr.txt").read_text(encoding="utf-8", errors="replace")
 
     def wait_for_end(self, seconds=15):
         return self.process.wait(seconds)

@@ -4,7 +4,7 @@
 //
 //   windows                                the visible windows and what is in them
 //   send CLASS MESSAGE WPARAM LPARAM       SendMessage; MESSAGE is a number or a registered name
-//   post CLASS MESSAGE WPARAM LPARAM       PostMessage
+//   post CLASS MESSAGE WPARAM LPARAM ...   PostMessage, for each three
 //   forget-icon CLASS                      takes the window's icon out of the taskbar
 //   counts CLASS                           what the window's process holds
 //   folders                                the user's temporary and application data folders
@@ -101,20 +101,30 @@ void ForgetIcon(const char* className) {
     Shell_NotifyIconA(NIM_DELETE, &icon);
 }
 
-void SendOrPost(bool wait, char** arguments) {
-    const HWND window = FindByClass(arguments[0]);
+UINT MessageNumber(const char* text) {
     char* end = nullptr;
-    UINT message = std::strtoul(arguments[1], &end, 0);
-    if (*end) message = RegisterWindowMessageA(arguments[1]);
-    const WPARAM wParam = std::strtoul(arguments[2], nullptr, 0);
-    const LPARAM lParam = static_cast<LPARAM>(std::strtoul(arguments[3], nullptr, 0));
-    if (!wait) {
-        PostMessageA(window, message, wParam, lParam);
-        return;
-    }
+    const UINT number = std::strtoul(text, &end, 0);
+    return *end ? RegisterWindowMessageA(text) : number;
+}
+
+void Send(char** arguments) {
     DWORD_PTR result = 0;
-    SendMessageTimeoutA(window, message, wParam, lParam, SMTO_NORMAL, 10000, &result);
+    const auto lParam = static_cast<LPARAM>(std::strtoul(arguments[3], nullptr, 0));
+    if (!SendMessageTimeoutA(FindByClass(arguments[0]), MessageNumber(arguments[1]),
+                             std::strtoul(arguments[2], nullptr, 0), lParam, SMTO_NORMAL, 10000,
+                             &result))
+        std::exit(4);
     Print(std::to_string(result) + "\n");
+}
+
+// Posts each MESSAGE WPARAM LPARAM in turn.
+void Post(int count, char** arguments) {
+    const HWND window = FindByClass(arguments[0]);
+    for (int i = 1; i + 2 < count; i += 3) {
+        const auto lParam = static_cast<LPARAM>(std::strtoul(arguments[i + 2], nullptr, 0));
+        PostMessageA(window, MessageNumber(arguments[i]),
+                     std::strtoul(arguments[i + 1], nullptr, 0), lParam);
+    }
 }
 
 // All user handles stand in one table that fills its gaps before it grows: the numbers that many
@@ -223,8 +233,10 @@ int main(int count, char** arguments) {
     const std::string command = count > 1 ? arguments[1] : "";
     if (command == "windows") {
         EnumWindows(PrintWindow, 0);
-    } else if ((command == "send" || command == "post") && count == 6) {
-        SendOrPost(command == "send", arguments + 2);
+    } else if (command == "send" && count == 6) {
+        Send(arguments + 2);
+    } else if (command == "post" && count >= 6) {
+        Post(count - 2, arguments + 2);
     } else if (command == "counts" && count == 3) {
         PrintCounts(arguments[2]);
     } else if (command == "forget-icon" && count == 3) {

@@ -1,11 +1,15 @@
 """Retrieval cycles as a person sees them."""
 
 import datetime
+import re
+import shutil
 
 import pytest
 
-from feed import FLOOD, TORNADO
+from feed import FLOOD, TORNADO, document
 from harness import message_boxes, stays, wait_for_message_box, wait_until
+from stores import windows_path
+from tray_menu import choose
 
 LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
 PARIS = ("Paris, France (Orly)", "064321")
@@ -42,7 +46,7 @@ def test_new_alerts_are_told_and_stored(make_watcher, feed, temp_folder, registr
     program.wait_for_picture("new alerts")
     wait_until(lambda: NEW_ALERTS in program.balloons(), "the balloon")
     request = "/GetXml.aspx?partnerid=7e3a90d4&requesttype=6&ZipCode="
-    assert feed.paths == [request + "66044", request + "064321"]
+    assert feed.paths() == [request + "66044", request + "064321"]
     assert program.store.alerts() == [
         ("101", "Tornado Warning", "66044", "A tornado was seen near Łódź."),
         ("102", "Flood Watch", "66044", "Flooding is possible."),
@@ -54,3 +58,163 @@ def test_new_alerts_are_told_and_stored(make_watcher, feed, temp_folder, registr
     time_alone = updated.split(" ", 1)[1]
     assert program.tooltip() == f"Skyvane Alerts (Last Updated: {time_alone})"
     assert not list(temp_folder.glob("SV*.tmp"))
+
+
+@pytest.mark.parametrize("registry", [False, True], ids=["ini", "registry"])
+def test_known_alerts_are_not_told_again(make_watcher, feed, registry):
+    feed.serve("66044", TORNADO, FLOOD)
+    program = make_watcher(LAWRENCE, registry=registry, options={"DisplayTrayAlert": "True"},
+                           misc={"OldAlerts": "7¦102¦101"})
+    program.start()
+    choose(program, "Retrieve Severe Alerts", stations=["Lawrence"])
+    wait_until(program.last_updated, "the first cycle's end")
+    assert program.answers()
+    assert program.icon_picture() == "normal" and not program.balloons()
+    assert [alert[0] for alert in program.store.alerts()] == ["101", "102"]
+
+    feed.serve("66044", TORNADO, ("103", "Hail", "Hail."), FLOOD)
+    choose(program, "Retrieve Severe Alerts", alerts=["Tornado", "Flood"], stations=["Lawrence"])
+    program.wait_for_picture("new alerts")
+    wait_until(lambda: NEW_ALERTS in program.balloons(), "the balloon")
+    assert program.store.read("Misc", "OldAlerts") == "7¦102¦101¦103"
+    # The INI file's alerts are never cleared: there the numbers go on.
+    earlier = [] if registry else ["101", "102"]
+    assert [alert[0] for alert in program.store.alerts()] == [*earlier, "101", "103", "102"]
+
+
+def test_picture_changes_without_a_balloon_unless_asked_for(make_watcher, feed):
+    feed.serve("66044", TORNADO)
+    program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
+    program.start()
+    program.wait_for_picture("new alerts")
+    assert stays(lambda: not program.balloons(), 1)
+
+
+def fail_with_status(feed):
+    feed.serve_raw("66044", b"gone", status=503)
+
+
+def fail_by_cut(feed):
+    feed.serve_cut_off("66044", document(TORNADO))
+
+
+def fail_by_refusal(feed):
+    feed.close()
+
+
+@pytest.mark.parametrize("fail", [fail_with_status, fail_by_cut, fail_by_refusal])
+def test_failing_server(make_watcher, feed, fail):
+    fail(feed)
+    before = "11/20/2026 1:02:03 PM"
+    program = make_watcher(LAWRENCE, registry=True, options=AT_START,
+                           misc={"LastUpdated": before, "OldAlerts": "7"})
+    program.store.write({"Alerts": {"Count": "1", "Title1": "Storm", "ZipCode1": "66044"}})
+    program.start()
+    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the quiet cycle's end")
+    assert not message_boxes()
+
+    # The failed cycle had cleared the stored alerts, so the menu has none.
+    choose(program, "Retrieve Severe Alerts", stations=["Lawrence"])
+    message = wait_for_message_box()
+    assert (message.text, list(message.buttons)) == (FAILED, ["OK"])
+    message.answer("OK")
+    assert program.last_updated() == before
+    assert program.store.read("Misc", "OldAlerts") == "7"
+    assert program.icon_picture() == "normal"
+    assert program.tooltip() == f"Skyvane Alerts (Last Updated: {before.replace(' ', ' @ ')})"
+
+
+def test_failure_of_a_later_station_keeps_what_came_before(make_watcher, feed):
+    feed.serve("1", TORNADO)
+    feed.serve("3", FLOOD)
+    program = make_watcher(("One", "1"), ("Two", "2"), ("Three", "3"), registry=True, options=AT_START)
+    program.start()
+    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the cycle's end")
+    assert feed.codes() == ["1", "2"]
+    assert [alert[0] for alert in program.store.alerts()] == ["101"]
+    assert program.last_updated() is None
+    assert program.icon_picture() == "normal"
+
+
+def test_station_codes_are_fetched_once_in_list_order(make_watcher, feed):
+    for code in ("7", "66", "6"):
+        feed.serve(code)
+    program = make_watcher(("A", "66"), ("B", "7"), ("C", "66"), b"not a station", ("D", "6"),
+                           options=AT_START)
+    program.start()
+    wait_until(program.last_updated, "the cycle's end")
+    assert feed.codes() == ["66", "7", "6"]
+
+
+@pytest.mark.parametrize("words, show_only, kept", [
+    ("tornado|||||flood", "False", ["3"]),
+    ("tornado|||||flood", "True", ["4"]),
+    ("STORM", "True", ["3"]),
+    ("storm", "true", ["1", "2", "4"]),  # only the exact text counts
+    ("storm||||||||||x", "False", []),
+    ("", "True", ["1", "2", "3", "4"]),
+])
+def test_filters(make_watcher, feed, words, show_only, kept):
+    feed.serve("66044", ("1", "T", "A Tornado."), ("2", "F", "FLOODING"), ("3", "S", "Thunderstorms"),
+               ("4", "B", "tornado, then flood"))
+    program = make_watcher(LAWRENCE, options={**AT_START, "AlertFilters": words,
+                                              "ShowFilteredWords": show_only})
+    program.start()
+    wait_until(program.last_updated, "the cycle's end")
+    assert [alert[0] for alert in program.store.alerts()] == kept
+    assert program.store.read("Misc", "OldAlerts") == "¦".join(kept)
+    program.wait_for_picture("new alerts" if kept else "normal")
+
+
+NO_STATION = ("Before attempting to retrieve the alert information, you must\r\n"
+              "select a station to watch in the \"Stations\" section of the Skyvane Alerts Options."
+              "\r\n\r\nWould you like to select a station now?")
+
+
+@pytest.mark.parametrize("answer", ["No", "Yes"])
+def test_cycle_without_a_station_asks_for_one(make_watcher, feed, answer):
+    program = make_watcher(registry=True)
+    program.store.write({"Alerts": {"Count": "1", "Title1": "Storm", "ZipCode1": "66044"}})
+    program.start()
+    program.tick(5)
+    question = wait_for_message_box()
+    assert (question.text, sorted(question.buttons)) == (NO_STATION, ["No", "Yes"])
+    program.tick(5)
+    assert program.answers() and len(message_boxes()) == 1, "the clock asks a second time"
+    question.answer(answer)
+    wait_until(lambda: program.store.read("Options", "LastOption") ==
+               ("Stations" if answer == "Yes" else None), "the page to open the options on")
+    if answer == "No":
+        wait_until(program.last_updated, "the cycle's end")
+        assert program.store.read("Alerts", "Count") == "1"
+        assert program.tooltip().startswith("Skyvane Alerts (Last Updated: ")
+    assert feed.paths() == []
+
+
+@pytest.mark.parametrize("flash, sound, played", [
+    ("True", "Urgent.wav", r"Sounds\Urgent.wav"),
+    ("True", "(None)", None),
+    ("True", "", None),
+    ("True", "Missing.wav", None),
+    ("True", "OwnCopy.wav", None),  # only in the data folder's Sounds
+    ("False", "Urgent.wav", None),
+    ("", "Urgent.wav", None),
+])
+def test_chosen_sound(make_watcher, feed, flash, sound, played):
+    feed.serve("66044", TORNADO)
+    program = make_watcher(LAWRENCE, options={**AT_START, "FlashTrayIcon": flash, "TrayAlertSound": sound})
+    sounds = program.folder / "Users" / "Default" / "Sounds"
+    sounds.mkdir()
+    shutil.copy(program.folder / "Sounds" / "Urgent.wav", sounds / "OwnCopy.wav")
+    program.start(WINEDEBUG="+winmm")  # Wine then writes down each sound that it is asked for
+    program.wait_for_picture("new alerts")
+    assert program.answers()
+    if played:
+        expected = windows_path(program.folder) + "\\" + played
+        wait_until(lambda: sounds_played(program) == [expected], f"the sound {sound}")
+    else:
+        assert "MULTIMEDIA_PlaySound" not in program.errors()
+
+
+def sounds_played(program):
+    return [name.replace("\\\\", "\\") for name in re.findall(r'SoundName=L"(.*?)"', program.errors())]

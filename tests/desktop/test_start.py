@@ -6,7 +6,7 @@ import shutil
 import pytest
 
 from feed import TORNADO
-from harness import message_boxes, probe, stays, user_name, wait_for_message_box, wait_until
+from harness import RETRIEVER_DELAY_TIMER, WM_TIMER, message_boxes, probe, stays, user_name, wait_for_message_box, wait_until
 from stores import IniStore, windows_path
 from tray_menu import choose
 
@@ -79,7 +79,7 @@ def test_second_copy_ends_in_silence(make_watcher, feed):
     program.store.write({"Options": {"RetrieveAlertsOnStartup": "False"}})
     settings["Options"]["retrievealertsonstartup"] = "False"
     assert program.store.sections() == settings
-    assert feed.paths == []
+    assert feed.paths() == []
     assert program.answers() and program.icon_picture() == "normal"
     assert program.tooltip() == "Skyvane Alerts (Last Updated: 5/2/2008 @ 4:12:10 @ PM)"
 
@@ -135,15 +135,15 @@ def test_minute_clock(make_watcher, feed, interval, minutes):
     program = make_watcher(LAWRENCE, options={"AutoUpdateInterval": interval})
     program.start()
     for _ in range(2 if minutes else 1):
-        for _ in range((minutes or 20) - 1):
-            program.tick()
-        assert program.answers() and feed.paths == []
+        program.tick((minutes or 20) - 1)
+        assert program.answers() and feed.paths() == []
         program.tick()
         if minutes:
-            wait_until(lambda: feed.paths, "the retrieval")
-            wait_until(program.last_updated, "the cycle's end")
-            feed.paths.clear()
-    assert stays(lambda: feed.paths == [], 0.5)
+            wait_until(feed.paths, "the retrieval")
+            program.wait_for_picture("new alerts")
+            assert program.answers()
+            feed.server.heads.clear()
+    assert stays(lambda: feed.paths() == [], 0.5)
 
 
 def test_delayed_first_retrieval(make_watcher, feed):
@@ -151,7 +151,7 @@ def test_delayed_first_retrieval(make_watcher, feed):
     program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True",
                                               "Pause30SecondsOnStartup": "True"})
     program.start()
-    assert program.answers() and feed.paths == []
-    program.post(0x113, 1)  # the thirty seconds are over
+    assert program.answers() and feed.paths() == []
+    program.post(WM_TIMER, RETRIEVER_DELAY_TIMER)  # the thirty seconds are over
     program.wait_for_picture("new alerts")
     assert not message_boxes()

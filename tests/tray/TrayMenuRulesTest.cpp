@@ -48,9 +48,10 @@ TEST(TrayMenuRules, FindsAChosenAlertByWholeNumberOrLowWord) {
 }
 
 TEST(TrayMenuRules, TakesNoNumberThatIsAnotherItems) {
-    for (const std::uint32_t number : {101u, 8000u, 8003u, 9999u, 0x00010065u, 0x00022710u - 17u})
+    for (const std::uint32_t number : {101u, 8000u, 8003u, 9999u, 0x00010065u, 0x00021F42u})
         EXPECT_FALSE(IsUsableAlertIdentifier(number, 3, {})) << number;
-    EXPECT_TRUE(IsUsableAlertIdentifier(0x00012711, 3, {}));
+    for (const std::uint32_t number : {0x00012711u, 0x00010200u, 0x00011F44u})
+        EXPECT_TRUE(IsUsableAlertIdentifier(number, 3, {})) << number;
     EXPECT_FALSE(IsUsableAlertIdentifier(0x00012711, 3, {0x00052711}));
     EXPECT_FALSE(IsUsableAlertIdentifier(0x00012711, 10000, {}));  // a station's number
 }

@@ -1,0 +1,165 @@
+"""Input that is wrong, huge or hostile: never a crash, a lost setting or a request that nobody asked for."""
+
+import random
+
+import pytest
+
+from feed import FLOOD, TORNADO, document
+from harness import RIGHT, station_line, wait_for_message_box, wait_until
+from tray_menu import choose, open_menus
+
+LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
+PARIS = ("Paris, France (Orly)", "064321")
+AT_START = {"RetrieveAlertsOnStartup": "True", "DisplayTrayAlert": "True"}
+MIB = 1024 * 1024
+
+
+def run_cycle(program, seconds=15):
+    program.start()
+    wait_until(program.last_updated, "the cycle's end", seconds)
+    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the start is complete", seconds)
+    assert program.answers()
+
+
+def leave(program, **menu):
+    choose(program, "Exit", **menu)
+    assert program.wait_for_end() == 0
+
+
+GOOD = document(TORNADO, FLOOD)
+ENTITY = b'<!DOCTYPE w [<!ENTITY e %s>]>'
+LAUGHS = b'<!DOCTYPE w [<!ENTITY a0 "ha">' + b"".join(
+    b'<!ENTITY a%d "%s">' % (n, b"&a%d;" % (n - 1) * 10) for n in range(1, 12)) + b"]>"
+
+
+def with_prologue(prologue, body):
+    start = GOOD.index(b"<aws:weather")
+    return GOOD[:start] + prologue + GOOD[start:].replace(b"Flooding is possible.", body)
+
+
+def unloadable(feed):
+    """Documents that do not load: they count as no alerts, and as no failure."""
+    outside = b'SYSTEM "' + feed.address.encode() + b'outside.dtd"'
+    return {
+        "empty": b"",
+        "truncated": GOOD[:len(GOOD) * 2 // 3],
+        "not XML": b"\x00\x01\xff MZ rubbish" * 100,
+        "two roots": GOOD + b"<more/>",
+        "bad UTF-8": GOOD.replace("Łódź".encode(), b"\xc3\x28\xff"),
+        "error page": b"<!DOCTYPE html><html><head><title>Sorry</title><body><p>Try again<br></html>",
+        "outside entity": with_prologue(ENTITY % outside, b"&e;"),
+        "outside definition": with_prologue(b"<!DOCTYPE w " + outside + b">", b"x"),
+        "outside parameter": with_prologue(b"<!DOCTYPE w [<!ENTITY % p " + outside + b"> %p;]>", b"x"),
+        "endless expansion": with_prologue(LAUGHS, b"&a11;"),
+        "own file": with_prologue(ENTITY % b'SYSTEM "file:///C:/windows/win.ini"', b"&e;"),
+        "wide definition": with_prologue(ENTITY % outside, b"&e;").decode().replace("utf-8", "utf-16")
+                           .encode("utf-16"),
+        "deep": b"<a>" * 200_000,
+    }
+
+
+def test_documents_that_do_not_load(make_watcher, feed):
+    documents = unloadable(feed)
+    for number, body in enumerate(documents.values()):
+        feed.serve_raw(str(number), body)
+    feed.serve("last", TORNADO)
+    stations = [(name, str(number)) for number, name in enumerate(documents)]
+    program = make_watcher(*stations, ("Last", "last"), options=AT_START)
+    run_cycle(program, 60)
+    assert feed.codes() == [*(code for _, code in stations), "last"], "asked for something else"
+    assert program.store.alerts() == [("101", "Tornado Warning", "last", "A tornado was seen near Łódź.")]
+    leave(program, alerts=["Tornado"], stations=[*documents, "Last"])
+
+
+def test_odd_but_well_formed_documents(make_watcher, feed):
+    feed.serve("1", ("1", None, "first, no title"), ("2", "Two", "body"), ("3", None, "title carries over"),
+               ("4", "Four", ""), ("5", "Five", None), (None, "Six", "no id"), ("", "", " a  b   c "))
+    feed.serve("2")
+    feed.serve_raw("3", b"<weather><alerts><alert><id>9</id></alert></alerts></weather>")
+    feed.serve("4", ("[x]\r\n=\"y\"", "A & B <i>\t\r\nCOUNT=0", "line one\nBODY1=lost\r\n[Misc]\r\nRUNS=99"))
+    program = make_watcher(*((code, code) for code in "1234"), options=AT_START)
+    run_cycle(program)
+    alerts = program.store.alerts()
+    assert [alert and alert[:3] for alert in alerts[:7]] == [
+        ("1", "", "1"), ("2", "Two", "1"), ("3", "Two", "1"), None, ("5", "Six", "1"), ("", "", "1"),
+        alerts[6][:3]]
+    assert alerts[5][3] == "a b c"
+    assert alerts[0][3] == "first, no title"
+    assert set(program.store.sections()) == {"Hosts", "Options", "Misc", "Alerts"}
+
+
+def test_five_thousand_alerts(make_watcher, feed):
+    feed.serve("66044", *((str(n), f"Alert {n:05}", "body " * 20) for n in range(5000)))
+    program = make_watcher(LAWRENCE, options=AT_START)
+    run_cycle(program, 60)
+    alerts = program.store.alerts()
+    assert len(alerts) == 5000 and alerts[4999][:2] == ("4999", "Alert 04999")
+    program.click_icon(RIGHT)
+    wait_until(open_menus, "the popup menu")
+
+
+@pytest.mark.parametrize("element", ["id", "title", "html-msg-body", "name of an element"])
+def test_one_element_of_sixteen_mebibytes(make_watcher, feed, element):
+    huge = "x" * (16 * MIB - 2000)
+    if element == "name of an element":
+        feed.serve_raw("66044", GOOD.replace(b"</aws:alerts>", f"<{huge[:8 * MIB - 1000]}/></aws:alerts>".encode()))
+    else:
+        alert = dict(zip(("id", "title", "html-msg-body"), TORNADO), **{element: huge})
+        feed.serve("66044", tuple(alert.values()))
+    feed.serve("064321", FLOOD)
+    program = make_watcher(LAWRENCE, PARIS, options=AT_START)
+    run_cycle(program, 60)
+    assert program.store.alerts()[-1] == ("102", "Flood Watch", "064321", "Flooding is possible.")
+
+
+@pytest.mark.parametrize("registry", [False, True], ids=["ini", "registry"])
+def test_settings_of_a_hundred_thousand_characters(make_watcher, feed, registry):
+    feed.serve("66044", TORNADO)
+    long = "Ł" * 100_000
+    program = make_watcher(
+        LAWRENCE, registry=registry,
+        options={**AT_START, "AlertFilters": long, "SingleClickAction": long, "AutoUpdateInterval": long,
+                 "Icon": long, "TrayAlertSound": long, "FlashTrayIcon": "True"},
+        misc={"OldAlerts": long, "LastUpdated": long})
+    program.store.write({"Alerts": {"Count": "2", "Title1": long, "ZipCode1": long, "Body1": long,
+                                    "Title2": "Two", "ZipCode2": "66044"}})
+    run_cycle(program, 30)
+    program.wait_for_picture("new alerts")
+    assert program.store.alerts()[-1][0] == "101"
+    assert program.store.read("Misc", "OldAlerts").endswith("Ł¦101")
+    assert program.store.read("Options", "Icon") == long
+
+
+def test_station_file_of_rubbish(make_watcher, feed):
+    feed.serve("66044", TORNADO)
+    rubbish = random.Random(7).randbytes(300_000)
+    program = make_watcher(rubbish, LAWRENCE, options=AT_START)
+    run_cycle(program)
+    assert feed.codes() == ["66044"]
+    program.wait_for_picture("new alerts")
+    assert station_line(*LAWRENCE) in (program.folder / "Users/Default/CityCode.cmb").read_bytes()
+
+
+def test_station_file_of_ten_thousand_lines(make_watcher, feed):
+    feed.serve("66044", TORNADO)
+    stations = [(f"Station {n}", "66044") for n in range(10_000)]
+    program = make_watcher(*stations, options=AT_START)
+    run_cycle(program, 60)
+    assert feed.codes() == ["66044"]
+    program.click_icon(RIGHT)
+    wait_until(open_menus, "the popup menu")
+
+
+@pytest.mark.parametrize("registry", [False, True], ids=["ini", "registry"])
+def test_program_folder_that_takes_no_files(make_program, app_data_folder, registry):
+    """Made by folders and files in the places of what would be written: root may write anywhere."""
+    program = make_program(registry)
+    if registry:
+        (program.folder / "Users").write_text("a file")
+        program.store.write({"Options": {"StoreFilesInProgramFolder": "True"}})
+    else:
+        program.store.path.mkdir()
+    program.start()
+    wait_for_message_box().answer("No")  # nothing is stored, so each start is the first
+    assert program.answers()
+    leave(program)
