@@ -22,6 +22,13 @@ foreach(target SVAlerts dl)
   target_link_libraries(${target} PRIVATE houseRules)
 endforeach()
 
+set(helpPage ${productDir}/Help.html)
+add_custom_command(OUTPUT ${helpPage}
+  COMMAND ${CMAKE_SOURCE_DIR}/tools/make-help ${CMAKE_SOURCE_DIR}/README.md ${helpPage}
+  DEPENDS tools/make-help README.md
+  COMMENT "Making the help page")
+
 add_custom_target(productFiles ALL
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/assets/Sounds ${productDir}/Sounds
+  DEPENDS ${helpPage}
   COMMENT "Laying out the program folder")

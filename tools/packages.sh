@@ -17,6 +17,8 @@ packages+=(xvfb icewm xdotool imagemagick x11-utils fonts-liberation fonts-dejav
 packages+=(python3 python3-pytest)
 # form and faults of the C++ code
 packages+=(clang-format clang-tidy)
+# the help page, from the README
+packages+=(cmark-gfm)
 # putting the map page together
 packages+=(nodejs=node npm=npm)
 # the installer and the archive

@@ -8,7 +8,7 @@ void RunModal(HWND dialog, bool (*translate)(const MSG&)) {
     if (!dialog) return;
     const HWND owner = GetWindow(dialog, GW_OWNER);
     if (owner) EnableWindow(owner, FALSE);
-    MSG message;
+    MSG message{};
     while (IsWindow(dialog) && GetMessageA(&message, nullptr, 0, 0) > 0) {
         if ((translate && translate(message)) || IsDialogMessageA(dialog, &message)) continue;
         TranslateMessage(&message);
