@@ -127,20 +127,14 @@ void Post(int count, char** arguments) {
     }
 }
 
-// All user handles stand in one table that fills its gaps before it grows: the numbers that many
-// fresh handles get tell how many others are in use, of all processes. Wine does not answer
-// GetGuiResources.
+// All user handles stand in one table of a fixed size: what is left of it tells how many are in
+// use, of all processes. Wine does not answer GetGuiResources.
 int UserHandlesInUse() {
-    constexpr int fresh = 2000;
+    constexpr int tableSize = (0xffef - 0x20) / 2 + 1;
     std::vector<HMENU> menus;
-    int highest = 0;
-    for (int i = 0; i < fresh; ++i) {
-        menus.push_back(CreatePopupMenu());
-        highest = std::max<int>(highest, LOWORD(menus.back()));
-    }
+    while (const HMENU menu = CreatePopupMenu()) menus.push_back(menu);
     for (const HMENU menu : menus) DestroyMenu(menu);
-    constexpr int firstHandle = 0x20;
-    return (highest - firstHandle) / 2 + 1 - fresh;
+    return tableSize - static_cast<int>(menus.size());
 }
 
 template <class Function>

@@ -61,6 +61,7 @@ class Store:
 class IniStore(Store):
     def __init__(self, path):
         self.path = path
+        self.parsed = None, {}  # what was read last: polling may go over megabytes
 
     def write(self, settings):
         sections = self.sections()
@@ -71,13 +72,21 @@ class IniStore(Store):
             for section, values in sections.items()), encoding="utf-8", newline="")
 
     def sections(self):
-        result, current = {}, None
         if not self.path.is_file():
-            return result
-        for line in self.path.read_bytes().decode("utf-8").split("\n"):
+            return {}
+        state = self.path.stat()
+        version = state.st_mtime_ns, state.st_ino, state.st_size
+        if self.parsed[0] != version:
+            self.parsed = version, self.parse(self.path.read_bytes().decode("utf-8", "replace"))
+        return {section: dict(values) for section, values in self.parsed[1].items()}
+
+    @staticmethod
+    def parse(text):
+        result, current = {}, None
+        for line in text.split("\n"):
             line = line.rstrip("\r")
             if line.startswith("["):
-                current = result.setdefault(line[1:line.rindex("]")], {})
+                current = result.setdefault(line[1:].rpartition("]")[0], {})
             elif "=" in line:
                 key, value = line.split("=", 1)
                 current[key.lower()] = value

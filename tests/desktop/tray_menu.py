@@ -34,6 +34,11 @@ def open_menu(program):
     return wait_until(open_menus, "the popup menu")[0]
 
 
+def close_menu():
+    click(600, 300)
+    wait_until(lambda: not open_menus(), "the menu closes")
+
+
 def choose(program, *path, alerts=NO_ALERTS, stations=()):
     """Opens the menu and clicks an item, or an item of a submenu, as a person would. `alerts` and
     `stations` are the captions expected in the menu."""

@@ -1,0 +1,110 @@
+"""What arrives while a download waits."""
+
+import os
+
+import pytest
+
+from feed import FLOOD, TORNADO
+from harness import LEFT, click, stays, wait_until
+from tray_menu import FIXED, choose, close_menu, open_menu, place_of
+
+LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
+MAP = ("https://www.weatherbug.com/severe-weather/national-alert-map.html?zcode=z4172"
+       "&country=US&country_name=USA&zip=66044")
+ALERT = ("https://www.weatherbug.com/Common/SearchResults.html?zcode=z4172"
+         "&nav_section=45&lang_id=en-us&is_search=true&loc=66044")
+
+
+@pytest.fixture
+def waiting(make_watcher, feed):
+    """A program whose first download, at its start or from the menu, is held open."""
+
+    def start(at_start=True, **options):
+        feed.serve("66044", TORNADO)
+        gate = feed.hold("66044")
+        program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": str(at_start), **options})
+        program.start()
+        if not at_start:
+            choose(program, "Retrieve Severe Alerts", stations=["Lawrence"])
+        wait_until(lambda: len(feed.codes()) == 1, "the request")
+        assert len(program.downloaders()) == 1
+        return program, gate
+
+    return start
+
+
+def leave_by_menu(program):
+    choose(program, "Exit", stations=["Lawrence"])
+
+
+def leave_by_end_of_session(program):
+    program.post("0x16", 1, 0)
+
+
+@pytest.mark.parametrize("at_start", [True, False], ids=["starting", "interactive"])
+@pytest.mark.parametrize("leave", [leave_by_menu, leave_by_end_of_session])
+def test_exit_ends_at_once_with_its_downloader(waiting, at_start, leave):
+    program, _ = waiting(at_start)
+    leave(program)
+    assert program.wait_for_end(5) == 0
+    wait_until(lambda: not program.icon() and not program.downloaders(), "icon and downloader go", 5)
+
+
+def test_commands_work_and_retrieving_is_disabled(waiting, feed, browser):
+    program, gate = waiting(at_start=False)
+    program.click_icon(LEFT)
+    browser.wait_for(MAP)
+    choose(program, "View National Severe Alerts", stations=["Lawrence"])
+    browser.wait_for(MAP)
+    menu = open_menu(program)
+    click(*place_of(menu, ("(No Alerts Available)", *FIXED), "Retrieve Severe Alerts"))
+    assert stays(lambda: feed.codes() == ["66044"], 0.5)
+    close_menu()
+    gate.set()
+    program.wait_for_picture("new alerts")
+    choose(program, "Retrieve Severe Alerts", alerts=["Tornado"], stations=["Lawrence"])
+    wait_until(lambda: len(feed.codes()) == 2, "the command is enabled again")
+
+
+def test_the_clock_goes_on(waiting, feed):
+    program, gate = waiting(at_start=False)
+    program.tick(4)
+    assert program.answers() and len(feed.codes()) == 1
+    program.tick()  # the fifth minute starts a cycle inside the one that waits
+    wait_until(lambda: len(feed.codes()) == 2, "the nested cycle")
+    assert program.answers()
+    gate.set()
+    program.wait_for_picture("new alerts")
+    wait_until(lambda: not program.downloaders(), "both downloads end")
+    assert program.answers()
+    assert {alert[:2] for alert in program.store.alerts()} == {TORNADO[:2]}
+    assert program.store.read("Misc", "OldAlerts") == "101"
+    feed.serve("66044", FLOOD)
+    program.tick(5)
+    wait_until(lambda: program.store.read("Misc", "OldAlerts") == "101¦102", "the next cycle")
+
+
+def test_menu_stays_as_it_is_while_it_is_open(make_watcher, feed, browser):
+    feed.serve("66044", TORNADO)
+    program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
+    program.start()
+    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the start is complete")
+    menu = open_menu(program)
+    feed.serve("66044", FLOOD, TORNADO)
+    program.tick(5)
+    program.wait_for_picture("new alerts")
+    assert program.answers()
+    click(*place_of(menu, ("Tornado", *FIXED), "Tornado"))
+    browser.wait_for(ALERT)
+    choose(program, "Flood", alerts=["Tornado", "Flood"], stations=["Lawrence"])
+    browser.wait_for(ALERT)
+
+
+def test_a_downloader_that_dies_leaves_the_program_usable(waiting, browser):
+    program, _ = waiting()
+    os.kill(program.downloaders()[0], 9)
+    wait_until(lambda: not program.downloaders(), "the downloader's end")
+    program.click_icon(LEFT)
+    browser.wait_for(MAP)
+    leave_by_menu(program)
+    assert program.wait_for_end(5) == 0
