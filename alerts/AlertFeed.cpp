@@ -69,18 +69,18 @@ std::int16_t StoreAlerts(const win::XmlNodeList& nodes, AlertStore& store) {
         if (!isBody && name != "id" && name != "title") continue;
         const std::string text = win::NodeText(node);
         if (name == "id") {
-            store.number = AddInt16(store.number, 1);
+            store.number = win::AddInt16(store.number, 1);
             identifier = text;
         }
         if (name == "title") title = text;
         if (!isBody || text.empty()) continue;
         const std::string body = TidyBody(text);
         if (!filter.Keeps(body)) {
-            store.number = AddInt16(store.number, -1);
+            store.number = win::AddInt16(store.number, -1);
             continue;
         }
         store.Store(body, title, identifier);
-        if (IsNew(identifier)) newAlerts = AddInt16(newAlerts, 1);
+        if (IsNew(identifier)) newAlerts = win::AddInt16(newAlerts, 1);
         win::PumpPendingMessages();
     }
     return newAlerts;

@@ -45,11 +45,6 @@ std::string TrimSeen(std::string_view seen) {
                                                        : seen);
 }
 
-std::int16_t AddInt16(std::int16_t number, std::int16_t more) {
-    const int sum = number + more;
-    return sum > INT16_MAX || sum < INT16_MIN ? number : static_cast<std::int16_t>(sum);
-}
-
 bool IsDone(std::string_view done, std::string_view code) {
     return (std::string(done) + ",").find("," + std::string(code) + ",") != std::string::npos;
 }

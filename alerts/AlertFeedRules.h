@@ -25,9 +25,6 @@ void AddSeen(std::string& seen, std::string_view identifier, std::string_view ba
 // behind the first 249 stays, even where that cuts an identifier in two.
 std::string TrimSeen(std::string_view seen);
 
-// The sum of two 16-bit numbers; the first one when the sum does not fit.
-std::int16_t AddInt16(std::int16_t number, std::int16_t more);
-
 // Whether the station code stands in the list of those that this cycle has asked for, each with a
 // comma before it.
 bool IsDone(std::string_view done, std::string_view code);

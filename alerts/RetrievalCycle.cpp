@@ -6,6 +6,7 @@
 #include "settings/ProgramState.h"
 #include "stations/StationLineRules.h"
 #include "stations/StationList.h"
+#include "win/TextRules.h"
 
 namespace alerts {
 
@@ -26,7 +27,7 @@ CycleOutcome RetrieveStationAlerts() {
             return outcome;
         }
         done.append(",").append(code);
-        outcome.newAlerts = AddInt16(outcome.newAlerts, newAlerts);
+        outcome.newAlerts = win::AddInt16(outcome.newAlerts, newAlerts);
     }
     settings::WriteSetting(settings::kOldAlerts, state.oldAlerts);
     return outcome;

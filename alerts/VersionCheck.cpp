@@ -16,8 +16,8 @@
 namespace alerts {
 namespace {
 
-void TellFailure(HWND owner) {
-    win::Tell(owner,
+void TellFailure() {
+    win::Tell(nullptr,
               "The attempt to check for an updated version of Skyvane Alerts failed!\r\n\r\n"
               "Please visit " +
                   settings::MakerHost() + " to check for a new version.",
@@ -44,7 +44,7 @@ void Check(HWND owner, bool interactive) {
     // What the status says is not looked at: the data file alone decides.
     const std::optional<std::string> text = win::ReadWholeFile(dataFile);
     if (!text || IsVersionTooLong(*text)) {
-        if (interactive) TellFailure(owner);
+        if (interactive) TellFailure();
         return;
     }
     win::DeleteFileQuietly(dataFile);
@@ -53,7 +53,8 @@ void Check(HWND owner, bool interactive) {
     if (IsNewerVersion(offered, settings::ReadSetting(settings::kVersion)))
         OfferDownload(owner, offered, interactive);
     else if (interactive)
-        win::Tell(owner, "You are using the latest version of Skyvane Alerts.", MB_ICONINFORMATION);
+        win::Tell(nullptr, "You are using the latest version of Skyvane Alerts.",
+                  MB_ICONINFORMATION);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "alerts/modDownloader.h"
 
+#include <vector>
+
 #include "alerts/AlertFeedRules.h"
 #include "settings/ProgramState.h"
 #include "win/Files.h"
@@ -13,6 +15,9 @@ namespace {
 // How long a wait sleeps between two looks at the status file; the end of the downloader cuts it
 // short.
 constexpr DWORD kPollMilliseconds = 15;
+
+// The downloads whose waits are on the stack, one inside the other.
+std::vector<const Download*> underWay;
 
 // Ends the downloaders that still run when this program ends.
 HANDLE DownloaderJob() {
@@ -50,8 +55,12 @@ win::KernelHandle RunDownloader(const std::string& argument) {
     return downloader;
 }
 
-void WaitForStatus(const std::string& statusFile, win::KernelHandle downloader) {
-    while (!win::FileHasContent(statusFile)) {
+std::string WaitForStatus(const std::string& statusFile, win::KernelHandle downloader) {
+    for (;;) {
+        if (win::FileHasContent(statusFile)) {
+            // A virus scanner may hold the new file for a moment: unread is not success.
+            if (const auto text = win::ReadWholeFile(statusFile)) return *text;
+        }
         win::PumpOrWait(kPollMilliseconds, downloader.Get());
         // An ended downloader would end every further sleep at once.
         if (downloader && WaitForSingleObject(downloader.Get(), 0) == WAIT_OBJECT_0)
@@ -61,14 +70,25 @@ void WaitForStatus(const std::string& statusFile, win::KernelHandle downloader) 
 
 Download::Download(const std::string& address, const std::string& prefix)
     : dataFile_(win::MakeTempFileName(prefix)), statusFile_(win::MakeTempFileName(prefix)) {
-    WaitForStatus(statusFile_, RunDownloader(DownloadArgument(address, dataFile_, statusFile_)));
-    succeeded_ = IsSuccess(win::ReadWholeFile(statusFile_).value_or(std::string()));
+    underWay.push_back(this);
+    succeeded_ = IsSuccess(WaitForStatus(
+        statusFile_, RunDownloader(DownloadArgument(address, dataFile_, statusFile_))));
     win::PauseTicks(1);
 }
 
 Download::~Download() {
+    DeleteFiles();
+    std::erase(underWay, this);
+}
+
+void Download::DeleteFiles() const {
     win::DeleteFileQuietly(dataFile_);
     win::DeleteFileQuietly(statusFile_);
+}
+
+void AbandonDownloads() {
+    TerminateJobObject(DownloaderJob(), 0);
+    for (const Download* download : underWay) download->DeleteFiles();
 }
 
 }  // namespace alerts

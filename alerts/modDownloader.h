@@ -10,9 +10,9 @@ namespace alerts {
 // running downloader's, empty when it could not be started.
 win::KernelHandle RunDownloader(const std::string& argument);
 
-// Waits, letting messages run, until the status file has content. There is no time limit: the
-// downloader owns time-outs.
-void WaitForStatus(const std::string& statusFile, win::KernelHandle downloader);
+// Waits, letting messages run, until the status file has content that can be read, and gives it.
+// There is no time limit: the downloader owns time-outs.
+std::string WaitForStatus(const std::string& statusFile, win::KernelHandle downloader);
 
 // One address fetched into a temporary file, which goes with this object.
 class Download {
@@ -25,11 +25,15 @@ class Download {
 
     bool Succeeded() const { return succeeded_; }
     const std::string& DataFile() const { return dataFile_; }
+    void DeleteFiles() const;
 
   private:
     std::string dataFile_;
     std::string statusFile_;
     bool succeeded_ = false;
 };
+
+// Ends the downloads that are still under way and deletes their files; for the end of the program.
+void AbandonDownloads();
 
 }  // namespace alerts

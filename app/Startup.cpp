@@ -17,6 +17,7 @@
 #include "tray/modTrayMenu.h"
 #include "win/Files.h"
 #include "win/Messages.h"
+#include "win/NamedMutex.h"
 #include "win/Text.h"
 
 namespace app {
@@ -40,14 +41,13 @@ void ChooseStore(std::string_view commandLine) {
         else
             UseIniFile(false);
     }
-    WriteSetting(kUseIni, BooleanText(UseIni == kUseIniStore));
+    WriteSetting(kUseIniRecord, BooleanText(UseIni == kUseIniStore));
     ExportStoreChoice();
 }
 
 void SettleFolders() {
     ChooseDataFolder(IsTrue(ReadSetting(kStoreFilesInProgramFolder)));
     MakeDataFolder();
-    State().tempFolder = win::Environment("Temp") + "\\";
     RefreshDataFolder();
 }
 
@@ -85,7 +85,7 @@ void CountRun() {
         return;
     }
     WriteSetting(kRuns, "1");
-    if (win::Ask(tray::TrayWindow(),
+    if (win::Ask(nullptr,
                  "It looks like this is your first time using Skyvane Alerts.\r\n\r\n"
                  "Would you like to set up the Options now?",
                  MB_ICONINFORMATION))
@@ -94,8 +94,8 @@ void CountRun() {
 
 // Only marks the program as running for other processes; nothing here waits on it.
 void MarkAsRunning() {
-    State().runningMutex.Reset(CreateMutexA(nullptr, FALSE, "SkyvaneAlerts"));
-    if (GetLastError() == ERROR_ALREADY_EXISTS) State().runningMutex.Reset();
+    win::NamedMutex mutex = win::MakeNamedMutex("SkyvaneAlerts");
+    if (!mutex.existed) State().runningMutex = std::move(mutex.handle);
 }
 
 }  // namespace

@@ -3,20 +3,15 @@
 #include "app/Startup.h"
 #include "tray/TrayCommands.h"
 #include "tray/frmTray.h"
-#include "win/Handle.h"
 #include "win/Hardening.h"
-#include "win/Messages.h"
+#include "win/NamedMutex.h"
 
 namespace {
 
 // True in the first copy of this session; the handle marks it as long as the process lives.
 bool IsFirstCopy() {
-    static win::KernelHandle mark;
-    const HANDLE mutex = CreateMutexA(nullptr, FALSE, "Local\\SkyvaneAlerts.FirstCopy");
-    // Read at once: whatever runs in between may change it.
-    const bool existed = GetLastError() == ERROR_ALREADY_EXISTS;
-    mark.Reset(mutex);
-    return !existed;
+    static const win::NamedMutex mark = win::MakeNamedMutex("Local\\SkyvaneAlerts.FirstCopy");
+    return !mark.existed;
 }
 
 }  // namespace
@@ -31,9 +26,9 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR commandLine, int) {
     else
         tray::mnuExit_Click();
     MSG message;
-    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         TranslateMessage(&message);
-        DispatchMessageA(&message);
+        DispatchMessageW(&message);
     }
-    return 0;
+    tray::ShutDown();
 }

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "options/OptionsRules.h"
 #include "options/Pages.h"
 #include "options/resource.h"
@@ -17,7 +19,26 @@ win::ChoiceControl List2(HWND page) {
     return win::ListBox(page, frmOptions_List2);
 }
 
-void EnableRemove(HWND page) {
+// Makes room to scroll to the end of the longest phrase.
+void FitScrollRange(HWND page) {
+    const win::ChoiceControl list = List2(page);
+    const HDC device = GetDC(list.window);
+    const HGDIOBJ font = reinterpret_cast<HGDIOBJ>(SendMessageA(list.window, WM_GETFONT, 0, 0));
+    const HGDIOBJ previous = SelectObject(device, font);
+    LONG widest = 0;
+    for (int i = 0; i < win::CountChoices(list); ++i) {
+        const std::string text = win::ChoiceText(list, i) + "  ";
+        SIZE size{};
+        GetTextExtentPoint32A(device, text.c_str(), static_cast<int>(text.size()), &size);
+        widest = std::max(widest, size.cx);
+    }
+    SelectObject(device, previous);
+    ReleaseDC(list.window, device);
+    SendMessageA(list.window, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
+}
+
+void ShowListChange(HWND page) {
+    FitScrollRange(page);
     win::EnableControl(page, frmOptions_Command10, win::CountChoices(List2(page)) > 0);
 }
 
@@ -29,7 +50,7 @@ void Command9_Click(HWND page) {
     const std::string entry = QuotedWord(word);
     if (win::FindChoice(List2(page), entry) < 0) win::AddChoice(List2(page), entry);
     win::SetControlText(page, frmOptions_Text3, "");
-    EnableRemove(page);
+    ShowListChange(page);
     SetFocus(GetDlgItem(page, frmOptions_Text3));
 }
 
@@ -43,7 +64,7 @@ void Command10_Click(HWND page) {
         if (SendMessageA(list.window, LB_GETSEL, static_cast<WPARAM>(i), 0) > 0)
             win::RemoveChoice(list, i);
     MarkChanged(Page::AlertFilters);
-    EnableRemove(page);
+    ShowListChange(page);
 }
 
 // Enter in the word box adds the word instead of closing the dialog.
@@ -83,7 +104,7 @@ void LoadAlertFilters(HWND page) {
     for (const std::string& word : win::Split(ReadSetting(kAlertFilters), kFilterSeparator))
         win::AddChoice(list, QuotedWord(word));
     SendMessageA(list.window, WM_SETREDRAW, TRUE, 0);
-    EnableRemove(page);
+    ShowListChange(page);
     CheckRadioButton(
         page, frmOptions_Option6, frmOptions_OptionIgnore,
         IsTrue(ReadSetting(kShowFilteredWords)) ? frmOptions_Option6 : frmOptions_OptionIgnore);

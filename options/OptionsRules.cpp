@@ -26,7 +26,9 @@ std::string RemoveQuestion(std::string_view stationDisplayText) {
 
 std::string EditedStationLine(std::string_view line, std::string_view answer) {
     if (answer.empty()) return std::string(line);
-    return stations::MakeStationLine(win::TrimBlanks(answer), stations::HiddenText(line));
+    return stations::MakeStationLine(
+        win::TrimBlanks(stations::DisplayText(win::TrimBlanks(answer))),
+        stations::HiddenText(line));
 }
 
 std::string RestartMessage(bool inProgramFolder) {

@@ -17,10 +17,8 @@ void MarkChanged(Page page);
 INT_PTR CALLBACK GeneralProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam);
 void LoadGeneral(HWND page);
 void ApplyGeneral(HWND page);
-// Whether the choice of the store location differs from the one in effect when the page was loaded
-// or last applied.
+// Whether the last click on the store location chose another one than is in effect.
 bool IsStoreLocationChanged();
-// Takes the location in effect as the one to compare with from now on.
 void ForgetStoreLocationChange();
 
 INT_PTR CALLBACK StationsProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam);

@@ -122,6 +122,7 @@ void Apply() {
     for (const Page page : kApplyOrder) {
         const auto i = static_cast<std::size_t>(page);
         if (std::exchange(form.changed[i], false)) kPages[i].apply(form.frames[i]);
+        if (!form.window) return;  // storing lets messages run: the dialog may be gone
     }
     if (IsStoreLocationChanged()) {
         ForgetStoreLocationChange();
@@ -134,8 +135,8 @@ void Apply() {
 
 void Command1_Click() {
     win::PumpPendingMessages();
-    if (IsWindowEnabled(GetDlgItem(form.window, frmOptions_ApplyButton))) Apply();
-    win::EndModal(form.window);
+    if (form.window && IsWindowEnabled(GetDlgItem(form.window, frmOptions_ApplyButton))) Apply();
+    if (form.window) win::EndModal(form.window);
 }
 
 void OpenHelp() {
@@ -149,7 +150,8 @@ void SelectTab(std::size_t page) {
 
 // Ctrl+Tab and Ctrl+Shift+Tab turn the pages.
 bool TurnPage(const MSG& message) {
-    if (message.message != WM_KEYDOWN || message.wParam != VK_TAB || GetKeyState(VK_CONTROL) >= 0)
+    if (message.message != WM_KEYDOWN || message.wParam != VK_TAB || GetKeyState(VK_CONTROL) >= 0 ||
+        GetAncestor(message.hwnd, GA_ROOT) != form.window)
         return false;
     const std::size_t step = GetKeyState(VK_SHIFT) < 0 ? kPageCount - 1 : 1;
     SetFocus(Tabs());
@@ -196,7 +198,7 @@ INT_PTR CALLBACK OptionsProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
             OpenHelp();
             return TRUE;
         case WM_DESTROY:
-            form.window = nullptr;
+            form = OptionsForm();
             return TRUE;
         default:
             return FALSE;
@@ -214,6 +216,8 @@ void MarkChanged(Page page) {
 
 void ShowOptionsDialog() {
     if (form.window) {
+        // Whoever wanted a certain page has stored its key; else it is that of the page shown.
+        SelectTab(PageOf(settings::ReadSetting(settings::kLastOption)));
         SetForegroundWindow(GetLastActivePopup(form.window));
         return;
     }

@@ -59,7 +59,7 @@ inline constexpr Setting kCheckVersion{kOptions, "CheckVersion"};
 inline constexpr Setting kLastOption{kOptions, "LastOption"};
 
 inline constexpr Setting kRegTest{kMisc, "RegTest"};
-inline constexpr Setting kUseIni{kMisc, "UseINI"};
+inline constexpr Setting kUseIniRecord{kMisc, "UseINI"};
 inline constexpr Setting kRuns{kMisc, "Runs"};
 inline constexpr Setting kVersion{kMisc, "Version"};
 inline constexpr Setting kOldAlerts{kMisc, "OldAlerts"};

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 #include "settings/modRegistry.h"
 #include "win/Files.h"
 #include "win/Messages.h"
@@ -49,6 +51,17 @@ std::optional<std::string> ReadIniText() {
     return isWide ? std::nullopt : text;
 }
 
+// A section as the system reads it, for a file that is not plain text.
+std::string SectionFromSystem(std::string_view section) {
+    std::string lines(32767, '\0');
+    const DWORD length =
+        GetPrivateProfileSectionA(std::string(section).c_str(), lines.data(),
+                                  static_cast<DWORD>(lines.size()), DefaultIniPath().c_str());
+    lines.resize(length);
+    std::replace(lines.begin(), lines.end(), '\0', '\n');
+    return std::string("[").append(section).append("]\n").append(lines);
+}
+
 }  // namespace
 
 std::string ReadSetting(std::string_view section, std::string_view key) {
@@ -91,7 +104,8 @@ std::map<std::string, std::string> ReadSection(std::string_view section) {
     if (UseIni == kUseRegistryStore) {
         values = ReadRegistryTexts(RegistryPath(section));
     } else if (UseIni == kUseIniStore) {
-        values = ReadIniSection(ReadIniText().value_or(std::string()), section);
+        const std::optional<std::string> text = ReadIniText();
+        values = ReadIniSection(text ? *text : SectionFromSystem(section), section);
     }
     std::map<std::string, std::string> result;
     for (auto& [key, value] : values) result.emplace(win::AsciiLower(key), std::move(value));

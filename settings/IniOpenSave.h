@@ -11,7 +11,7 @@
 // or in the per-user registry area. The choice is made once, at start; no other room knows which.
 namespace settings {
 
-// kUseIni and kUseRegistry are the only valid values; with any other, reads give the empty text and
+// These two are the only valid values; with any other, reads give the empty text and
 // writes do nothing.
 inline constexpr std::int16_t kUseIniStore = -1;
 inline constexpr std::int16_t kUseRegistryStore = 0;

@@ -13,7 +13,6 @@ struct ProgramState {
     // Folders, set by start-up; the data folder also by the Options dialog's Apply.
     std::string programFolder;  // no trailing backslash; read by everyone
     std::string dataFolder;     // no trailing backslash; read by stations, search, Options
-    std::string tempFolder;     // with trailing backslash
     bool storeFilesInProgramFolder = false;  // the store location in effect; read by Options
 
     // Tray behaviour, set by start-up and Apply, read by the tray window.

@@ -1,35 +1,67 @@
 #include "settings/ScrambleRules.h"
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
 #include "win/TextRules.h"
 
 namespace settings {
 namespace {
 
 constexpr int kLastCode = 255;
+constexpr int kFirstOdd = 0x80;
 
-// The code of a character of one or two bytes; above kLastCode for anything that has none.
-int CodeOf(std::string_view character) {
+// The characters of the Western ANSI codes 0x80 to 0x9F, the only ones whose code is not their
+// number in Unicode.
+constexpr std::array<std::uint16_t, 32> kOddCharacters{
+    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+
+// The number in Unicode of a well-formed UTF-8 character.
+std::uint32_t NumberOf(std::string_view character) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
     if (character.size() == 1) return byte(0);
-    if (character.size() == 2) return (byte(0) & 0x1F) << 6 | (byte(1) & 0x3F);
-    return kLastCode + 1;
+    std::uint32_t number = byte(0) & (0xFFu >> (character.size() + 1));
+    for (std::size_t i = 1; i < character.size(); ++i) number = number << 6 | (byte(i) & 0x3Fu);
+    return number;
+}
+
+// The ANSI code of a character; above kLastCode for one that has none.
+int CodeOf(std::string_view character, bool utf8) {
+    if (!utf8) return static_cast<unsigned char>(character[0]);
+    const std::uint32_t number = NumberOf(character);
+    const auto odd = std::find(kOddCharacters.begin(), kOddCharacters.end(), number);
+    if (odd != kOddCharacters.end())
+        return kFirstOdd + static_cast<int>(odd - kOddCharacters.begin());
+    const bool isPlain = number < kFirstOdd || (number >= 0xA0 && number <= kLastCode);
+    return isPlain ? static_cast<int>(number) : kLastCode + 1;
 }
 
 void Append(std::string& text, int code, bool utf8) {
-    if (code < 0x80 || !utf8) {
+    if (code < kFirstOdd || !utf8) {
         text += static_cast<char>(code);
-    } else {
-        text += static_cast<char>(0xC0 | code >> 6);
-        text += static_cast<char>(0x80 | (code & 0x3F));
+        return;
     }
+    const auto odd = static_cast<std::size_t>(code - kFirstOdd);
+    const int number = odd < kOddCharacters.size() ? kOddCharacters[odd] : code;
+    if (number < 0x800) {
+        text += static_cast<char>(0xC0 | number >> 6);
+    } else {
+        text += static_cast<char>(0xE0 | number >> 12);
+        text += static_cast<char>(0x80 | (number >> 6 & 0x3F));
+    }
+    text += static_cast<char>(0x80 | (number & 0x3F));
 }
 
-std::optional<std::string> Shift(std::string_view text, int direction, bool utf8) {
+std::optional<std::string> Shift(std::string_view text, int direction) {
+    const bool utf8 = win::IsUtf8(text);
     std::string result;
     int position = 0;
     while (!text.empty()) {
         const std::string_view character = utf8 ? win::FirstChars(text, 1) : text.substr(0, 1);
-        const int code = CodeOf(character);
+        const int code = CodeOf(character, utf8);
         const int sum = code + direction * ++position;
         if (code > kLastCode || sum < 1 || sum > kLastCode) return std::nullopt;
         Append(result, sum, utf8);
@@ -41,11 +73,11 @@ std::optional<std::string> Shift(std::string_view text, int direction, bool utf8
 }  // namespace
 
 std::optional<std::string> Scramble(std::string_view text) {
-    return Shift(text, 1, win::IsUtf8(text));
+    return Shift(text, 1);
 }
 
 std::optional<std::string> Unscramble(std::string_view text) {
-    return Shift(text, -1, win::IsUtf8(text));
+    return Shift(text, -1);
 }
 
 }  // namespace settings

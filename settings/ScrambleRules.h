@@ -7,8 +7,8 @@
 // It has no key: position alone decides the shift.
 namespace settings {
 
-// Each character's code raised by its position, counting from 1. Nothing when a character has no
-// code up to 255 or its sum has none.
+// Each character's Western ANSI code raised by its position, counting from 1. Nothing when a
+// character has no such code or its sum is above 255.
 std::optional<std::string> Scramble(std::string_view text);
 
 // The inverse; nothing when a character could not have come from Scramble.

@@ -1,5 +1,7 @@
 #include "settings/modRegistry.h"
 
+#include <algorithm>
+
 #include "win/Handle.h"
 #include "win/Messages.h"
 
@@ -73,7 +75,7 @@ std::string ReadRegistryText(const std::string& path, const std::string& name) {
                                                 reinterpret_cast<BYTE*>(data.data()), &length);
         if (status == ERROR_SUCCESS) return type == REG_SZ ? TextOf(data, length) : std::string();
         if (status != ERROR_MORE_DATA) return {};
-        data.resize(length);
+        data.resize(std::max<std::size_t>(length, data.size() * 2));
     }
 }
 

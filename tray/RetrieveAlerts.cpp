@@ -6,7 +6,6 @@
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "tray/TrayCommands.h"
-#include "tray/frmTray.h"
 #include "tray/modTrayIcon.h"
 #include "tray/modTrayMenu.h"
 #include "win/Dates.h"
@@ -31,7 +30,7 @@ void OfferStationChoice() {
     static bool asking = false;
     if (asking) return;
     asking = true;
-    if (win::Ask(TrayWindow(), kNoStationQuestion, MB_ICONINFORMATION)) {
+    if (win::Ask(nullptr, kNoStationQuestion, MB_ICONINFORMATION)) {
         settings::WriteSetting(settings::kLastOption, settings::kStationsPage);
         ShowOptions();
     }
@@ -75,8 +74,7 @@ void RetrieveAlerts(bool interactive) {
         RecordUpdate();
         if (outcome.newAlerts > 0) AnnounceNewAlerts();
     } else if (interactive) {
-        win::Tell(TrayWindow(), alerts::FailureMessage(settings::WeatherHost()),
-                  MB_ICONINFORMATION);
+        win::Tell(nullptr, alerts::FailureMessage(settings::WeatherHost()), MB_ICONINFORMATION);
     }
     state.minuteCounter = 0;
 }

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "alerts/VersionCheck.h"
+#include "alerts/modDownloader.h"
 #include "settings/Hosts.h"
 #include "settings/ProgramState.h"
 #include "settings/Version.h"
@@ -16,7 +18,6 @@
 #include "tray/modTrayIcon.h"
 #include "tray/modTrayMenu.h"
 #include "tray/resource.h"
-#include "alerts/VersionCheck.h"
 #include "win/Messages.h"
 #include "win/Shell.h"
 #include "win/modRandomFile.h"
@@ -92,6 +93,7 @@ void RunFiredEvent() {
 void ShutDown() {
     RemoveTrayIcon();
     RemoveMenuSubclass();
+    alerts::AbandonDownloads();
     win::DeleteTempFiles("SVA");
     settings::State().runningMutex.Reset();
     StopExplorerMonitor(TrayWindow());

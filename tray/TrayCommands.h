@@ -19,9 +19,8 @@ void RunFiredEvent();
 // Removes the icon and every trace of the run, and ends the process.
 [[noreturn]] void ShutDown();
 
-// The dialogs that the tray opens stand above it; app/ says where they are. Each returns when its
-// dialog is closed, at once when it is already open (which brings it to the front).
+// The one wish that goes up: the Options dialog stands above the tray, and app/ says where. Returns
+// when the dialog is closed, at once when it is already open (which brings it to the front).
 void ShowOptions();
-void ShowAbout();
 
 }  // namespace tray

@@ -45,6 +45,10 @@ void Initialise(HWND dialog) {
         LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_PROGRAM), IMAGE_ICON,
                    GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON), LR_SHARED);
     SendDlgItemMessageA(dialog, frmAbout_Image1, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+    const HANDLE logo = LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDB_WEATHERBUG),
+                                   IMAGE_BITMAP, 0, 0, LR_SHARED);
+    SendDlgItemMessageA(dialog, frmAbout_Image2, BM_SETIMAGE, IMAGE_BITMAP,
+                        reinterpret_cast<LPARAM>(logo));
 }
 
 INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -53,8 +57,7 @@ INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM
             Initialise(dialog);
             return TRUE;
         case WM_COMMAND:
-            if (LOWORD(wParam) == frmAbout_Image2 && HIWORD(wParam) == STN_CLICKED)
-                OpenWeatherHome();
+            if (LOWORD(wParam) == frmAbout_Image2) OpenWeatherHome();
             if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) win::EndModal(dialog);
             return TRUE;
         case WM_NOTIFY: {

@@ -12,8 +12,8 @@
 #include "tray/modTrayIcon.h"
 #include "tray/modTrayMenu.h"
 #include "tray/resource.h"
-#include "alerts/AlertFeedRules.h"
 #include "win/Messages.h"
+#include "win/TextRules.h"
 
 namespace tray {
 namespace {
@@ -77,8 +77,11 @@ void Form_MouseMove(int x) {
 
 void MinuteTick() {
     settings::ProgramState& state = settings::State();
-    state.minuteCounter = alerts::AddInt16(state.minuteCounter, 1);
+    state.minuteCounter = win::AddInt16(state.minuteCounter, 1);
     if (state.minuteCounter <= IntervalMinutes(state.autoUpdateInterval) - 1) return;
+    // Inside the open menu's loop a retrieval would take its mouse and keys: the next minute will
+    // do.
+    if (IsTrayMenuOpen()) return;
     RetrieveAlerts(false);
     state.minuteCounter = 0;
 }
@@ -94,7 +97,10 @@ void OnTimer(Timer timer) {
     StopTimer(timer);
     switch (timer) {
         case Timer::TimerRetrieverDelay:
-            RetrieveAlerts(false);
+            if (IsTrayMenuOpen())
+                StartTimer(timer);
+            else
+                RetrieveAlerts(false);
             break;
         case Timer::TimerUpdate1:
             UpdateTimer(Timer::TimerUpdate2);

@@ -66,7 +66,6 @@ void LoadBuiltInImages() {
     const int size = win::SmallIconSize();
     Images().ImageIcon = win::LoadIconResource(IDI_NORMAL, size);
     Images().ImageIcon2 = win::LoadIconResource(IDI_NEWALERTS, size);
-    Images().ImageOriginal2 = win::LoadIconResource(IDI_NEWALERTS, size);
 }
 
 void ReplaceImage(win::Icon& image, const std::string& path) {

@@ -11,9 +11,8 @@ namespace tray {
 
 // The tray pictures: the built-in ones, or those of the user's files.
 struct TrayImages {
-    win::Icon ImageIcon;       // normal
-    win::Icon ImageIcon2;      // new alerts
-    win::Icon ImageOriginal2;  // spare copy of the built-in new-alerts picture
+    win::Icon ImageIcon;   // normal
+    win::Icon ImageIcon2;  // new alerts
 };
 TrayImages& Images();
 

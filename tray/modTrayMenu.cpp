@@ -28,11 +28,13 @@ HMENU TrayMenuHandle = nullptr;
 HMENU StationMenuHandle = nullptr;
 std::int16_t AlertItemCount = 0;
 std::string AlertMenuMap;
-std::int32_t StationItemCount = 0;
 WNDPROC PreviousTrayWindowProc = nullptr;
 
 // The empty menus whose handles number the alert items; each lives as long as its item.
 std::vector<win::Menu> alertHandles;
+// Every item takes a menu, of which the system gives a process 10,000 windows and menus in all: a
+// feed must not be able to take them away from the dialogs.
+constexpr std::int16_t kMostAlertItems = 5000;
 bool popupOpen = false;
 bool rebuildWhenClosed = false;
 
@@ -134,7 +136,6 @@ void RemoveMenuSubclass() {
 }
 
 void BuildStationMenu() {
-    StationItemCount = 0;
     while (RemoveMenu(StationMenuHandle, 0, MF_BYPOSITION)) win::PumpPendingMessages();
     AppendMenuA(StationMenuHandle, MF_STRING, kAddStation, "Add New Station...");
     const settings::ProgramState& state = settings::State();
@@ -143,7 +144,6 @@ void BuildStationMenu() {
     for (std::size_t i = 0; i < state.stations.size() && !state.stations[i].empty(); ++i) {
         const std::string caption = MenuText(stations::DisplayText(state.stations[i]));
         AppendMenuA(StationMenuHandle, MF_STRING, kFirstStation + i, caption.c_str());
-        ++StationItemCount;
     }
     if (AlertItemsCollide()) BuildAlertsMenu();
 }
@@ -161,7 +161,7 @@ void BuildAlertsMenu() {
     std::string seenCaptions;
     std::vector<std::uint32_t> taken;
     std::vector<win::Menu> unusable;
-    for (int k = 1; k <= count; ++k) {
+    for (int k = 1; k <= count && AlertItemCount < kMostAlertItems; ++k) {
         const std::string code = ValueOf(section, settings::kAlertZipCode, k);
         const std::string caption =
             AlertCaption(ValueOf(section, settings::kAlertTitle, k),
@@ -169,15 +169,21 @@ void BuildAlertsMenu() {
         if (!TakeCaption(seenCaptions, caption, win::BrokenBar())) continue;
         const std::uint32_t identifier = MakeAlertIdentifier(taken, unusable);
         if (identifier == 0) break;
+        if (!InsertMenuA(TrayMenuHandle, static_cast<UINT>(AlertItemCount + 1), MF_BYPOSITION,
+                         identifier, MenuText(caption).c_str()))
+            break;
         ++AlertItemCount;
-        InsertMenuA(TrayMenuHandle, static_cast<UINT>(AlertItemCount), MF_BYPOSITION, identifier,
-                    MenuText(caption).c_str());
         AddToAlertMap(AlertMenuMap, identifier, code);
     }
     if (AlertItemCount > 0) ShowNoAlertsItem(false);
 }
 
+bool IsTrayMenuOpen() {
+    return popupOpen;
+}
+
 void ShowTrayMenu() {
+    if (popupOpen) return;
     constexpr UINT noDefaultItem = static_cast<UINT>(-1);
     SetMenuDefaultItem(TrayMenuHandle, AlertItemCount > 0 ? noDefaultItem : mnuAlertsAvailable,
                        FALSE);

@@ -20,8 +20,10 @@ void BuildStationMenu();
 // Builds the alert items from the Alerts section; put off while the popup is open.
 void BuildAlertsMenu();
 
-// Shows the popup at the cursor and returns when it is closed.
+// Shows the popup at the cursor and returns when it is closed; nothing when it is open already.
 void ShowTrayMenu();
+
+bool IsTrayMenuOpen();
 
 void EnableRetrieveItem(bool enable);
 

@@ -8,10 +8,12 @@
 namespace win {
 namespace {
 
+constexpr int kLongest = 128;
+
 std::string ShortDate(const SYSTEMTIME& time) {
-    char text[128] = {};
-    GetDateFormatA(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, text, sizeof text);
-    return text;
+    wchar_t text[kLongest] = {};
+    GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, text, kLongest);
+    return FromWide(text);
 }
 
 SYSTEMTIME Now() {
@@ -24,9 +26,9 @@ SYSTEMTIME Now() {
 
 std::string GeneralDateNow() {
     const SYSTEMTIME now = Now();
-    char time[128] = {};
-    GetTimeFormatA(LOCALE_USER_DEFAULT, 0, &now, nullptr, time, sizeof time);
-    return ShortDate(now) + " " + time;
+    wchar_t time[kLongest] = {};
+    GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &now, nullptr, time, kLongest);
+    return ShortDate(now) + " " + FromWide(time);
 }
 
 std::string ShortDateToday() {

@@ -1,6 +1,7 @@
 #include "win/Dialog.h"
 
 #include "win/Images.h"
+#include "win/Messages.h"
 
 namespace win {
 
@@ -9,10 +10,10 @@ void RunModal(HWND dialog, bool (*translate)(const MSG&)) {
     const HWND owner = GetWindow(dialog, GW_OWNER);
     if (owner) EnableWindow(owner, FALSE);
     MSG message{};
-    while (IsWindow(dialog) && GetMessageA(&message, nullptr, 0, 0) > 0) {
-        if ((translate && translate(message)) || IsDialogMessageA(dialog, &message)) continue;
+    while (IsWindow(dialog) && GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if ((translate && translate(message)) || IsForDialog(message)) continue;
         TranslateMessage(&message);
-        DispatchMessageA(&message);
+        DispatchMessageW(&message);
     }
     if (IsWindow(dialog)) {  // the program is told to quit
         PostQuitMessage(static_cast<int>(message.wParam));
@@ -43,7 +44,8 @@ void PresentDialog(HWND dialog, int iconResource) {
 }
 
 std::string WindowText(HWND window) {
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
+    // The length may be counted in units of which a UTF-8 character takes more.
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) * 4 + 1, '\0');
     text.resize(static_cast<std::size_t>(
         GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
     return text;

@@ -118,6 +118,10 @@ void CopyFolder(const std::string& from, const std::string& to) {
 }
 
 void DeleteFolder(const std::string& path) {
+    if (Attributes(path) & FILE_ATTRIBUTE_REPARSE_POINT) {  // also a path that does not exist
+        RemoveDirectoryA(path.c_str());
+        return;
+    }
     ForEachEntry(path + "\\*", [&](const std::string& name, DWORD attributes) {
         const std::string entry = path + "\\" + name;
         if (IsRealFolder(attributes)) {

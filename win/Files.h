@@ -14,9 +14,12 @@ bool FolderExists(const std::string& path);
 // True when the file is at least 1 byte long; false for a missing file.
 bool FileHasContent(const std::string& path);
 
+// What no file that the program reads comes near.
+inline constexpr std::uint64_t kLongestFile = std::uint64_t{64} * 1024 * 1024;
+
 // The whole file, or nothing when it cannot be read or is longer than `limit` bytes.
 std::optional<std::string> ReadWholeFile(const std::string& path,
-                                         std::uint64_t limit = 64u * 1024 * 1024);
+                                         std::uint64_t limit = kLongestFile);
 
 // Writes the text to a file beside `path` and puts it in place whole: a reader, or a crash, sees
 // the old file or the new one. False, with the old file untouched, when it cannot be done.
@@ -31,7 +34,7 @@ std::vector<std::string> FindFileNames(const std::string& pattern);
 // Makes one level of folder; one that exists is no error.
 void MakeFolder(const std::string& path);
 
-// Copies the folder with all that is in it, over what is there. Links are not followed.
+// Copies the folder with all that is in it, over what is there. Links to folders are left out.
 void CopyFolder(const std::string& from, const std::string& to);
 
 // Deletes the folder with all that is in it. Links are removed, not followed.

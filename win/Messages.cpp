@@ -3,33 +3,41 @@
 namespace win {
 namespace {
 
+// The wide variants throughout, though every window is an ANSI one: an ANSI character message holds
+// two bytes at most, and a letter in UTF-8 may take four.
+bool DispatchPending() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {  // for the loop that this wait is nested in
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return false;
+        }
+        if (IsForDialog(message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return true;
+}
+
+}  // namespace
+
 bool IsForDialog(MSG& message) {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
     const HWND window = GetAncestor(message.hwnd, GA_ROOT);
     constexpr ULONG_PTR dialogClass = 32770;
     return window && GetClassLongPtrA(window, GCW_ATOM) == dialogClass &&
-           IsDialogMessageA(window, &message);
+           IsDialogMessageW(window, &message);
 }
 
-}  // namespace
-
 void PumpPendingMessages() {
-    MSG message;
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {  // for the loop that this wait is nested in
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return;
-        }
-        if (IsForDialog(message)) continue;
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
+    DispatchPending();
 }
 
 void PumpOrWait(DWORD milliseconds, HANDLE other) {
     MsgWaitForMultipleObjectsEx(other ? 1 : 0, &other, milliseconds, QS_ALLINPUT,
                                 MWMO_INPUTAVAILABLE);
-    PumpPendingMessages();
+    // A quit message stays in the queue and would end every further sleep at once.
+    if (!DispatchPending()) Sleep(milliseconds);
 }
 
 void Tell(HWND owner, const std::string& text, UINT icon, const char* title) {

@@ -9,6 +9,11 @@ namespace win {
 // Titles every message box and names the settings' place in the registry.
 inline constexpr char kProgramName[] = "Skyvane Alerts";
 
+// Gives the message to the dialog that it is meant for, if it is a dialog's keyboard message;
+// whether it was. Any dialog of the process counts, so that each keeps its keyboard whichever loop
+// runs.
+bool IsForDialog(MSG& message);
+
 // Dispatches every pending message and returns; keyboard messages of a dialog go through the dialog
 // manager first, so that Tab, Enter and Esc work while a handler waits.
 void PumpPendingMessages();

@@ -2,12 +2,14 @@
 
 #include <shellapi.h>
 
+#include "win/Com.h"
 #include "win/Files.h"
 #include "win/TextRules.h"
 
 namespace win {
 
 void OpenInBrowser(HWND owner, const std::string& address) {
+    EnsureCom();
     // Parts of addresses come from feeds and files: a quote would end the browser's argument.
     ShellExecuteA(owner, "Open", ReplaceAll(address, "\"", "%22").c_str(), nullptr,
                   ExecutableFolder().c_str(), SW_SHOWNORMAL);

@@ -144,6 +144,11 @@ std::int16_t LeadingInt16(std::string_view text) {
                                                : static_cast<std::int16_t>(0);
 }
 
+std::int16_t AddInt16(std::int16_t number, std::int16_t more) {
+    const int sum = number + more;
+    return sum > INT16_MAX || sum < INT16_MIN ? number : static_cast<std::int16_t>(sum);
+}
+
 std::string Decimal(long long number) {
     char digits[24];
     const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;

@@ -42,11 +42,14 @@ std::string Join(const std::vector<std::string>& pieces, std::string_view separa
 bool IsNumeric(std::string_view text);
 
 // The number that the text begins with (blanks and line feeds before it are skipped, digits may
-// hold one decimal point), 0 when it begins with none. At most about 1e308.
+// hold one decimal point), 0 when it begins with none; infinity when there is no end of digits.
 double LeadingNumber(std::string_view text);
 
 // LeadingNumber as a 16-bit whole number; 0 when it does not fit.
 std::int16_t LeadingInt16(std::string_view text);
+
+// The sum of two 16-bit numbers; the first one when the sum does not fit.
+std::int16_t AddInt16(std::int16_t number, std::int16_t more);
 
 // A whole number in decimal.
 std::string Decimal(long long number);

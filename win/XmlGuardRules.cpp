@@ -10,20 +10,33 @@ namespace {
 
 constexpr char kWhite[] = " \t\r\n";
 
-bool IsWide(std::string_view bytes) {
-    return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ||
-           bytes.starts_with(std::string_view("<\0", 2)) ||
-           bytes.starts_with(std::string_view("\0<", 2));
+enum class ByteOrder { Bytes, LittleEndian, BigEndian };
+
+ByteOrder OrderOf(std::string_view bytes) {
+    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with(std::string_view("<\0", 2)))
+        return ByteOrder::LittleEndian;
+    if (bytes.starts_with("\xFE\xFF") || bytes.starts_with(std::string_view("\0<", 2)))
+        return ByteOrder::BigEndian;
+    return ByteOrder::Bytes;
 }
 
-// The text's ASCII part: two-byte characters lose their zero byte. Enough of it for any sane
-// prolog.
+// Enough of the document for any sane prolog, in ASCII: what is not becomes a letter, so that no
+// half of a wide character reads as markup.
 std::string AsciiStart(std::string_view bytes) {
-    constexpr std::size_t wanted = 64 * 1024;
-    std::string start(bytes.substr(0, wanted));
-    if (IsWide(bytes)) std::erase(start, '\0');
-    for (const std::string_view mark : {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"})
-        if (start.starts_with(mark)) start.erase(0, mark.size());
+    constexpr std::size_t wanted = std::size_t{64} * 1024;
+    const ByteOrder order = OrderOf(bytes);
+    bytes = bytes.substr(0, wanted);
+    if (order == ByteOrder::Bytes) {
+        if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+        return std::string(bytes);
+    }
+    std::string start;
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+        const char high = bytes[order == ByteOrder::LittleEndian ? i + 1 : i];
+        const char low = bytes[order == ByteOrder::LittleEndian ? i : i + 1];
+        const bool isMark = i == 0 && high == '\xFE' && low == '\xFF';
+        if (!isMark) start += high == 0 && low != 0 ? low : 'x';
+    }
     return start;
 }
 

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "win/Com.h"
+
 namespace win {
 namespace {
 
@@ -38,6 +40,7 @@ std::string ShowOpenFileDialog(HWND owner, const OpenFileRequest& request) {
     // The record has its short layout, without the fields that later systems added.
     constexpr DWORD recordSize = 76;
     static_assert(offsetof(OPENFILENAMEA, pvReserved) == recordSize);
+    EnsureCom();
     std::string filter = request.filter + "||";
     std::replace(filter.begin(), filter.end(), '|', '\0');
     char path[2048] = {};

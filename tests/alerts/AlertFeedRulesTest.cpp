@@ -76,11 +76,5 @@ TEST(AlertFeedRules, AsksForEachCodeOnce) {
     EXPECT_TRUE(IsDone(",1,2", "1"));
 }
 
-TEST(AlertFeedRules, AddsWithinSixteenBits) {
-    EXPECT_EQ(AddInt16(32766, 1), 32767);
-    EXPECT_EQ(AddInt16(32767, 1), 32767);
-    EXPECT_EQ(AddInt16(0, -1), -1);
-}
-
 }  // namespace
 }  // namespace alerts

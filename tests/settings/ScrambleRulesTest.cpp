@@ -9,10 +9,12 @@ TEST(ScrambleRules, ShiftsEachCharacterByItsPosition) {
     EXPECT_EQ(Scramble("aaa"), "bcd");
     EXPECT_EQ(Scramble(""), "");
     EXPECT_EQ(Unscramble("bcd"), "aaa");
+    EXPECT_EQ(Scramble("zzzzzz"), "{|}~\x7F€");
 }
 
 TEST(ScrambleRules, GivesBackWhatItTook) {
-    for (const std::string text : {"user", "p@ss w0rd|\"'", "~~~~~~~~", "Müller", "zzzzzzzzzzzz"}) {
+    for (const std::string text :
+         {"user", "p@ss w0rd|\"'", "~~~~~~~~", "Müller", "zzzzzzzzzzzz", "5 € für Žižek"}) {
         const auto scrambled = Scramble(text);
         ASSERT_TRUE(scrambled) << text;
         EXPECT_EQ(Unscramble(*scrambled), text);

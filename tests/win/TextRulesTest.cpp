@@ -64,6 +64,12 @@ TEST(TextRules, ReadsTheNumberThatATextBeginsWith) {
     EXPECT_GT(LeadingNumber(std::string(400, '9')), 1e300);
 }
 
+TEST(TextRules, AddsWithinSixteenBits) {
+    EXPECT_EQ(AddInt16(32766, 1), 32767);
+    EXPECT_EQ(AddInt16(32767, 1), 32767);
+    EXPECT_EQ(AddInt16(0, -1), -1);
+}
+
 TEST(TextRules, KnowsANumberFromEndToEnd) {
     for (const char* text : {"90210", " 02134 ", "-5", "1.5", ".5", "5."})
         EXPECT_TRUE(IsNumeric(text)) << text;
