@@ -1,11 +1,12 @@
 # The map page: the packages it is made from are installed into the build folder, as the lock file
-# names them, and build.mjs makes one self-contained template of them and of assets/map.
+# names them, and build.mjs makes one self-contained template of them and of assets/map, in the
+# product's folder.
 find_program(nodeProgram node REQUIRED)
 find_program(npmProgram npm REQUIRED)
 
 set(mapSource ${CMAKE_SOURCE_DIR}/assets/map)
 set(mapPackages ${CMAKE_BINARY_DIR}/map)
-set(mapPageFile ${CMAKE_BINARY_DIR}/product/HTML/CitySearch.sv)
+set(mapPageFile ${productDir}/HTML/CitySearch.sv)
 set(mapManifests ${mapSource}/package.json ${mapSource}/package-lock.json)
 set(mapStamp ${mapPackages}/installed.stamp)
 file(GLOB mapSources CONFIGURE_DEPENDS
@@ -25,4 +26,4 @@ add_custom_command(OUTPUT ${mapPageFile}
   DEPENDS ${mapStamp} ${mapSources}
   COMMENT "Making the map page"
   VERBATIM)
-add_custom_target(mapPage ALL DEPENDS ${mapPageFile})
+add_custom_target(mapPage DEPENDS ${mapPageFile})
