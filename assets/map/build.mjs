@@ -35,7 +35,7 @@ const page = readSource("index.html").replace(/\{\{(\w+)\}\}/g, (_, name) => pie
 
 // Leaflet asks for the first row before it uses it and brings a substitute; the second row are
 // members of its own objects, of a canvas or of the window since long ago.
-const knownInLeaflet = ["globalThis", "requestAnimationFrame", "trunc", "classList", "composedPath",
+const knownInLeaflet = ["globalThis", "requestAnimationFrame", "trunc", "classList", "composedPath", "Uint8Array",
     "includes", "remove", "content", "fill", "scrollTo"];
 const acorn = require("acorn");
 const faults = [

@@ -4,7 +4,8 @@
 const laterGlobals = new Set(`fetch Promise Map Set WeakMap WeakSet Symbol Proxy Reflect BigInt URL
     URLSearchParams AbortController Headers Request Response FormData TextEncoder TextDecoder Intl
     IntersectionObserver ResizeObserver BroadcastChannel customElements queueMicrotask
-    structuredClone requestIdleCallback globalThis EventTarget CustomEvent`.split(/\s+/));
+    structuredClone requestIdleCallback globalThis EventTarget CustomEvent MutationObserver matchMedia
+    atob btoa ArrayBuffer DataView Uint8Array Int32Array Float32Array Float64Array Worker WebSocket`.split(/\s+/));
 
 const laterMembers = new Set(`closest matches append prepend replaceWith replaceChildren before after
     remove toggleAttribute getAttributeNames insertAdjacentElement classList dataset content

@@ -9,7 +9,9 @@ var dotStyle = {stroke: true, color: "#ffffff", weight: 1.5, fillColor: "#1d5f8f
 var selectedStyle = {stroke: true, color: "#2a0f06", weight: 2, fillColor: "#e0561f", fillOpacity: 1};
 
 var map, stations, dots, selectedDot, dotCanvas;
-var frame = null;  // the view that the page itself chose last: {center, zoom, redo}
+// The view that the page itself chose last: {center, zoom, isFitted, redo}; isFitted tells that the
+// zoom is the page's choice too, redo chooses again for another size of the window.
+var frame = null;
 
 // Lines and rings come as differences in hundredths of a degree: x, y, then steps from there.
 function decodeOutlines(paths) {
@@ -97,8 +99,8 @@ function drawStation(station) {
     return dot.addTo(map);
 }
 
-function setFrame(center, zoom, redo) {
-    frame = {center: center, zoom: zoom, redo: redo};
+function setFrame(center, zoom, isFitted, redo) {
+    frame = {center: center, zoom: zoom, isFitted: isFitted, redo: redo};
     map.setView(center, zoom, {animate: false});
 }
 
@@ -129,22 +131,28 @@ function showAll() {
     var middle = map.project(bounds.getSouthWest(), zoom)
         .add(map.project(bounds.getNorthEast(), zoom))
         .add(bottomRight).subtract(topLeft).divideBy(2);
-    setFrame(map.unproject(middle, zoom), zoom, showAll);
+    setFrame(map.unproject(middle, zoom), zoom, true, showAll);
+}
+
+// The zoom at which every station stays in sight around a place.
+function fitZoomAround(place) {
+    var bounds = stationBounds();
+    [bounds.getSouthWest(), bounds.getNorthEast()].forEach(function (corner) {
+        bounds.extend([2 * place.lat - corner.lat, 2 * place.lng - corner.lng]);
+    });
+    return fitZoom(bounds, L.point(40, 40));
 }
 
 // Centres a place. As long as nobody has zoomed, the view widens where it must so that every
-// station stays in sight; a zoom that the user chose is kept.
-function showPlace(place) {
+// station stays in sight, and narrows only for another size of the window; a zoom that the user
+// chose is kept.
+function showPlace(place, isResized) {
     var zoom = map.getZoom();
-    var bounds;
-    if (stations.length > 0 && frame && zoom === frame.zoom) {
-        bounds = stationBounds();
-        [bounds.getSouthWest(), bounds.getNorthEast()].forEach(function (corner) {
-            bounds.extend([2 * place.lat - corner.lat, 2 * place.lng - corner.lng]);
-        });
-        zoom = Math.min(zoom, fitZoom(bounds, L.point(40, 40)));
+    var isFitted = stations.length > 0 && !!frame && frame.isFitted && zoom === frame.zoom;
+    if (isFitted) {
+        zoom = Math.min(isResized ? Infinity : zoom, fitZoomAround(place));
     }
-    setFrame(place, zoom, function () { showPlace(place); });
+    setFrame(place, zoom, isFitted, function () { showPlace(place, true); });
 }
 
 // The station at a place, else the one nearest to it; the selected one where several are as near.
@@ -176,7 +184,7 @@ function setMapCenter(latitude, longitude) {
         return;
     }
     place = L.latLng(place.lat, place.lng);
-    showPlace(place);
+    showPlace(place, false);
     if (dots.length > 0) {
         selectDot(findNearest(place));
     }

@@ -102,6 +102,8 @@ async function distanceToDot(page, dx, dy) {
 const clicked = (page) => page.evaluate(() => document.all.SVSelectedCity && document.all.SVSelectedCity.innerHTML);
 const tooltips = (page) => page.locator(".leaflet-tooltip").allTextContents();
 
+const scaleOf = (page) => page.locator(".leaflet-control-scale").innerText();
+
 // Centres a station as the program does and waits until it stands in the middle with its name.
 async function choose(page, latitude, longitude, name) {
     await center(page, latitude, longitude);
@@ -155,10 +157,9 @@ test("the same station can be clicked again after another was chosen in the list
 test("without coordinates the map goes back to all stations; unusable ones do nothing", async (t) => {
     const page = await open(t, feed(three));
     const picture = () => page.evaluate(() => document.querySelector(".leaflet-overlay-pane canvas").toDataURL());
-    const scale = () => page.locator(".leaflet-control-scale").innerText();
-    const first = await scale();
+    const first = await scaleOf(page);
     await center(page, "10", "20");
-    await waitFor("a wider view", async () => await scale() !== first);
+    await waitFor("a wider view", async () => await scaleOf(page) !== first);
     const moved = await picture();
     for (const [latitude, longitude] of [["x", "1"], ["91", "1"], ["1", "181"], ["", ""], ["1e1", "20"]]) {
         await center(page, latitude, longitude);
@@ -166,7 +167,7 @@ test("without coordinates the map goes back to all stations; unusable ones do no
         assert.equal(await picture(), moved, `${latitude}, ${longitude}`);
     }
     await center(page);
-    await waitFor("the first view", async () => await scale() === first);
+    await waitFor("the first view", async () => await scaleOf(page) === first);
 });
 
 test("the keyboard pans and zooms", async (t) => {
@@ -179,6 +180,25 @@ test("the keyboard pans and zooms", async (t) => {
     await waitFor("half the distance", async () => Math.abs(await distanceToDot(page, 1, 0) - before / 2) < 4);
     await page.keyboard.press("ArrowRight");
     await waitForColor(page, { x: middle.x - 60, y: middle.y }, "selected");
+});
+
+test("the page's own zoom follows the window's size; a zoom that a person chose stays", async (t) => {
+    const page = await open(t, feed(three));
+    await choose(page, "40.78", "-73.97", "Central Park");
+    const first = await scaleOf(page);
+    await page.setViewportSize({ width: 200, height: 150 });
+    await waitFor("a wider view", async () => await scaleOf(page) !== first);
+    await page.setViewportSize(size);
+    await waitFor("the first view", async () => await scaleOf(page) === first);
+    await page.locator("#StationMap").focus();
+    await page.keyboard.press("+");
+    await waitFor("a closer view", async () => await scaleOf(page) !== first);
+    const chosen = await scaleOf(page);
+    for (const [, , latitude, longitude] of [three[1], three[2], three[0]]) {
+        await center(page, latitude, longitude);
+        await waitForColor(page, middle, "selected");
+        assert.equal(await scaleOf(page), chosen);
+    }
 });
 
 test("land, lakes and sea lie where they do, without a network", async (t) => {
