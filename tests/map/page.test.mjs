@@ -222,13 +222,14 @@ const hostileNames = ["\"", "C:\\", "\\\"", `";${act};//`, `\\";${act};//`, "O'H
     `</script><script>${act}</script>`, `</plaintext><img src=x onerror=${act}>`, `<img src=x onerror=${act}>`,
     "[XML]", "$& $1 $`", "&lt;b&gt; &amp;", "SVSelectedCity", "Łódź \u{1F327}"];
 
-test("hostile names stay text", async (t) => {
-    const page = await open(t, feed(hostileNames.map((name, i) => [`id${i}`, name, 30 + i, -100])));
+test("hostile names and identifiers stay text", async (t) => {
+    const page = await open(t, feed(hostileNames.map((name, i) => [name, name, 30 + i, -100])));
     for (const [i, name] of hostileNames.entries()) {
         await choose(page, 30 + i, -100, name);
     }
-    await choose(page, 30, -100, hostileNames[0]);
-    await clickMiddle(page, "id0");
+    const i = hostileNames.findIndex((name) => name.startsWith("<img"));
+    await choose(page, 30 + i, -100, hostileNames[i]);
+    await clickMiddle(page, `&lt;img src=x onerror=${act}&gt;`);
     assert.equal(await page.evaluate(() => window.hacked), undefined);
 });
 
