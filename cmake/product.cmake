@@ -32,3 +32,6 @@ add_custom_target(productFiles ALL
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/assets/Sounds ${productDir}/Sounds
   DEPENDS ${helpPage}
   COMMENT "Laying out the program folder")
+
+include(${CMAKE_SOURCE_DIR}/cmake/mapPage.cmake)
+add_dependencies(productFiles mapPage)

@@ -1,0 +1,87 @@
+// Reads the station feed that the program wrote into the page. Every text in it comes from
+// outside: it is only ever compared, parsed as XML or shown as a text node.
+
+// The feed's own text. It stands in the page inside a script string delimited by double quotes, in
+// which the program wrote each double quote as backslash + double quote and left all else as it
+// was. Line feeds and backslashes would break such a string or change it, so it is never run:
+// it is cut out between its outer quotes and the quotes are put back, which loses nothing.
+function cutFeed(statement) {
+    var start = statement.indexOf("\"") + 1;
+    var end = statement.lastIndexOf("\"");
+    return statement.substring(start, end).replace(/\\"/g, "\"");
+}
+
+// The feed as an XML document; null when it is none. The XML declaration goes first: it may name an
+// encoding that a text already decoded no longer has.
+function parseFeed(text) {
+    var xml = text.replace(/^[\s\uFEFF]*(<\?xml\s[^>]*\?>)?\s*/, "");
+    var feed;
+    try {
+        if (window.DOMParser) {
+            return new window.DOMParser().parseFromString(xml, "text/xml");
+        }
+        feed = new window.ActiveXObject("Microsoft.XMLDOM");
+        feed.async = false;
+        feed.validateOnParse = false;
+        feed.resolveExternals = false;
+        return feed.loadXML(xml) ? feed : null;
+    } catch (error) {
+        return null;
+    }
+}
+
+// A coordinate in degrees; NaN unless the text is a plain decimal number from -limit to limit.
+function readDegrees(text, limit) {
+    var degrees = /^\s*[-+]?(\d+\.?\d*|\.\d+)\s*$/.test(text) ? parseFloat(text) : NaN;
+    return Math.abs(degrees) <= limit ? degrees : NaN;
+}
+
+// The name as the program's station list shows it: of "Downtown (KABC )" only "KABC", the
+// character before the closing bracket being a blank in the feed.
+function shortenName(name) {
+    var open = name.indexOf("(");
+    var close = open < 0 ? -1 : name.indexOf(")", open);
+    return close < 0 ? name : name.substring(open + 1, Math.max(open + 1, close - 1)) || name;
+}
+
+// The station that an element's attributes describe, by their names without prefix; null when it
+// has no usable place.
+function readStation(element) {
+    var values = {id: "", name: "", latitude: "", longitude: ""};
+    var i, name, station;
+    for (i = 0; i < element.attributes.length; i += 1) {
+        name = element.attributes[i].nodeName;
+        if (!/^xmlns(:|$)/.test(name)) {
+            name = name.substring(name.indexOf(":") + 1);
+            if (values.hasOwnProperty(name)) {
+                values[name] = element.attributes[i].nodeValue;
+            }
+        }
+    }
+    station = {
+        id: values.id,
+        name: shortenName(values.name),
+        latitude: readDegrees(values.latitude, 90),
+        longitude: readDegrees(values.longitude, 180)
+    };
+    return isNaN(station.latitude) || isNaN(station.longitude) ? null : station;
+}
+
+// The stations of the feed, in its order: the root's children that are named as the first one is.
+function readStations(statement) {
+    var feed = parseFeed(cutFeed(statement));
+    var root = feed && feed.documentElement;
+    var stations = [];
+    var node = root && root.nodeName === "aws:weather" ? root.firstChild : null;
+    var kind, station;
+    for (; node; node = node.nextSibling) {
+        if (node.nodeType === 1) {
+            kind = kind || node.nodeName;
+            station = node.nodeName === kind ? readStation(node) : null;
+            if (station) {
+                stations.push(station);
+            }
+        }
+    }
+    return stations;
+}
