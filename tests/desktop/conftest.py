@@ -40,8 +40,8 @@ def browser_folder(tmp_path_factory):
     escaped = command.replace("\\", "\\\\").replace('"', '\\"')
     lines = ["Windows Registry Editor Version 5.00", ""]
     for scheme in ("http", "https"):
-        lines += [f"[HKEY_LOCAL_MACHINE\\Software\\Classes\\{scheme}\\shell\\open\\command]", f'@="{escaped}"',
-                  f"[-HKEY_LOCAL_MACHINE\\Software\\Classes\\{scheme}\\shell\\open\\ddeexec]"]
+        key = f"HKEY_LOCAL_MACHINE\\Software\\Classes\\{scheme}\\shell\\open"
+        lines += [f"[{key}\\command]", f'@="{escaped}"', f"[-{key}\\ddeexec]"]
     stores.import_registry("\r\n".join(lines + [""]))
     return folder
 

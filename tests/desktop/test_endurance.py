@@ -26,7 +26,8 @@ def holdings_of(program):
 def run_cycles(program, feed, numbers):
     for number in numbers:
         for code in ("66044", "064321"):
-            feed.serve(code, *((f"{number}{code}{i}", f"Alert {number} {i}", "body " * 50) for i in range(20)))
+            feed.serve(code, *((f"{number}{code}{i}", f"Alert {number} {i}", "body " * 50)
+                               for i in range(20)))
         program.tick()
         wait_until(lambda: (program.store.read("Misc", "OldAlerts") or "").endswith(f"{number}06432119"),
                    f"the end of cycle {number}")
