@@ -1,36 +1,45 @@
 #pragma once
 #include <gtest/gtest.h>
 #include <windows.h>
-#include <psapi.h>
+
+#include "tests/HandleCounts.h"
 
 namespace tests {
 
 struct Handles {
-    DWORD gdi;
-    DWORD user;
-    DWORD kernel;
+    int gdi;
+    int user;
+    int kernel;
     SIZE_T privateBytes;
 };
 
+// The memory that only this process has, in bytes.
+inline SIZE_T PrivateMemory() {
+    SIZE_T total = 0;
+    MEMORY_BASIC_INFORMATION region{};
+    for (const char* place = nullptr; VirtualQuery(place, &region, sizeof region);
+         place = static_cast<const char*>(region.BaseAddress) + region.RegionSize)
+        if (region.State == MEM_COMMIT && region.Type == MEM_PRIVATE) total += region.RegionSize;
+    return total;
+}
+
 inline Handles CountHandles() {
-    Handles counts{};
-    PROCESS_MEMORY_COUNTERS_EX memory{};
-    memory.cb = sizeof memory;
-    counts.gdi = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    counts.user = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
-    GetProcessHandleCount(GetCurrentProcess(), &counts.kernel);
-    if (GetProcessMemoryInfo(GetCurrentProcess(),
-                             reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory))
-        counts.privateBytes = memory.PrivateUsage;
-    return counts;
+    return {GdiHandlesInUse(GetCurrentProcess()), UserHandlesInUse(),
+            KernelHandlesInUse(GetCurrentProcessId()), PrivateMemory()};
 }
 
 // Private memory may grow by what the heap keeps at hand, no more.
 inline void ExpectSameHandles(const Handles& before, const Handles& after) {
     constexpr SIZE_T heapSlack = 512 * 1024;
+    EXPECT_GT(before.user, 0);
+    EXPECT_GT(before.kernel, 0);
+    EXPECT_GT(before.privateBytes, SIZE_T{0});
     EXPECT_LE(after.gdi, before.gdi);
     EXPECT_LE(after.user, before.user);
     EXPECT_LE(after.kernel, before.kernel);
+    // Said, for whoever wants the figures.
+    testing::Test::RecordProperty("privateGrowth",
+                                  static_cast<int>(after.privateBytes - before.privateBytes));
     EXPECT_LE(after.privateBytes, before.privateBytes + heapSlack);
 }
 

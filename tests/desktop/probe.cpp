@@ -13,11 +13,12 @@
 #include <windows.h>
 #include <shellapi.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <vector>
+
+#include "tests/HandleCounts.h"
 
 namespace {
 
@@ -127,80 +128,15 @@ void Post(int count, char** arguments) {
     }
 }
 
-// All user handles stand in one table of a fixed size: what is left of it tells how many are in
-// use, of all processes. Wine does not answer GetGuiResources.
-int UserHandlesInUse() {
-    constexpr int tableSize = (0xffef - 0x20) / 2 + 1;
-    std::vector<HMENU> menus;
-    while (const HMENU menu = CreatePopupMenu()) menus.push_back(menu);
-    for (const HMENU menu : menus) DestroyMenu(menu);
-    return tableSize - static_cast<int>(menus.size());
-}
-
-template <class Function>
-Function NtFunction(const char* name) {
-    return reinterpret_cast<Function>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), name)));
-}
-
-// The process's table of graphics objects hangs on its environment block; an entry in use has a
-// type.
-int GdiHandlesInUse(HANDLE process) {
-    struct BasicInformation {
-        LONG exitStatus;
-        const char* environmentBlock;
-        ULONG_PTR rest[4];
-    } information{};
-    using Query = LONG(WINAPI*)(HANDLE, int, void*, ULONG, ULONG*);
-    NtFunction<Query>("NtQueryInformationProcess")(process, 0, &information, sizeof information,
-                                                   nullptr);
-    constexpr int tableOffset = 0x94;
-    const char* table = nullptr;
-    ReadProcessMemory(process, information.environmentBlock + tableOffset, &table, sizeof table,
-                      nullptr);
-    struct Entry {
-        ULONG64 object;
-        WORD process, unique, type, flags;
-    };
-    std::vector<Entry> entries(0x4000);
-    SIZE_T read = 0;
-    if (!ReadProcessMemory(process, table, entries.data(), entries.size() * sizeof(Entry), &read))
-        return -1;
-    int used = 0;
-    for (const Entry& entry : entries) used += entry.type != 0;
-    return used;
-}
-
-// Wine leaves GetProcessHandleCount at 0; the list of all handles names each one's process.
-int KernelHandlesInUse(DWORD process) {
-    struct Entry {
-        void* object;
-        ULONG_PTR process, value;
-        ULONG access;
-        USHORT creator, type;
-        ULONG attributes, reserved;
-    };
-    std::vector<ULONG_PTR> table(1 << 20);
-    constexpr int extendedHandleInformation = 64;
-    using Query = LONG(WINAPI*)(int, void*, ULONG, ULONG*);
-    const auto query = NtFunction<Query>("NtQuerySystemInformation");
-    if (query(extendedHandleInformation, table.data(),
-              static_cast<ULONG>(table.size() * sizeof table[0]), nullptr) != 0)
-        return -1;
-    const auto* entries = reinterpret_cast<const Entry*>(table.data() + 2);
-    return static_cast<int>(std::count_if(
-        entries, entries + table[0], [=](const Entry& entry) { return entry.process == process; }));
-}
-
 void PrintCounts(const char* className) {
     DWORD identifier = 0;
     GetWindowThreadProcessId(FindByClass(className), &identifier);
     const HANDLE process =
         OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, identifier);
-    const int gdi = GdiHandlesInUse(process);
+    const int gdi = tests::GdiHandlesInUse(process);
     CloseHandle(process);
-    Print(std::to_string(KernelHandlesInUse(identifier)) + "\t" + std::to_string(gdi) + "\t" +
-          std::to_string(UserHandlesInUse()) + "\n");
+    Print(std::to_string(tests::KernelHandlesInUse(identifier)) + "\t" + std::to_string(gdi) +
+          "\t" + std::to_string(tests::UserHandlesInUse()) + "\n");
 }
 
 std::string BesideThis(const char* name) {
