@@ -5,9 +5,6 @@
 //   end    WINDOW-CLASS               closes the started program and waits for its end
 //   fetch  DL  FOLDER  ADDRESS...     dl.exe once per address, one after another; milliseconds
 //   post   WINDOW-CLASS  COMMAND      posts a menu command to the window
-//   cycle  WINDOW-CLASS  COMMAND  INI-FILE
-//                                     posts it; milliseconds until LastUpdated in the file is
-//                                     another
 #include <windows.h>
 
 #include <cstdio>
@@ -93,25 +90,6 @@ bool Post(const std::string& windowClass, const std::string& command) {
                         std::strtoul(command.c_str(), nullptr, 10), 0);
 }
 
-std::string LastUpdated(const std::string& ini) {
-    const std::string text = win::ReadWholeFile(ini).value_or("");
-    const std::size_t start = text.find("LASTUPDATED=");
-    return start == std::string::npos ? "" : text.substr(start, text.find('\r', start) - start);
-}
-
-double Cycle(const std::string& windowClass, const std::string& command, const std::string& ini) {
-    const std::string before = LastUpdated(ini);
-    const double began = Now();
-    if (!Post(windowClass, command)) return -1;
-    std::uint64_t seen = 0;
-    return TimeUntil(began, [&] {
-        const std::uint64_t modified = win::LastModified(ini);
-        if (modified == seen) return false;
-        seen = modified;
-        return LastUpdated(ini) != before;
-    });
-}
-
 double Run(const std::vector<std::string>& fields) {
     const std::string& command = fields[0];
     if (command == "start" && fields.size() == 3) return Start(fields[1], fields[2]);
@@ -119,7 +97,6 @@ double Run(const std::vector<std::string>& fields) {
     if (command == "fetch" && fields.size() > 3)
         return Fetch(fields[1], fields[2], {fields.begin() + 3, fields.end()});
     if (command == "post" && fields.size() == 3) return Post(fields[1], fields[2]) ? 0 : -1;
-    if (command == "cycle" && fields.size() == 4) return Cycle(fields[1], fields[2], fields[3]);
     return -1;
 }
 
