@@ -39,6 +39,7 @@ struct AlertStore {
     std::int16_t number;
     std::string stationCode;
     settings::KeyValues values;
+    std::vector<std::string> identifiers;
 
     void Store(const std::string& body, const std::string& title, const std::string& identifier) {
         const std::string n = win::Decimal(number);
@@ -46,20 +47,13 @@ struct AlertStore {
         values.emplace_back(settings::kAlertTitle + n, title);
         values.emplace_back(settings::kAlertZipCode + n, stationCode);
         values.emplace_back(settings::kAlertId + n, identifier);
+        identifiers.push_back(identifier);
     }
 };
 
-bool IsNew(const std::string& identifier) {
-    std::string& seen = settings::State().oldAlerts;
-    if (IsSeen(seen, identifier, win::BrokenBar())) return false;
-    AddSeen(seen, identifier, win::BrokenBar());
-    return true;
-}
-
-// Walks the children of every alert; the number of new ones.
-std::int16_t StoreAlerts(const win::XmlNodeList& nodes, AlertStore& store) {
+// Walks the children of every alert.
+void StoreAlerts(const win::XmlNodeList& nodes, AlertStore& store) {
     const AlertFilter filter = ReadFilter();
-    std::int16_t newAlerts = 0;
     std::string identifier;
     std::string title;  // carries over to an alert without a title of its own
     while (const win::XmlNode node = win::NextNode(nodes)) {
@@ -80,10 +74,8 @@ std::int16_t StoreAlerts(const win::XmlNodeList& nodes, AlertStore& store) {
             continue;
         }
         store.Store(body, title, identifier);
-        if (IsNew(identifier)) newAlerts = win::AddInt16(newAlerts, 1);
         win::PumpPendingMessages();
     }
-    return newAlerts;
 }
 
 }  // namespace
@@ -97,15 +89,14 @@ std::int16_t FetchStationAlerts(const std::string& stationCode) {
 
 std::int16_t ParseAlerts(const std::string& dataFile, const std::string& stationCode) {
     AlertStore store{
-        win::LeadingInt16(settings::ReadSetting(settings::kAlertCount)), stationCode, {}};
+        win::LeadingInt16(settings::ReadSetting(settings::kAlertCount)), stationCode, {}, {}};
     const win::XmlDocument document = win::LoadXmlFile(dataFile);
     if (!document) return 0;
-    std::int16_t newAlerts = 0;
     if (const auto nodes = win::SelectNodes(document, "aws:weather/aws:alerts/aws:alert/*"))
-        newAlerts = StoreAlerts(nodes, store);
+        StoreAlerts(nodes, store);
     store.values.emplace_back(settings::kAlertCount.key, win::Decimal(store.number));
     settings::WriteSettings(settings::kAlerts, store.values);
-    return newAlerts;
+    return AddUnseen(settings::State().oldAlerts, store.identifiers, win::BrokenBar());
 }
 
 }  // namespace alerts

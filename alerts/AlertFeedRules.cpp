@@ -1,6 +1,7 @@
 #include "alerts/AlertFeedRules.h"
 
 #include <algorithm>
+#include <set>
 
 #include "win/TextRules.h"
 
@@ -36,6 +37,23 @@ bool IsSeen(std::string_view seen, std::string_view identifier, std::string_view
 void AddSeen(std::string& seen, std::string_view identifier, std::string_view bar) {
     if (!seen.empty()) seen.append(bar);
     seen.append(identifier);
+}
+
+std::int16_t AddUnseen(std::string& seen, const std::vector<std::string>& identifiers,
+                       std::string_view bar) {
+    // Looked up by entry: a search through the text for each would make long feeds cost more than
+    // their length.
+    const std::vector<std::string> entries = win::Split(seen, bar);
+    std::set<std::string> known(entries.begin(), entries.end());
+    std::int16_t added = 0;
+    for (const std::string& identifier : identifiers) {
+        const bool isEntry = !identifier.empty() && identifier.find(bar) == std::string::npos;
+        if (isEntry ? known.contains(identifier) : IsSeen(seen, identifier, bar)) continue;
+        AddSeen(seen, identifier, bar);
+        for (std::string& entry : win::Split(identifier, bar)) known.insert(std::move(entry));
+        added = win::AddInt16(added, 1);
+    }
+    return added;
 }
 
 std::string TrimSeen(std::string_view seen) {

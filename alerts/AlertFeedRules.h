@@ -21,6 +21,11 @@ bool IsSeen(std::string_view seen, std::string_view identifier, std::string_view
 // Appends the identifier to the list of seen ones.
 void AddSeen(std::string& seen, std::string_view identifier, std::string_view bar);
 
+// Appends to the list of seen ones, in order, the identifiers that do not stand in it; how many
+// those are.
+std::int16_t AddUnseen(std::string& seen, const std::vector<std::string>& identifiers,
+                       std::string_view bar);
+
 // The list of seen identifiers as a cycle begins with it: of more than 500 characters only what is
 // behind the first 249 stays, even where that cuts an identifier in two.
 std::string TrimSeen(std::string_view seen);

@@ -55,6 +55,25 @@ TEST(AlertFeedRules, KnowsASeenIdentifierOnlyWhole) {
     EXPECT_EQ(seen, Bars("1|2"));
 }
 
+// Whatever the identifiers look like, they come out as when each is searched for in the text.
+TEST(AlertFeedRules, AddsUnseenIdentifiersAsIfOneByOne) {
+    const std::vector<std::string> identifiers{"1", "", "a|b", "b", "1", "", "|", "2", "a|b", "a"};
+    for (const char* before : {"", "1", "1|2", "a||c", "|", "b|a"}) {
+        std::string expected = Bars(before);
+        int count = 0;
+        std::vector<std::string> asked;
+        for (const std::string& identifier : identifiers) {
+            asked.push_back(Bars(identifier));
+            if (IsSeen(expected, asked.back(), bar)) continue;
+            AddSeen(expected, asked.back(), bar);
+            ++count;
+        }
+        std::string seen = Bars(before);
+        EXPECT_EQ(AddUnseen(seen, asked, bar), count) << before;
+        EXPECT_EQ(seen, expected) << before;
+    }
+}
+
 TEST(AlertFeedRules, TrimsTheSeenListByCharacters) {
     const std::string five00(500, 'x');
     EXPECT_EQ(TrimSeen(five00), five00);

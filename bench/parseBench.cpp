@@ -1,0 +1,76 @@
+// Parses and stores feed documents of 0, 10, 100 and 1,000 alerts in the store that its argument
+// names (ini or registry), each time with a fresh one. Prints a line per run: alerts, milliseconds.
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "alerts/AlertFeed.h"
+#include "settings/IniOpenSave.h"
+#include "settings/ProgramState.h"
+#include "win/Files.h"
+#include "win/TextRules.h"
+
+namespace {
+
+// A document of so many alerts, each with an identifier of its own and a body of about 400 bytes.
+std::string MakeDocument(int alerts) {
+    std::string text = "<aws:weather xmlns:aws=\"http://www.aws.com/aws\"><aws:alerts>";
+    for (int i = 0; i < alerts; ++i) {
+        text += "<aws:alert><aws:id>KTOP-TO-W-" + win::Decimal(10000 + i) +
+                "</aws:id><aws:title>Tornado Warning</aws:title><aws:html-msg-body>";
+        for (int sentence = 0; sentence < 5; ++sentence)
+            text +=
+                "A SEVERE THUNDERSTORM CAPABLE OF PRODUCING A TORNADO IS  MOVING EAST AT 30 MPH. ";
+        text += "</aws:html-msg-body></aws:alert>";
+    }
+    return text + "</aws:alerts></aws:weather>";
+}
+
+std::string DocumentPath(int alerts) {
+    return win::ExecutableFolder() + "\\" + win::Decimal(alerts) + ".xml";
+}
+
+double TimeOnce(int alerts) {
+    const std::string path = DocumentPath(alerts);
+    settings::DeleteSettingSection(settings::kAlerts);
+    win::DeleteFileQuietly(win::ExecutableFolder() + "\\" + settings::IniUserName + ".ini");
+    settings::State().oldAlerts.clear();
+    LARGE_INTEGER began;
+    LARGE_INTEGER ended;
+    LARGE_INTEGER perSecond;
+    QueryPerformanceFrequency(&perSecond);
+    QueryPerformanceCounter(&began);
+    const int found = alerts::ParseAlerts(path, "66044");
+    QueryPerformanceCounter(&ended);
+    if (found != alerts) {
+        std::printf("failed: %d of %d alerts\n", found, alerts);
+        std::exit(1);
+    }
+    return 1000.0 * static_cast<double>(ended.QuadPart - began.QuadPart) /
+           static_cast<double>(perSecond.QuadPart);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    const bool ini = count > 1 && std::strcmp(arguments[1], "ini") == 0;
+    settings::UseIni = ini ? settings::kUseIniStore : settings::kUseRegistryStore;
+    settings::IniUserName = ini ? "bench" : "";
+    constexpr int sizes[] = {0, 10, 100, 1000};
+    for (const int size : sizes) win::ReplaceFileWhole(DocumentPath(size), MakeDocument(size));
+    // The sizes take turns, so that a busy moment of the machine falls on all of them; the small
+    // ones more often, since less of them rises above its noise.
+    constexpr int rounds = 15;
+    for (int round = -1; round < rounds; ++round) {
+        for (const int size : sizes) {
+            for (int turn = 0; turn < (size < 1000 ? 10 : 1); ++turn) {
+                const double milliseconds = TimeOnce(size);
+                if (round >= 0) std::printf("%d %.3f\n", size, milliseconds);  // the first warms up
+            }
+        }
+    }
+    return 0;
+}
