@@ -12,3 +12,5 @@ foreach(desktopTest ${desktopTests})
     TIMEOUT 300
     ENVIRONMENT "PRODUCT_DIR=${productDir};PROBE=$<TARGET_FILE:probe>;PYTHONDONTWRITEBYTECODE=1")
 endforeach()
+# It may be asked for a thousand cycles.
+set_tests_properties(desktop_test_endurance PROPERTIES TIMEOUT 1800)
