@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr double kDeadline = 120000;  // milliseconds; then a step has failed
+constexpr double kDeadline = 20000;  // milliseconds; then a start or an end has failed
 
 double Now() {
     LARGE_INTEGER ticks;
