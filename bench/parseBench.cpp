@@ -8,6 +8,7 @@
 #include <string>
 
 #include "alerts/AlertFeed.h"
+#include "bench/Stopwatch.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "win/Files.h"
@@ -38,19 +39,14 @@ double TimeOnce(int alerts) {
     settings::DeleteSettingSection(settings::kAlerts);
     win::DeleteFileQuietly(win::ExecutableFolder() + "\\" + settings::IniUserName + ".ini");
     settings::State().oldAlerts.clear();
-    LARGE_INTEGER began;
-    LARGE_INTEGER ended;
-    LARGE_INTEGER perSecond;
-    QueryPerformanceFrequency(&perSecond);
-    QueryPerformanceCounter(&began);
+    const double began = bench::Milliseconds();
     const int found = alerts::ParseAlerts(path, "66044");
-    QueryPerformanceCounter(&ended);
+    const double ended = bench::Milliseconds();
     if (found != alerts) {
         std::printf("failed: %d of %d alerts\n", found, alerts);
         std::exit(1);
     }
-    return 1000.0 * static_cast<double>(ended.QuadPart - began.QuadPart) /
-           static_cast<double>(perSecond.QuadPart);
+    return ended - began;
 }
 
 }  // namespace
