@@ -11,8 +11,9 @@ compgen -G '/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a' >/dev/
 packages+=(googletest nlohmann-json3-dev weather-util-data)
 # running Windows programs; the i386 library gives them https
 packages+=(wine wine32:i386 libgnutls30:i386)
-# a screen nobody sees, its taskbar with a notification area, clicks, pictures, window lists, fonts
-packages+=(xvfb icewm xdotool imagemagick x11-utils fonts-liberation fonts-dejavu-core)
+# a screen nobody sees, its taskbar with a notification area, clicks, keyboards, pictures, window lists,
+# fonts
+packages+=(xvfb icewm xdotool x11-xkb-utils imagemagick x11-utils fonts-liberation fonts-dejavu-core)
 # the desktop tests, the demonstration feed
 packages+=(python3 python3-pytest)
 # form and faults of the C++ code
