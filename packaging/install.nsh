@@ -17,12 +17,6 @@ Function .onInit
   ${If} $1 != ""
     StrCpy $INSTDIR $1
   ${EndIf}
-  ; The root of a drive holds folders of other owners by the names of our own.
-  StrLen $0 $INSTDIR
-  ${If} $0 <= 3
-    SetErrorLevel ${EXIT_BAD_FOLDER}
-    Quit
-  ${EndIf}
   Call ReadStartSwitch
 FunctionEnd
 

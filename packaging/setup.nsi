@@ -1,7 +1,7 @@
-; The installer. packaging/make names VERSION, KILOBYTES, FILE_LIST, ICON and OUT.
+; The installer. packaging/make names VERSION, KILOBYTES, FILE_LIST, ICONS and OUT.
 ; Switches: /S /CurrentUser /AllUsers /StartWithWindows, and /D=folder as the last one, without quotes.
-; Exit codes beside 0: 1 cancelled, 2 a file could not be written, 32 a running copy is in the way,
-; 161 the folder is not one to install into, 740 /AllUsers /S without administrator rights.
+; Exit codes beside 0: 1 cancelled, 2 a file could not be written, 32 the program's files are in use,
+; 740 /AllUsers /S without administrator rights.
 
 Unicode true
 !define PRODUCT "Skyvane Alerts"
@@ -14,7 +14,6 @@ Unicode true
 !define SETTINGS_KEY "${SETTINGS_PARENT}\${PRODUCT}"
 
 !define EXIT_IN_USE 32
-!define EXIT_BAD_FOLDER 161
 !define EXIT_NEEDS_ADMINISTRATOR 740
 
 Name "${PRODUCT}"
@@ -44,14 +43,14 @@ Var AllUsers  ; 1 when the program is installed for everyone, otherwise 0
 !include "install.nsh"
 !include "uninstall.nsh"
 
-!define MUI_ICON "${ICON}"
-!define MUI_UNICON "${ICON}"
+!define MUI_ICON "${ICONS}/program.ico"
+!define MUI_UNICON "${ICONS}/program.ico"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${ICONS}/setup.bmp"
 !define MUI_ABORTWARNING
 !define MUI_COMPONENTSPAGE_NODESC
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_TEXT "Start ${PRODUCT}"
 !define MUI_FINISHPAGE_RUN_FUNCTION StartProgram
-!insertmacro MUI_PAGE_WELCOME
 Page custom ShowUsersPage LeaveUsersPage
 !insertmacro MUI_PAGE_COMPONENTS
 !insertmacro MUI_PAGE_DIRECTORY
