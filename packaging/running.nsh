@@ -2,7 +2,9 @@
 ; task manager asks.
 !define MUTEX "SkyvaneAlerts"
 !define TRAY_CLASS "SkyvaneAlertsTray"
-!define WAIT_TURNS 150  ; of 100 ms
+; Turns of 100 ms: until a copy has ended, and until its files are free.
+!define TURNS_TO_END 150
+!define TURNS_TO_FREE 50
 
 !macro RunningFunctions Un
   ; $0: the window, or another number but 0 when there is only the mutex; 0 when none runs.
@@ -23,7 +25,7 @@
     Push $3
     StrCpy $0 0
     ${If} ${FileExists} "$1"
-      ${For} $2 1 ${WAIT_TURNS}
+      ${For} $2 1 ${TURNS_TO_FREE}
         ClearErrors
         FileOpen $3 "$1" a
         ${IfNot} ${Errors}
@@ -59,7 +61,7 @@
       Quit
       close:
       StrCpy $WasRunning 1
-      ${For} $2 1 ${WAIT_TURNS}
+      ${For} $2 1 ${TURNS_TO_END}
         FindWindow $1 "${TRAY_CLASS}"
         ${If} $1 <> 0
           System::Call 'user32::PostMessageW(p r1, i ${WM_CLOSE}, p 0, p 0)'
