@@ -122,6 +122,19 @@ def test_no_server(checker, maker):
     box.answer("OK")
 
 
+def test_program_folder_that_cannot_be_written(checker, maker):
+    maker.offer(b"1.0.3")
+    checker.folder.chmod(0o555)
+    try:
+        for _ in range(2):
+            box = check(checker)
+            assert box.text == failure_text(maker)
+            box.answer("OK")
+    finally:
+        checker.folder.chmod(0o755)
+    assert left_files(checker) == []
+
+
 def test_another_check_waits_for_nothing(checker, maker):
     """While the answer is on its way a second wish does nothing, and the program lives on."""
     gate = threading.Event()
