@@ -37,8 +37,14 @@ void OfferDownload(HWND owner, const std::string& version, bool interactive) {
 void Check(HWND owner, bool interactive) {
     // Fixed names: after a failure both files stay, and the next check finds the old status at
     // once.
-    const std::string dataFile = settings::State().programFolder + "\\che.sk";
-    const std::string statusFile = settings::State().programFolder + "\\chet.sk";
+    const std::string folder = settings::State().programFolder;
+    const std::string dataFile = folder + "\\che.sk";
+    const std::string statusFile = folder + "\\chet.sk";
+    // A folder like those of programs installed for everyone: no status would ever come.
+    if (!win::IsFolderWritable(folder)) {
+        if (interactive) TellFailure();
+        return;
+    }
     WaitForStatus(statusFile, RunDownloader(DownloadArgument(
                                   settings::MakerHost() + "/SVAlerts.txt", dataFile, statusFile)));
     // What the status says is not looked at: the data file alone decides.

@@ -24,6 +24,11 @@ target_link_libraries(fetch PUBLIC rules program winhttp)
 add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc win/Terminate.cpp)
 target_link_libraries(dl PRIVATE fetch)
 
+# Nobody else knows what the resource scripts take in.
+file(GLOB resourceParts CONFIGURE_DEPENDS */*.rc */resource.h assets/icons/*.ico assets/icons/*.bmp)
+list(APPEND resourceParts ${CMAKE_SOURCE_DIR}/assets/skyvane.manifest ${CMAKE_SOURCE_DIR}/settings/Version.h)
+set_source_files_properties(app/SVAlerts.rc downloader/dl.rc PROPERTIES OBJECT_DEPENDS "${resourceParts}")
+
 foreach(target SVAlerts dl)
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${productDir})
   target_link_options(${target} PRIVATE -s)

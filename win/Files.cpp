@@ -95,6 +95,12 @@ std::vector<std::string> FindFileNames(const std::string& pattern) {
     return names;
 }
 
+bool IsFolderWritable(const std::string& path) {
+    return static_cast<bool>(
+        FileHandle(CreateFileA((path + "\\writable.tmp").c_str(), GENERIC_WRITE, 0, nullptr,
+                               CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE, nullptr)));
+}
+
 void MakeFolder(const std::string& path) {
     CreateDirectoryA(path.c_str(), nullptr);
 }

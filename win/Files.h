@@ -31,6 +31,9 @@ void DeleteFileQuietly(const std::string& path);
 // The names (without folder) of the files that match the pattern, in directory order.
 std::vector<std::string> FindFileNames(const std::string& pattern);
 
+// Whether a file can be made in the folder. Makes none that stays.
+bool IsFolderWritable(const std::string& path);
+
 // Makes one level of folder; one that exists is no error.
 void MakeFolder(const std::string& path);
 

@@ -126,11 +126,13 @@ def wait_for_message_box():
 
 
 class Program:
-    """A program folder of its own, with the settings and stations it starts from."""
+    """A program folder of its own, with the settings and stations it starts from; made, if it is not
+    there yet, as the build lays it out."""
 
     def __init__(self, folder, registry=False):
         self.folder = folder
-        shutil.copytree(os.environ["PRODUCT_DIR"], folder)
+        if not folder.exists():
+            shutil.copytree(os.environ["PRODUCT_DIR"], folder)
         self.store = stores.RegistryStore() if registry else stores.IniStore(folder / "Default.ini")
         self.arguments = [] if registry else ["-id"]
         self.process = None

@@ -1,0 +1,94 @@
+; What the uninstaller does. It takes away what the program and its installer have put there, by name;
+; only what a person has made of it, settings and stations, is asked for.
+
+Function un.onInit
+  StrCpy $AllUsers 0
+  ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+  ReadRegStr $1 HKLM "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $0 != $INSTDIR
+  ${AndIf} $1 == $INSTDIR
+    StrCpy $AllUsers 1
+    !insertmacro AskForRights
+    ${If} $0 = 0
+      SetErrorLevel ${EXIT_NEEDS_ADMINISTRATOR}
+      ${IfNot} ${Silent}
+        ExecShell "runas" "$INSTDIR\Uninstall.exe"
+      ${EndIf}
+      Quit
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+; Another copy, in another folder, keeps its start with Windows.
+Function un.RemoveRunValue
+  ReadRegStr $0 HKCU "${RUN_KEY}" "${RUN_VALUE}"
+  ${If} $0 == "$INSTDIR\${PROGRAM}"
+  ${OrIf} $0 == '"$INSTDIR\${PROGRAM}"'
+    DeleteRegValue HKCU "${RUN_KEY}" "${RUN_VALUE}"
+    ReadRegStr $0 HKCU "${SETTINGS_KEY}\Options" "StartWithWindows"
+    ${If} $0 == "True"
+      WriteRegStr HKCU "${SETTINGS_KEY}\Options" "StartWithWindows" "False"
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+; One user's folder in the program folder.
+Function un.RemoveUserFolder
+  Delete "$0\CityCode.cmb"
+  RMDir /r "$0\HTML"
+  RMDir /r "$0\Sounds"
+  RMDir "$0"
+FunctionEnd
+
+Function un.RemoveFilesInProgramFolder
+  FindFirst $1 $2 "$INSTDIR\*.ini"
+  ${DoWhile} $2 != ""
+    ReadINIStr $0 "$INSTDIR\$2" "Misc" "UseINI"  ; the program writes it into each of its own
+    ${If} $0 != ""
+      Delete "$INSTDIR\$2"
+    ${EndIf}
+    FindNext $1 $2
+  ${Loop}
+  FindClose $1
+  FindFirst $1 $2 "$INSTDIR\Users\*"
+  ${DoWhile} $2 != ""
+    ${If} $2 != "."
+    ${AndIf} $2 != ".."
+      StrCpy $0 "$INSTDIR\Users\$2"
+      Call un.RemoveUserFolder
+    ${EndIf}
+    FindNext $1 $2
+  ${Loop}
+  FindClose $1
+  RMDir "$INSTDIR\Users"
+FunctionEnd
+
+Function un.RemoveSettings
+  DeleteRegKey HKCU "${SETTINGS_KEY}"
+  DeleteRegKey /ifempty HKCU "${SETTINGS_PARENT}"
+  StrCpy $0 "$APPDATA\SkyvaneAlerts"
+  Call un.RemoveUserFolder
+  Call un.RemoveFilesInProgramFolder
+FunctionEnd
+
+Section "un.Program"
+  Call un.CloseRunning
+  !insertmacro TakeUsersContext
+  Delete "$SMPROGRAMS\${PRODUCT}.lnk"
+  DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+  Call un.RemoveRunValue
+  !insertmacro DeleteShipped "$INSTDIR"
+  ; Left by a check for a new version that failed.
+  Delete "$INSTDIR\che.sk"
+  Delete "$INSTDIR\chet.sk"
+  Delete "$INSTDIR\Uninstall.exe"
+  SetShellVarContext current
+  ; The program's own copies; what a person has put beside them stays.
+  !insertmacro DeleteShipped "$APPDATA\SkyvaneAlerts"
+  MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 \
+    "Remove your settings and your list of stations too?" /SD IDNO IDNO keep
+  Call un.RemoveSettings
+  keep:
+  RMDir "$APPDATA\SkyvaneAlerts"
+  RMDir "$INSTDIR"
+SectionEnd

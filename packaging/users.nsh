@@ -1,0 +1,106 @@
+; For whom the program is installed: for the current user, which needs no rights, or for everyone.
+
+!macro TakeUsersContext
+  ${If} $AllUsers = 1
+    SetShellVarContext all
+  ${Else}
+    SetShellVarContext current
+  ${EndIf}
+!macroend
+
+; $0: 1 with administrator rights in hand.
+!macro AskForRights
+  UserInfo::GetAccountType
+  Pop $0
+  ${If} $0 == "Admin"
+    StrCpy $0 1
+  ${Else}
+    StrCpy $0 0
+  ${EndIf}
+!macroend
+
+Var AllUsersAsked  ; 1 when a switch has settled it, so that the page is not shown
+
+Function ReadUsersSwitch
+  ${GetParameters} $0
+  ClearErrors
+  ${GetOptions} $0 "/AllUsers" $1
+  ${IfNot} ${Errors}
+    StrCpy $AllUsers 1
+    StrCpy $AllUsersAsked 1
+  ${EndIf}
+  ClearErrors
+  ${GetOptions} $0 "/CurrentUser" $1
+  ${IfNot} ${Errors}
+    StrCpy $AllUsers 0
+    StrCpy $AllUsersAsked 1
+  ${EndIf}
+  ClearErrors
+FunctionEnd
+
+; With no switch the copy that is there is renewed, the user's own before that of everyone.
+Function ChooseUsers
+  StrCpy $AllUsers 0
+  StrCpy $AllUsersAsked 0
+  ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+  ReadRegStr $1 HKLM "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $0 == ""
+  ${AndIf} $1 != ""
+    StrCpy $AllUsers 1
+  ${EndIf}
+  Call ReadUsersSwitch
+FunctionEnd
+
+; The folder of the copy that is there, or the usual one.
+Function ChooseFolder
+  !insertmacro TakeUsersContext
+  ReadRegStr $INSTDIR SHCTX "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $INSTDIR == ""
+    ${If} $AllUsers = 1
+      StrCpy $INSTDIR "$PROGRAMFILES32\${PRODUCT}"
+    ${Else}
+      StrCpy $INSTDIR "$LOCALAPPDATA\Programs\${PRODUCT}"
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+Var OnlyMeButton
+Var EveryoneButton
+
+Function ShowUsersPage
+  ${If} $AllUsersAsked = 1
+    Abort
+  ${EndIf}
+  !insertmacro MUI_HEADER_TEXT "For whom" "Choose who will use ${PRODUCT} on this computer."
+  nsDialogs::Create 1018
+  Pop $0
+  ${NSD_CreateRadioButton} 0 10u 100% 12u "Only for &me (needs no administrator)"
+  Pop $OnlyMeButton
+  ${NSD_CreateRadioButton} 0 28u 100% 12u "For &everyone who uses this computer (needs an administrator)"
+  Pop $EveryoneButton
+  ${If} $AllUsers = 1
+    ${NSD_Check} $EveryoneButton
+    ${NSD_SetFocus} $EveryoneButton
+  ${Else}
+    ${NSD_Check} $OnlyMeButton
+    ${NSD_SetFocus} $OnlyMeButton
+  ${EndIf}
+  nsDialogs::Show
+FunctionEnd
+
+Function LeaveUsersPage
+  ${NSD_GetState} $EveryoneButton $AllUsers
+  ${If} $AllUsers = 1
+    !insertmacro AskForRights
+    ${If} $0 = 0
+      ; Windows asks for the administrator; the installer that it starts goes on from here.
+      ClearErrors
+      ExecShell "runas" "$EXEPATH" "/AllUsers"
+      ${If} ${Errors}
+        Abort
+      ${EndIf}
+      Quit
+    ${EndIf}
+  ${EndIf}
+  Call ChooseFolder
+FunctionEnd

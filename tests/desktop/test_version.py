@@ -1,0 +1,156 @@
+"""The menu's check for a new version, against a maker's web site of the test's."""
+
+import threading
+
+import pytest
+
+from harness import message_boxes, stays, wait_for_message_box, wait_until
+from loopback import Server, answer, redirect
+from tray_menu import choose
+
+FILE, PAGE = "/SVAlerts.txt", "/Skyvane-Alerts.asp"
+LATEST = "You are using the latest version of Skyvane Alerts."
+
+
+class Maker:
+    """The maker's web site; `answers` holds what it sends for each address."""
+
+    def __init__(self):
+        self.answers = {}
+        self.server = Server(self.answers)
+        self.address = self.server.url("")
+
+    def offer(self, body, status=200):
+        self.answers[FILE] = answer(status, body)
+
+
+@pytest.fixture
+def maker():
+    maker = Maker()
+    yield maker
+    maker.server.close()
+
+
+@pytest.fixture
+def checker(make_watcher, maker):
+    """A running program that asks this maker."""
+    program = make_watcher()
+    program.store.write({"Hosts": {"Maker": maker.address}})
+    program.start()
+    return program
+
+
+def check(program):
+    choose(program, "Check for New Version")
+    return wait_for_message_box()
+
+
+def offer_text(version):
+    return f"Skyvane Alerts v{version} is available!  Would you like to download it now?"
+
+
+def failure_text(maker):
+    return ("The attempt to check for an updated version of Skyvane Alerts failed!\r\n\r\n"
+            f"Please visit {maker.address} to check for a new version.")
+
+
+def left_files(program):
+    return sorted(file.name for file in program.folder.glob("che*.sk"))
+
+
+def test_offers_what_is_newer(checker, maker, browser):
+    for body, version in [(b"1.0.3", "1.0.3"), (b" 1.1.0\r\n", "1.1.0"), (b"9", None), (b"1.0.10\n", "1.0.10")]:
+        maker.offer(body)
+        box = check(checker)
+        if version is None:  # one digit is less than three, whatever it says
+            assert (box.text, sorted(box.buttons)) == (LATEST, ["OK"])
+            box.answer("OK")
+            continue
+        assert (box.text, sorted(box.buttons)) == (offer_text(version), ["No", "Yes"])
+        assert checker.store.read("Options", "CheckVersion") == version
+        assert left_files(checker) == []
+        box.answer("No")
+    assert browser.opened() == []
+    box = check(checker)  # what was announced is offered again to a person who asks
+    assert box.text == offer_text("1.0.10")
+    box.answer("Yes")
+    browser.wait_for(maker.address + PAGE)
+    assert set(maker.server.targets()) == {FILE}
+
+
+def test_says_that_nothing_is_newer(checker, maker):
+    for body in (b"1.0.2", b"1.0.1\r\n", b"0.9.9", b"", b"not a number", b"1.0.2222222222222222"):
+        maker.offer(body)
+        box = check(checker)
+        assert (box.text, sorted(box.buttons)) == (LATEST, ["OK"]), body
+        assert left_files(checker) == []
+        box.answer("OK")
+    assert not checker.store.read("Options", "CheckVersion")
+
+
+@pytest.mark.parametrize("answers", [
+    answer(200, b"1" * 21),
+    answer(200, b"<html><body>Our site is being mended.</body></html>"),
+    answer(404, b"1.0.3"),
+    answer(500, b""),
+    answer(200, b"1.0.3", "Content-Length: 50"),
+    redirect("/elsewhere"),
+], ids=["21 characters", "page", "404", "500", "cut off", "redirected to nothing"])
+def test_tells_of_a_failure_and_recovers(checker, maker, answers):
+    maker.answers.update({FILE: answers, "/elsewhere": answer(404)})
+    box = check(checker)
+    assert (box.text, sorted(box.buttons)) == (failure_text(maker), ["OK"])
+    assert "chet.sk" in left_files(checker)
+    box.answer("OK")
+    assert not checker.store.read("Options", "CheckVersion")
+    # The next check may find what the failure has left before the downloader has renewed it. That
+    # wears off.
+    maker.offer(b"1.0.3")
+    for _ in range(3):
+        box = check(checker)
+        if box.text != failure_text(maker):
+            break
+        box.answer("OK")
+    assert box.text == offer_text("1.0.3")
+    box.answer("No")
+
+
+def test_no_server(checker, maker):
+    maker.server.close()
+    box = check(checker)
+    assert box.text == failure_text(maker)
+    box.answer("OK")
+
+
+def test_program_folder_that_cannot_be_written(checker, maker):
+    maker.offer(b"1.0.3")
+    checker.folder.chmod(0o555)
+    try:
+        for _ in range(2):
+            box = check(checker)
+            assert box.text == failure_text(maker)
+            box.answer("OK")
+    finally:
+        checker.folder.chmod(0o755)
+    assert left_files(checker) == []
+
+
+def test_another_check_waits_for_nothing(checker, maker):
+    """While the answer is on its way a second wish does nothing, and the program lives on."""
+    gate = threading.Event()
+
+    def serve_later(connection):
+        gate.wait(30)
+        connection.sendall(answer(200, b"1.0.3"))
+
+    maker.answers[FILE] = serve_later
+    choose(checker, "Check for New Version")
+    wait_until(maker.server.targets, "the request")
+    choose(checker, "Check for New Version")
+    assert stays(lambda: not message_boxes() and checker.answers(), 0.5)
+    assert maker.server.targets() == [FILE]
+    gate.set()
+    box = wait_for_message_box()
+    assert box.text == offer_text("1.0.3")
+    box.answer("No")
+    assert stays(lambda: not message_boxes(), 0.5)
