@@ -1,14 +1,10 @@
 #pragma once
-#include <string>
-#include <vector>
+#include "win/XmlAttribute.h"
 
-// The elements of a feed as its tables read them: each one's attributes in document order.
 namespace search {
 
-struct Attribute {
-    std::string name;  // without its prefix
-    std::string text;
-};
-using NodeRow = std::vector<Attribute>;
+// The elements of a feed as its tables read them: each one's attributes.
+using Attribute = win::XmlAttribute;
+using NodeRow = win::XmlAttributes;
 
 }  // namespace search
