@@ -32,6 +32,13 @@ HANDLE DownloaderJob() {
     return job.Get();
 }
 
+// Ends it and sees it gone, so that it holds no file any more.
+void EndDownloader(const win::KernelHandle& downloader) {
+    constexpr DWORD enough = 2000;
+    if (downloader && TerminateProcess(downloader.Get(), 1))
+        WaitForSingleObject(downloader.Get(), enough);
+}
+
 }  // namespace
 
 win::KernelHandle RunDownloader(const std::string& argument) {
@@ -55,8 +62,13 @@ win::KernelHandle RunDownloader(const std::string& argument) {
     return downloader;
 }
 
-std::string WaitForStatus(const std::string& statusFile, win::KernelHandle downloader) {
+std::string WaitForStatus(const std::string& statusFile, win::KernelHandle downloader,
+                          IsGivenUp isGivenUp) {
     for (;;) {
+        if (isGivenUp && isGivenUp()) {
+            EndDownloader(downloader);
+            return {};
+        }
         if (win::FileHasContent(statusFile)) {
             // A virus scanner may hold the new file for a moment: unread is not success.
             if (const auto text = win::ReadWholeFile(statusFile)) return *text;
@@ -68,11 +80,13 @@ std::string WaitForStatus(const std::string& statusFile, win::KernelHandle downl
     }
 }
 
-Download::Download(const std::string& address, const std::string& prefix)
+Download::Download(const std::string& address, const std::string& prefix, IsGivenUp isGivenUp)
     : dataFile_(win::MakeTempFileName(prefix)), statusFile_(win::MakeTempFileName(prefix)) {
     underWay.push_back(this);
-    succeeded_ = IsSuccess(WaitForStatus(
-        statusFile_, RunDownloader(DownloadArgument(address, dataFile_, statusFile_))));
+    const std::string status = WaitForStatus(
+        statusFile_, RunDownloader(DownloadArgument(address, dataFile_, statusFile_)), isGivenUp);
+    if (isGivenUp && isGivenUp()) return;
+    succeeded_ = IsSuccess(status);
     win::PauseTicks(1);
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 #include <windows.h>
+#include <commctrl.h>
 
+#include <initializer_list>
 #include <string>
 
 #include "win/Handle.h"
@@ -12,6 +14,16 @@ Icon LoadIconFile(const std::string& path, int pixels);
 
 // An icon of the program's own resources at the given size in pixels.
 Icon LoadIconResource(int identifier, int pixels);
+
+struct ImageListTraits {
+    using Type = HIMAGELIST;
+    static Type Empty() { return nullptr; }
+    static void Close(Type list) { ImageList_Destroy(list); }
+};
+using ImageList = UniqueHandle<ImageListTraits>;
+
+// A list of icons of the program's own resources, in the given order, at the size of list icons.
+ImageList LoadSmallIcons(std::initializer_list<int> identifiers);
 
 // The size of notification icons and of list icons, in pixels.
 int SmallIconSize();

@@ -12,13 +12,21 @@ std::wstring ToWide(std::string_view text) {
     return wide;
 }
 
-std::string FromWide(std::wstring_view text) {
+static std::string Narrow(std::wstring_view text, UINT codePage) {
     const int size = static_cast<int>(text.size());
     const int length =
-        WideCharToMultiByte(CP_ACP, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
+        WideCharToMultiByte(codePage, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
     std::string narrow(static_cast<std::size_t>(length), '\0');
-    WideCharToMultiByte(CP_ACP, 0, text.data(), size, narrow.data(), length, nullptr, nullptr);
+    WideCharToMultiByte(codePage, 0, text.data(), size, narrow.data(), length, nullptr, nullptr);
     return narrow;
+}
+
+std::string FromWide(std::wstring_view text) {
+    return Narrow(text, CP_ACP);
+}
+
+std::string ToUtf8(std::wstring_view text) {
+    return Narrow(text, CP_UTF8);
 }
 
 std::string ToLower(std::string_view text) {

@@ -3,6 +3,7 @@
 #include "win/Com.h"
 #include "win/Files.h"
 #include "win/Messages.h"
+#include "win/Text.h"
 #include "win/XmlGuardRules.h"
 
 namespace win {
@@ -55,6 +56,27 @@ XmlNode NextNode(const XmlNodeList& list) {
     XmlNode node;
     if (FAILED(list->nextNode(&node))) return nullptr;
     return node;
+}
+
+std::string NodeName(const XmlNode& node) {
+    BasicString name;
+    return SUCCEEDED(node->get_nodeName(name.Receive())) ? name.Text() : std::string();
+}
+
+XmlAttributes NodeAttributes(const XmlNode& node) {
+    XmlAttributes attributes;
+    Microsoft::WRL::ComPtr<IXMLDOMNamedNodeMap> map;
+    if (FAILED(node->get_attributes(&map)) || !map) return attributes;
+    XmlNode attribute;
+    while (map->nextNode(attribute.ReleaseAndGetAddressOf()) == S_OK && attribute)
+        attributes.push_back({BaseName(attribute), NodeText(attribute)});
+    return attributes;
+}
+
+std::optional<std::string> DocumentUtf8(const XmlDocument& document) {
+    BasicString text;
+    if (FAILED(document->get_xml(text.Receive()))) return std::nullopt;
+    return ToUtf8({text.Get(), SysStringLen(text.Get())});
 }
 
 std::string BaseName(const XmlNode& node) {

@@ -3,7 +3,10 @@
 #include <msxml.h>
 #include <wrl/client.h>
 
+#include <optional>
 #include <string>
+
+#include "win/XmlAttribute.h"
 
 // The XML document of the Windows platform, as the feed readers use it.
 namespace win {
@@ -22,6 +25,15 @@ XmlNodeList SelectNodes(const XmlDocument& document, const char* path);
 
 // The next node of the list, null behind the last.
 XmlNode NextNode(const XmlNodeList& list);
+
+// A node's name as written, with its prefix; empty on an error.
+std::string NodeName(const XmlNode& node);
+
+// The attributes of an element; none on an error.
+XmlAttributes NodeAttributes(const XmlNode& node);
+
+// The whole document as text, in UTF-8 whatever the process's code page; nothing on an error.
+std::optional<std::string> DocumentUtf8(const XmlDocument& document);
 
 // A node's local name and text; empty on an error.
 std::string BaseName(const XmlNode& node);

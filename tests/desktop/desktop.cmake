@@ -10,7 +10,7 @@ foreach(desktopTest ${desktopTests})
   set_tests_properties(desktop_${name} PROPERTIES
     RUN_SERIAL TRUE
     TIMEOUT 300
-    ENVIRONMENT "PRODUCT_DIR=${productDir};PROBE=$<TARGET_FILE:probe>;PYTHONDONTWRITEBYTECODE=1")
+    ENVIRONMENT "PRODUCT_DIR=${productDir};PROBE=$<TARGET_FILE:probe>;STANDIN=$<TARGET_FILE:standin>;PYTHONDONTWRITEBYTECODE=1")
 endforeach()
 # It may be asked for a thousand cycles.
 set_tests_properties(desktop_test_endurance PROPERTIES TIMEOUT 1800)

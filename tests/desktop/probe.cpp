@@ -8,9 +8,11 @@
 //   forget-icon CLASS                      takes the window's icon out of the taskbar
 //   counts CLASS                           what the window's process holds
 //   folders                                the user's temporary and application data folders
-//   catch ADDRESS                          as the browser: notes the address in opened.txt beside
-//   it
+//   rows TITLE                             the list in the window: each row's texts, selected or
+//   not catch ADDRESS                          as the browser: notes the address in opened.txt
+//   beside it
 #include <windows.h>
+#include <commctrl.h>
 #include <shellapi.h>
 
 #include <cstdio>
@@ -139,6 +141,50 @@ void PrintCounts(const char* className) {
           "\t" + std::to_string(tests::UserHandlesInUse()) + "\n");
 }
 
+HWND ListIn(const char* title) {
+    const HWND window = FindWindowA(nullptr, title);
+    const HWND list = window ? FindWindowExA(window, nullptr, WC_LISTVIEWA, nullptr) : nullptr;
+    if (!list) std::exit(3);
+    return list;
+}
+
+// The list answers into its own process's memory.
+void PrintRows(const char* title) {
+    const HWND list = ListIn(title);
+    struct Exchange {
+        LVITEMW item;
+        wchar_t text[1024];
+    } exchange{};
+    DWORD identifier = 0;
+    GetWindowThreadProcessId(list, &identifier);
+    const HANDLE process =
+        OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, identifier);
+    auto* remote = static_cast<Exchange*>(
+        VirtualAllocEx(process, nullptr, sizeof exchange, MEM_COMMIT, PAGE_READWRITE));
+    const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+    const int columns = static_cast<int>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
+    const int rows = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
+    for (int row = 0; row < rows; ++row) {
+        std::string line =
+            SendMessageW(list, LVM_GETITEMSTATE, row, LVIS_SELECTED) ? "selected" : "";
+        for (int column = 0; column < columns; ++column) {
+            exchange.item.mask = LVIF_TEXT | LVIF_IMAGE;
+            exchange.item.iItem = row;
+            exchange.item.iSubItem = column;
+            exchange.item.pszText = remote->text;
+            exchange.item.cchTextMax = std::size(exchange.text);
+            WriteProcessMemory(process, remote, &exchange, sizeof exchange, nullptr);
+            SendMessageW(list, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&remote->item));
+            ReadProcessMemory(process, remote, &exchange, sizeof exchange, nullptr);
+            if (column == 0) line += "\t" + std::to_string(exchange.item.iImage + 1);
+            line += "\t" + Escaped(Utf8(exchange.text));
+        }
+        Print(line + "\n");
+    }
+    VirtualFreeEx(process, remote, 0, MEM_RELEASE);
+    CloseHandle(process);
+}
+
 std::string BesideThis(const char* name) {
     char path[MAX_PATH];
     GetModuleFileNameA(nullptr, path, MAX_PATH);
@@ -171,6 +217,8 @@ int main(int count, char** arguments) {
         PrintCounts(arguments[2]);
     } else if (command == "forget-icon" && count == 3) {
         ForgetIcon(arguments[2]);
+    } else if (command == "rows" && count == 3) {
+        PrintRows(arguments[2]);
     } else if (command == "folders") {
         Print(Escaped(std::getenv("TEMP")) + "\t" + Escaped(std::getenv("APPDATA")) + "\n");
     } else if (command == "catch") {

@@ -1,0 +1,111 @@
+#include "search/MapBrowser.h"
+
+#include <utility>
+
+#include "win/Com.h"
+
+namespace search {
+namespace {
+
+constexpr char kControlClass[] = "Shell.Explorer.2";
+constexpr char kHostClass[] = "AtlAxWin";
+constexpr UINT kForwardMessage = 0x37F;  // the host window offers the message to its control
+
+HMODULE HostLibrary() {
+    static const HMODULE library = LoadLibraryExA("atl.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    return library;
+}
+
+template <class Function>
+Function HostFunction(const char* name) {
+    return reinterpret_cast<Function>(
+        reinterpret_cast<void*>(HostLibrary() ? GetProcAddress(HostLibrary(), name) : nullptr));
+}
+
+bool RegisterHostClass() {
+    const auto initialise = HostFunction<BOOL(WINAPI*)()>("AtlAxWinInit");
+    return initialise && initialise();
+}
+
+win::Automation ControlIn(HWND window) {
+    const auto getControl = HostFunction<HRESULT(WINAPI*)(HWND, IUnknown**)>("AtlAxGetControl");
+    Microsoft::WRL::ComPtr<IUnknown> control;
+    win::Automation browser;
+    if (window && getControl && SUCCEEDED(getControl(window, &control)) && control)
+        control.As(&browser);
+    return browser;
+}
+
+constexpr char kInside[] = "innerHTML";
+
+}  // namespace
+
+bool MapBrowser::Create(HWND parent, int control) {
+    win::EnsureCom();
+    if (!RegisterHostClass()) return false;
+    // The host window makes the control that its text names.
+    window_ = CreateWindowExA(WS_EX_CLIENTEDGE, kHostClass, kControlClass,
+                              WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPCHILDREN, 0, 0, 0, 0,
+                              parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(control)),
+                              GetModuleHandleA(nullptr), nullptr);
+    browser_ = ControlIn(window_);
+    if (!browser_ && window_) DestroyWindow(std::exchange(window_, nullptr));
+    // The page's faults are no boxes to click away.
+    win::PutProperty(browser_, "Silent", win::Variant(true));
+    return static_cast<bool>(browser_);
+}
+
+void MapBrowser::Release() {
+    browser_.Reset();
+    window_ = nullptr;
+}
+
+void MapBrowser::Remove() {
+    const HWND window = window_;
+    Release();
+    if (window) DestroyWindow(window);
+}
+
+void MapBrowser::Navigate(const std::string& address) {
+    win::CallMethod(browser_, "Navigate2", win::Variant(address));
+}
+
+bool MapBrowser::IsBusy() const {
+    const auto busy = win::GetProperty(browser_, "Busy");
+    return busy && busy->IsTrue();
+}
+
+bool MapBrowser::HasDocument() const {
+    return static_cast<bool>(win::GetObjectProperty(browser_, "Document"));
+}
+
+bool MapBrowser::BodyHolds(std::string_view text) const {
+    const auto document = win::GetObjectProperty(browser_, "Document");
+    const auto inside = win::GetProperty(win::GetObjectProperty(document, "body"), kInside);
+    return inside && inside->Text().find(text) != std::string::npos;
+}
+
+std::optional<std::string> MapBrowser::ReadElement(std::string_view identifier) const {
+    const auto document = win::GetObjectProperty(browser_, "Document");
+    const auto inside = win::GetProperty(win::GetItem(document, "All", identifier), kInside);
+    if (!inside) return std::nullopt;
+    return inside->Text();
+}
+
+void MapBrowser::WriteElement(std::string_view identifier, std::string_view markup) const {
+    const auto document = win::GetObjectProperty(browser_, "Document");
+    win::PutProperty(win::GetItem(document, "All", identifier), kInside, win::Variant(markup));
+}
+
+bool MapBrowser::TakeKey(const MSG& message) const {
+    const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_DEADCHAR;
+    if (!isKey || !window_ || !IsChild(window_, message.hwnd)) return false;
+    if (SendMessageA(window_, kForwardMessage, 0, reinterpret_cast<LPARAM>(&message))) return true;
+    // Tab and Esc are the dialog's; the rest is not, or the arrows would leave the map.
+    if (message.wParam == VK_TAB || message.wParam == VK_ESCAPE) return false;
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+    return true;
+}
+
+}  // namespace search

@@ -1,0 +1,19 @@
+#include "search/MapPage.h"
+
+#include "search/MapPageRules.h"
+#include "settings/ProgramState.h"
+#include "win/Files.h"
+
+namespace search {
+
+std::optional<std::string> WriteMapPage(const win::XmlDocument& document) {
+    const std::string folder = settings::State().dataFolder + "\\HTML\\";
+    const auto pageTemplate = win::ReadWholeFile(folder + "CitySearch.sv");
+    const auto xml = win::DocumentUtf8(document);
+    if (!pageTemplate || !xml) return std::nullopt;
+    std::string path = folder + "CitySearch.html";
+    if (!win::ReplaceFileWhole(path, MapPage(*pageTemplate, *xml))) return std::nullopt;
+    return path;
+}
+
+}  // namespace search

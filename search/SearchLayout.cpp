@@ -1,0 +1,110 @@
+#include "search/SearchLayout.h"
+
+#include "search/resource.h"
+
+namespace search {
+namespace {
+
+// Which borders of the dialog a control's own borders follow when it grows.
+struct Anchor {
+    int control;
+    bool leftFollows;
+    bool rightFollows;
+    bool topFollows;
+    bool bottomFollows;
+};
+constexpr Anchor kAnchors[] = {{frmSearch_Shape1, false, true, false, false},
+                               {frmSearch_Label25, false, true, false, false},
+                               {frmSearch_Text1, false, true, false, false},
+                               {frmSearch_Command1, true, true, false, false},
+                               {frmSearch_StationList, false, true, false, true},
+                               {frmSearch_Label1, false, true, true, true},
+                               {frmSearch_Command3, true, true, true, true},
+                               {frmSearch_Command2, true, true, true, true}};
+constexpr int kGapUnits = 4;
+
+// The size of a thousand dialog units in pixels: what the controls scale by.
+SIZE DialogUnit(HWND dialog) {
+    RECT units{0, 0, 1000, 1000};
+    MapDialogRect(dialog, &units);
+    return {units.right, units.bottom};
+}
+
+SIZE ClientSize(HWND dialog) {
+    RECT client;
+    GetClientRect(dialog, &client);
+    return {client.right, client.bottom};
+}
+
+void Move(HWND window, const RECT& rect) {
+    SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left,
+                 rect.bottom - rect.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace
+
+void SearchLayout::Remember(HWND dialog) {
+    dialog_ = dialog;
+    client_ = ClientSize(dialog);
+    unit_ = DialogUnit(dialog);
+    places_.clear();
+    for (const Anchor& anchor : kAnchors) {
+        RECT rect;
+        GetWindowRect(GetDlgItem(dialog, anchor.control), &rect);
+        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&rect), 2);
+        places_.push_back({anchor.control, rect});
+    }
+}
+
+// The remembered sizes hold for the font that the dialog had then; a screen of another resolution
+// brings another one.
+RECT SearchLayout::Scaled(const RECT& rect) const {
+    const SIZE now = DialogUnit(dialog_);
+    return {MulDiv(rect.left, now.cx, unit_.cx), MulDiv(rect.top, now.cy, unit_.cy),
+            MulDiv(rect.right, now.cx, unit_.cx), MulDiv(rect.bottom, now.cy, unit_.cy)};
+}
+
+SIZE SearchLayout::ScaledClient() const {
+    const RECT scaled = Scaled({0, 0, client_.cx, client_.cy});
+    return {scaled.right, scaled.bottom};
+}
+
+void SearchLayout::Apply(HWND map) const {
+    if (!dialog_) return;
+    const SIZE now = ClientSize(dialog_);
+    const SIZE least = ScaledClient();
+    const int wider = now.cx - least.cx;
+    const int higher = now.cy - least.cy;
+    for (std::size_t i = 0; i < places_.size(); ++i) {
+        const Anchor& anchor = kAnchors[i];
+        RECT rect = Scaled(places_[i].rect);
+        const int margin = rect.left;
+        if (anchor.leftFollows) rect.left += wider;
+        if (anchor.rightFollows) rect.right += wider;
+        if (anchor.topFollows) rect.top += higher;
+        if (anchor.bottomFollows) rect.bottom += higher;
+        if (anchor.control == frmSearch_StationList) {
+            rect.right = now.cx - margin;
+            RECT gap{0, 0, kGapUnits, 0};
+            MapDialogRect(dialog_, &gap);
+            const int width = (rect.right - rect.left - gap.right) / 2;
+            if (map) {
+                Move(map, {rect.right - width, rect.top, rect.right, rect.bottom});
+                rect.right = rect.left + width;
+            }
+        }
+        Move(GetDlgItem(dialog_, anchor.control), rect);
+    }
+    RedrawWindow(dialog_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void SearchLayout::LimitSize(MINMAXINFO& limits) const {
+    if (!dialog_) return;
+    const SIZE least = ScaledClient();
+    RECT frame{0, 0, least.cx, least.cy};
+    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongA(dialog_, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongA(dialog_, GWL_EXSTYLE)));
+    limits.ptMinTrackSize = {frame.right - frame.left, frame.bottom - frame.top};
+}
+
+}  // namespace search

@@ -1,0 +1,93 @@
+#include "search/frmSearchChoose.h"
+
+#include "search/StationTableRules.h"
+#include "search/resource.h"
+#include "tray/resource.h"
+#include "win/Dialog.h"
+#include "win/ListView.h"
+#include "win/Messages.h"
+
+namespace search {
+namespace {
+
+struct ChooserForm {
+    HWND window = nullptr;
+    std::optional<std::size_t> selectedRow;
+};
+ChooserForm chooser;
+
+HWND LocationList() {
+    return GetDlgItem(chooser.window, frmSearchChoose_LocationList);
+}
+
+void Command3_Click() {
+    const int row = win::SelectedListRow(LocationList());
+    if (row < 0) return;
+    chooser.selectedRow = static_cast<std::size_t>(row);
+    win::EndModal(chooser.window);
+}
+
+void Command2_Click() {
+    win::EndModal(chooser.window);
+}
+
+INT_PTR CALLBACK ChooserProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_INITDIALOG:
+            chooser.window = dialog;
+            SendMessageA(LocationList(), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT,
+                         LVS_EX_FULLROWSELECT);
+            return TRUE;
+        case WM_PAINT:
+            SetFocus(LocationList());
+            return FALSE;
+        case WM_COMMAND:
+            if (LOWORD(wParam) == frmSearchChoose_Command3) Command3_Click();
+            if (LOWORD(wParam) == frmSearchChoose_Command2) Command2_Click();
+            return TRUE;
+        case WM_NOTIFY: {
+            const auto* note = reinterpret_cast<const NMHDR*>(lParam);
+            if (note->idFrom == frmSearchChoose_LocationList &&
+                note->code == static_cast<UINT>(NM_DBLCLK))
+                Command3_Click();
+            return TRUE;
+        }
+        case WM_DESTROY:
+            chooser.window = nullptr;
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}
+
+void FillLocationList(const std::vector<std::string>& rows, HIMAGELIST images) {
+    const HWND list = LocationList();
+    SendMessageA(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images));
+    win::AddListColumn(list, "Location Name", 0);
+    for (const std::string& row : rows) win::AddListRow(list, kPlaceIcon - 1, {row});
+    win::ResizeListViewColumns(list);
+    win::SelectListRow(list, 0);
+}
+
+}  // namespace
+
+std::optional<std::size_t> ShowLocationChooser(HWND owner, const std::vector<std::string>& rows,
+                                               HIMAGELIST images) {
+    if (rows.empty() || chooser.window) return std::nullopt;
+    chooser = ChooserForm();
+    const HWND dialog =
+        CreateDialogParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_frmSearchChoose), owner,
+                           ChooserProcedure, 0);
+    if (!dialog) return std::nullopt;
+    FillLocationList(rows, images);
+    win::PresentDialog(dialog, IDI_PROGRAM);
+    win::RunModal(dialog);
+    win::PumpPendingMessages();
+    return chooser.selectedRow;
+}
+
+void CloseLocationChooser() {
+    if (chooser.window) Command2_Click();
+}
+
+}  // namespace search

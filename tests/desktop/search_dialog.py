@@ -1,0 +1,163 @@
+"""The station search as a person uses it, and its feed."""
+
+import pathlib
+import re
+import subprocess
+import sys
+from urllib.parse import urlsplit
+
+import harness
+from harness import click, find_windows, wait_until
+from loopback import Server, answer
+
+sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "demo"))
+from server import HEAD, TAIL, answer as demo_answer, element  # noqa: E402
+
+SEARCH = "Station Search - Skyvane Alerts"
+CHOOSER = "Choose Location - Skyvane Alerts"
+OPTIONS = "Options - Skyvane Alerts"
+DIALOG = "#32770"
+# Where the template takes the feed.
+TEMPLATE = '<html><body>var feed = "[XML]"; again = "[XML]";</body></html>'
+
+
+def locations(*rows):
+    """The feed's document for locations given as lists of (name, value)."""
+    return (HEAD + "<aws:locations>" + "".join(element("location", row) for row in rows) + "</aws:locations>"
+            + TAIL).encode()
+
+
+def stations(count, **more):
+    return (HEAD + "".join(element("station", {
+        "id": f"S{n}", "name": f"Station {n}", "city": "Lawrence", "state": "KS", "zipcode": f"{10000 + n}",
+        "station-type": "WeatherBug", "latitude": f"{38 + n / 1000}", "longitude": "-95.5", **more}.items())
+        for n in range(count)) + TAIL).encode()
+
+
+class SearchFeed:
+    """The demonstration feed, but for the requests that `answers` holds another answer for: by a part
+    of the address."""
+
+    def __init__(self):
+        self.answers = {}
+        self.server = Server(self.find_answer)
+        self.address = self.server.url("/")
+
+    def find_answer(self, head):
+        target = head.split(" ")[1]
+        for part, reply in self.answers.items():
+            if part in target:
+                return reply if callable(reply) else answer(200, reply)
+        document = demo_answer(target)
+        return answer(200, document.encode()) if document else answer(404)
+
+    def searches(self):
+        """What was asked of the feed behind the partner, in order."""
+        return [urlsplit(target).query.partition("&")[2] for target in self.server.targets()]
+
+    def close(self):
+        self.server.close()
+
+
+def window_with_keyboard():
+    return subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], stdout=subprocess.PIPE,
+                          stderr=subprocess.DEVNULL).stdout.decode().strip()
+
+
+def type_text(text):
+    subprocess.run(["xdotool", "type", "--delay", "15", text], check=True)
+
+
+def press(key):
+    subprocess.run(["xdotool", "key", key], check=True)
+
+
+class Dialog:
+    """A window of the program by its title."""
+
+    def __init__(self, title):
+        self.title = title
+        wait_until(self.window, title)
+
+    def window(self):
+        found = find_windows(DIALOG, self.title)
+        return found[0] if found else None
+
+    def is_open(self):
+        return bool(self.window())
+
+    def wait_until_closed(self):
+        wait_until(lambda: not self.is_open(), f"{self.title} closes")
+
+    def control(self, text=None, class_name=None):
+        return next(child for child in self.window().children
+                    if (text is None or child.text.replace("&", "") == text)
+                    and (class_name is None or child.class_name == class_name))
+
+    def click(self, text, **more):
+        click(*self.control(text).center(), **more)
+
+    def click_row(self, row, times=1):
+        """Rows are counted from 0; the list must show them without scrolling."""
+        place = self.control(class_name="SysListView32")
+        click(place.left + 60, place.top + 26 + 17 * row, times=times)
+
+    def rows(self):
+        """What the list shows: (icon, text, ...) of each row."""
+        return [tuple(fields[1:]) for fields in harness.probe("rows", self.title)]
+
+    def selected(self):
+        return [n for n, fields in enumerate(harness.probe("rows", self.title)) if fields[0]]
+
+    def take_keyboard(self):
+        """The virtual screen's window manager does not always give it to the window in front: a click
+        beside the controls does, and leaves the focus in the dialog where it is."""
+        def ask():
+            if window_with_keyboard() == self.title:
+                return True
+            window = self.window()
+            click(window.left + 8, window.bottom - 8)
+            return False
+        wait_until(ask, f"{self.title} has the keyboard")
+
+    def press(self, *keys):
+        self.take_keyboard()
+        for key in keys:
+            press(key)
+
+    def close_by_box(self):
+        self.press("alt+F4")  # the window manager's, which asks the window as its close box does
+
+
+class Search(Dialog):
+    def __init__(self):
+        super().__init__(SEARCH)
+
+    def status(self):
+        texts = [child.text for child in self.window().children if child.class_name == "Static"]
+        return next(text for text in texts if re.match("Ready|Searching|Server|[0-9]+ weather", text))
+
+    def wait_for(self, status):
+        wait_until(lambda: self.status() == status, f"the status {status!r}")
+
+    def start(self, text):
+        """Types the text and presses Enter."""
+        wait_until(lambda: self.control("Search").enabled, "the controls are on")
+        self.take_keyboard()
+        click(*self.control(class_name="Edit").center(), times=2)
+        type_text(text)
+        wait_until(lambda: self.control(class_name="Edit").text == text, f"{text!r} in the box")
+        press("Return")
+
+    def search(self, text, status):
+        self.start(text)
+        self.wait_for(status)
+        wait_until(lambda: self.control("Search").enabled, "the controls are on")
+
+
+def open_search(program):
+    """Opens the dialog from the Stations page of the Options."""
+    program.click_icon()
+    options = Dialog(OPTIONS)
+    options.click("Add Station...")
+    return Search()

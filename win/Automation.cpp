@@ -1,0 +1,110 @@
+#include "win/Automation.h"
+
+#include <utility>
+
+#include "win/Com.h"
+#include "win/Text.h"
+
+namespace win {
+namespace {
+
+std::optional<DISPID> MemberOf(const Automation& object, const char* name) {
+    if (!object) return std::nullopt;
+    std::wstring wide = ToWide(name);
+    LPOLESTR text = wide.data();
+    DISPID member = 0;
+    if (FAILED(object->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &member)))
+        return std::nullopt;
+    return member;
+}
+
+std::optional<Variant> Invoke(const Automation& object, std::optional<DISPID> member, WORD kind,
+                              Variant* argument) {
+    if (!object || !member) return std::nullopt;
+    DISPID putMember = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{};
+    if (argument) {
+        parameters.rgvarg = argument->Get();
+        parameters.cArgs = 1;
+    }
+    const bool isPut = kind == DISPATCH_PROPERTYPUT;
+    if (isPut) {
+        parameters.rgdispidNamedArgs = &putMember;
+        parameters.cNamedArgs = 1;
+    }
+    std::optional<Variant> result(std::in_place);
+    if (FAILED(object->Invoke(*member, IID_NULL, LOCALE_USER_DEFAULT, kind, &parameters,
+                              isPut ? nullptr : result->Get(), nullptr, nullptr)))
+        return std::nullopt;
+    return result;
+}
+
+}  // namespace
+
+Variant::Variant(std::string_view text) {
+    const std::wstring wide = ToWide(text);
+    VariantInit(&value_);
+    V_VT(&value_) = VT_BSTR;
+    V_BSTR(&value_) = SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
+}
+
+Variant::Variant(bool truth) {
+    VariantInit(&value_);
+    V_VT(&value_) = VT_BOOL;
+    V_BOOL(&value_) = truth ? VARIANT_TRUE : VARIANT_FALSE;
+}
+
+std::string Variant::Text() const {
+    Variant text;
+    if (FAILED(VariantChangeType(text.Get(), const_cast<VARIANT*>(&value_), 0, VT_BSTR)) ||
+        !V_BSTR(text.Get()))
+        return {};
+    return FromWide({V_BSTR(text.Get()), SysStringLen(V_BSTR(text.Get()))});
+}
+
+bool Variant::IsTrue() const {
+    Variant truth;
+    return SUCCEEDED(VariantChangeType(truth.Get(), const_cast<VARIANT*>(&value_), 0, VT_BOOL)) &&
+           V_BOOL(truth.Get()) != VARIANT_FALSE;
+}
+
+Automation Variant::Object() const {
+    Variant object;
+    if (FAILED(VariantChangeType(object.Get(), const_cast<VARIANT*>(&value_), 0, VT_DISPATCH)))
+        return nullptr;
+    return V_DISPATCH(object.Get());
+}
+
+std::optional<Variant> GetProperty(const Automation& object, const char* name) {
+    return Invoke(object, MemberOf(object, name), DISPATCH_PROPERTYGET, nullptr);
+}
+
+std::optional<Variant> GetProperty(const Automation& object, const char* name, Variant argument) {
+    return Invoke(object, MemberOf(object, name), DISPATCH_PROPERTYGET | DISPATCH_METHOD,
+                  &argument);
+}
+
+Automation GetObjectProperty(const Automation& object, const char* name) {
+    const auto value = GetProperty(object, name);
+    return value ? value->Object() : nullptr;
+}
+
+Automation GetItem(const Automation& object, const char* collection, std::string_view key) {
+    if (const auto item = GetProperty(object, collection, Variant(key)))
+        if (Automation found = item->Object()) return found;
+    const Automation items = GetObjectProperty(object, collection);
+    Variant argument(key);
+    const auto item =
+        Invoke(items, DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, &argument);
+    return item ? item->Object() : nullptr;
+}
+
+bool PutProperty(const Automation& object, const char* name, Variant value) {
+    return Invoke(object, MemberOf(object, name), DISPATCH_PROPERTYPUT, &value).has_value();
+}
+
+bool CallMethod(const Automation& object, const char* name, Variant argument) {
+    return Invoke(object, MemberOf(object, name), DISPATCH_METHOD, &argument).has_value();
+}
+
+}  // namespace win

@@ -1,0 +1,81 @@
+#include "win/ListView.h"
+
+#include <commctrl.h>
+
+namespace win {
+namespace {
+
+int CountColumns(HWND list) {
+    const auto header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+    return static_cast<int>(SendMessageA(header, HDM_GETITEMCOUNT, 0, 0));
+}
+
+}  // namespace
+
+void AddListColumn(HWND list, const char* header, int width) {
+    LVCOLUMNA column{};
+    column.mask = LVCF_TEXT | LVCF_SUBITEM | LVCF_WIDTH;
+    column.cx = width;
+    column.pszText = const_cast<char*>(header);
+    column.iSubItem = CountColumns(list);
+    SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(column.iSubItem),
+                 reinterpret_cast<LPARAM>(&column));
+}
+
+void AddListRow(HWND list, int icon, std::initializer_list<std::string> texts) {
+    LVITEMA item{};
+    item.iItem = CountListRows(list);
+    item.iImage = icon;
+    for (const std::string& text : texts) {
+        item.pszText = const_cast<char*>(text.c_str());
+        if (item.iSubItem == 0) {
+            item.mask = LVIF_TEXT | LVIF_IMAGE;
+            SendMessageA(list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+        } else {
+            SendMessageA(list, LVM_SETITEMTEXTA, static_cast<WPARAM>(item.iItem),
+                         reinterpret_cast<LPARAM>(&item));
+        }
+        ++item.iSubItem;
+    }
+}
+
+void ClearList(HWND list) {
+    SendMessageA(list, LVM_DELETEALLITEMS, 0, 0);
+}
+
+int CountListRows(HWND list) {
+    return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
+}
+
+int SelectedListRow(HWND list) {
+    return static_cast<int>(
+        SendMessageA(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+}
+
+void SelectListRow(HWND list, int row) {
+    LVITEMA item{};
+    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    item.state = LVIS_SELECTED | LVIS_FOCUSED;
+    SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    SendMessageA(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+}
+
+void ResizeListViewColumns(HWND list) {
+    const auto sizeToFit = [&](int column) {
+        SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column),
+                     LVSCW_AUTOSIZE_USEHEADER);
+        return static_cast<int>(
+            SendMessageA(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
+    };
+    const int count = CountColumns(list);
+    // The last column gets the room that is left, even where that is less than it needs: what it
+    // needs shows while it is not the last.
+    AddListColumn(list, "", 0);
+    int needed = 0;
+    for (int i = 0; i < count; ++i) needed = sizeToFit(i);
+    SendMessageA(list, LVM_DELETECOLUMN, static_cast<WPARAM>(count), 0);
+    if (count > 0 && sizeToFit(count - 1) < needed)
+        SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(count - 1), needed);
+}
+
+}  // namespace win
