@@ -197,10 +197,9 @@ def test_installed_used_renewed_removed(run_setup, at, feed, app_data_folder, fo
     settings = program.store.sections()
     stations = (data_folder / "CityCode.cmb").read_bytes()
 
-    # An older copy runs: a file is missing and another one is of that time.
-    shutil.rmtree(place / "Sounds")
-    (place / "Help.html").write_text("older")
-    (data_folder / "Sounds" / "Bell.wav").write_bytes(b"older")
+    # An older copy runs, and the user's sounds are of that time.
+    for file in (place / "Help.html", place / "Sounds" / "Bell.wav", data_folder / "Sounds" / "Bell.wav"):
+        file.write_text("older")
     feed.serve("66044", TORNADO, FLOOD)
     install(run_setup)
     assert program.wait_for_end() == 0
