@@ -44,6 +44,8 @@ def package(tmp_path_factory):
 def run_setup(package, tmp_path):
     """run_setup(switches...): starts the installer; whatever a test has installed is removed after it."""
     setup = shutil.copy(only(package, "-setup.exe"), tmp_path)
+    subprocess.run(["wine", "reg", "delete", RUN_KEY, "/v", "SkyvaneAlerts", "/f"], stdout=subprocess.DEVNULL,
+                   stderr=subprocess.DEVNULL)
 
     def run(*switches, **options):
         # The switches' blanks part arguments here, so that /D= stands without quotes.
@@ -136,7 +138,7 @@ def at(make_program):
     opened = []
 
     def open_program(folder, registry=True):
-        opened.append(Program(folder, registry))
+        opened.append(Program(folder.resolve(), registry))
         return opened[-1]
 
     yield open_program
