@@ -44,6 +44,8 @@ def package(tmp_path_factory):
 def run_setup(package, tmp_path):
     """run_setup(switches...): starts the installer; whatever a test has installed is removed after it."""
     setup = shutil.copy(only(package, "-setup.exe"), tmp_path)
+    subprocess.run(["wine", "reg", "delete", RUN_KEY, "/v", "SkyvaneAlerts", "/f"], stdout=subprocess.DEVNULL,
+                   stderr=subprocess.DEVNULL)
 
     def run(*switches, **options):
         # The switches' blanks part arguments here, so that /D= stands without quotes.
@@ -136,7 +138,7 @@ def at(make_program):
     opened = []
 
     def open_program(folder, registry=True):
-        opened.append(Program(folder, registry))
+        opened.append(Program(folder.resolve(), registry))
         return opened[-1]
 
     yield open_program
@@ -197,10 +199,9 @@ def test_installed_used_renewed_removed(run_setup, at, feed, app_data_folder, fo
     settings = program.store.sections()
     stations = (data_folder / "CityCode.cmb").read_bytes()
 
-    # An older copy runs: a file is missing and another one is of that time.
-    shutil.rmtree(place / "Sounds")
-    (place / "Help.html").write_text("older")
-    (data_folder / "Sounds" / "Bell.wav").write_bytes(b"older")
+    # An older copy runs, and the user's sounds are of that time.
+    for file in (place / "Help.html", place / "Sounds" / "Bell.wav", data_folder / "Sounds" / "Bell.wav"):
+        file.write_text("older")
     feed.serve("66044", TORNADO, FLOOD)
     install(run_setup)
     assert program.wait_for_end() == 0
