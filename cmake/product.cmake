@@ -7,15 +7,6 @@ add_library(program STATIC ${windowsFiles})
 target_link_libraries(program PUBLIC rules
   comctl32 comdlg32 ole32 oleaut32 shell32 winmm advapi32 user32 gdi32 uxtheme uuid)
 
-# The resource compiler does not tell what a resource script includes.
-file(GLOB resourceParts CONFIGURE_DEPENDS
-  assets/*.manifest assets/icons/*.ico assets/icons/*.bmp settings/Version.h)
-foreach(room ${rooms})
-  file(GLOB roomParts CONFIGURE_DEPENDS ${room}/*.rc ${room}/resource.h)
-  list(APPEND resourceParts ${roomParts})
-endforeach()
-set_source_files_properties(app/SVAlerts.rc PROPERTIES OBJECT_DEPENDS "${resourceParts}")
-
 add_executable(SVAlerts WIN32 ${appFiles} app/SVAlerts.rc win/Terminate.cpp)
 include(cmake/delayed.cmake)
 delay_load(SVAlerts comctl32 ImageList_Create@20 ImageList_Destroy@4 ImageList_ReplaceIcon@12

@@ -104,7 +104,7 @@ bool MapBrowser::TakeKey(const MSG& message) const {
     // Tab and Esc are the dialog's; the rest is not, or the arrows would leave the map.
     if (message.wParam == VK_TAB || message.wParam == VK_ESCAPE) return false;
     TranslateMessage(&message);
-    DispatchMessageA(&message);
+    DispatchMessageW(&message);
     return true;
 }
 
