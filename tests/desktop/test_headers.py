@@ -13,8 +13,8 @@ GUI, I386, PE32 = 2, 0x14C, 0x10B
 IMPORTS, BASE_RELOCATIONS, DEBUG = 1, 5, 6
 
 # Part of every Windows since 7.
-LIBRARIES = {"advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll",
-             "ole32.dll", "oleaut32.dll", "shell32.dll", "user32.dll", "uxtheme.dll", "winhttp.dll", "winmm.dll"}
+LIBRARIES = {"advapi32.dll", "atl.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll",
+             "msvcrt.dll", "ole32.dll", "oleaut32.dll", "shell32.dll", "user32.dll", "uxtheme.dll", "winhttp.dll", "winmm.dll"}
 
 
 class Image:
