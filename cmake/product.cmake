@@ -22,7 +22,8 @@ target_link_libraries(SVAlerts PRIVATE program)
 add_library(fetch STATIC ${downloaderFiles})
 target_link_libraries(fetch PUBLIC rules program winhttp)
 
-add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc win/Terminate.cpp)
+add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc downloader/LeanLibrary.cpp
+  win/Terminate.cpp)
 target_link_libraries(dl PRIVATE fetch)
 
 # Nobody else knows what the resource scripts take in.
@@ -49,3 +50,4 @@ add_custom_target(productFiles ALL
 
 include(${CMAKE_SOURCE_DIR}/cmake/mapPage.cmake)
 add_dependencies(productFiles mapPage)
+include(${CMAKE_SOURCE_DIR}/cmake/places.cmake)

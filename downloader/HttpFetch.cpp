@@ -219,14 +219,15 @@ Reply HttpGet(const std::string& url, const std::string& accept) {
         reply.status = RequestAddress(address, accept, exchange);
         if (reply.status == HTTP_STATUS_OK) {
             reply.status = ReadBody(exchange, reply.body);
+            reply.cacheControl = Header(exchange.request.Get(), WINHTTP_QUERY_CACHE_CONTROL);
             return reply;
         }
         const std::string location = Header(exchange.request.Get(), WINHTTP_QUERY_LOCATION);
         if (!IsRedirect(reply.status) || location.empty()) return reply;
-        if (redirects == kRedirectLimit) return {kTooManyRedirects, {}};
+        if (redirects == kRedirectLimit) return {kTooManyRedirects, {}, {}};
         const std::string next = ResolveLocation(address.url, location);
         if (const int refusal = CheckRedirect(address.url, next); refusal != kSuccess)
-            return {refusal, {}};
+            return {refusal, {}, {}};
         current = next;
     }
 }

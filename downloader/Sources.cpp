@@ -1,6 +1,7 @@
 #include "downloader/Sources.h"
 
 #include "downloader/HttpFetch.h"
+#include "downloader/Nws.h"
 #include "downloader/StatusCodes.h"
 #include "downloader/UrlRules.h"
 
@@ -20,6 +21,8 @@ Reply FetchPage(const std::string& url) {
 constexpr Source kSources[] = {
     {"http", FetchPage},
     {"https", FetchPage},
+    {"nws", FetchFromNws},
+    {"nws+http", FetchFromNws},
 };
 
 }  // namespace
@@ -28,7 +31,7 @@ Reply FetchFrom(const std::string& url) {
     const std::string scheme = SchemeOf(url);
     for (const Source& source : kSources)
         if (scheme == source.scheme) return source.fetch(url);
-    return {kUnknownScheme, {}};
+    return {kUnknownScheme, {}, {}};
 }
 
 }  // namespace downloader

@@ -10,6 +10,7 @@ inline constexpr std::size_t kBodyLimit = 16u * 1024 * 1024;
 struct Reply {
     int status = 0;
     std::string body;
+    std::string cacheControl;  // the header; empty where there was none
 };
 
 // Fetches the URL from the source of its scheme; kUnknownScheme when there is none.

@@ -32,6 +32,16 @@ inline constexpr int kTooManyRedirects = 1010;
 inline constexpr int kForeignRedirect = 1011;
 // The downloader itself failed: memory ran out, or it crashed.
 inline constexpr int kInternalError = 1012;
+// The place lies outside the United States, where the live source knows nothing.
+inline constexpr int kOutsideUnitedStates = 1013;
+// The live source does not know the ZIP code.
+inline constexpr int kUnknownZipCode = 1014;
+// What the live source got is not the answer it asked for: an error page, or a part of an answer.
+inline constexpr int kUnusableAnswer = 1015;
+// The live source's gazetteer, places.dat beside the program, is missing or damaged.
+inline constexpr int kNoGazetteer = 1016;
+// The live source was not asked for alerts, locations or stations, or not at an allowed host.
+inline constexpr int kUnknownRequest = 1017;
 
 // Added to a Windows error number outside WinHTTP's range.
 inline constexpr int kWindowsErrorBase = 100000;

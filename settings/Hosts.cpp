@@ -12,7 +12,7 @@ std::string Host(const char* key, const char* whenEmpty) {
 }  // namespace
 
 std::string FeedHost() {
-    return Host("Feed", "https://feed.quillmark.example/");
+    return Host("Feed", "nws://api.weather.gov/");
 }
 
 std::string WeatherHost() {

@@ -1,0 +1,207 @@
+"""The live source: dl.exe and the whole program against a Weather Service that replays recorded answers."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import xml.etree.ElementTree
+
+import pytest
+
+from downloader_run import Downloader, assert_failed
+from harness import wait_until
+from loopback import answer
+from weather_service import YEAR, WeatherService, alert, collection, moment, recorded, vtec
+
+LAWRENCE = ("Lawrence, Kansas (Airport)", "66044")
+TORNADO = f"KTOP.TO.W.0045.{YEAR}"
+BLOCK_PAGE = answer(200, b"<HTML><BODY>Access Denied Reference #18.2d351ab8</BODY></HTML>")
+
+
+@pytest.fixture
+def service(temp_folder):
+    for file in temp_folder.glob("SkyvaneAlerts.*.cache"):
+        file.unlink()
+    made = WeatherService()
+    yield made
+    made.close()
+
+
+@pytest.fixture
+def downloader(tmp_path):
+    made = Downloader(tmp_path)
+    shutil.copy(pathlib.Path(os.environ["PRODUCT_DIR"]) / "places.dat", made.folder)
+    return made
+
+
+@pytest.fixture
+def start(make_watcher, service):
+    """start(*features): the program with its settings in the registry, after its first cycle."""
+
+    def start_watching(*features):
+        service.alerts = collection(*features)
+        program = make_watcher(LAWRENCE, registry=True, options={
+            "RetrieveAlertsOnStartup": "True", "DisplayTrayAlert": "True"})
+        program.store.write({"Hosts": {"Feed": service.feed}})
+        program.start()
+        wait_until(program.last_updated, "the first cycle's end", 60)
+        return program
+
+    return start_watching
+
+
+def attributes(outcome, name):
+    assert outcome.status == "0"
+    tree = xml.etree.ElementTree.fromstring(outcome.data)
+    return [element.attrib for element in tree.iter("{http://www.aws.com/aws}" + name)]
+
+
+def seen(program):
+    return (program.store.read("Misc", "OldAlerts") or "").split("¦")
+
+
+def stored(program):
+    """(identifier, title) of the alerts stored, once a cycle has ended."""
+    return [found[:2] for found in program.store.alerts() if found]
+
+
+def test_locations_and_stations(service, downloader):
+    locations = attributes(downloader.fetch(service.request + "RequestType=501&SearchString=Springfield,%20il"),
+                           "location")
+    assert locations == [{"cityname": "Springfield", "countryname": "USA", "statename": "Illinois",
+                          "zipcode": "62701", "citytype": "0"}]
+    for text, count in (("san", 50), ("São Paulo", 0), ("MAYAGUEZ", 1), ("st.%20louis%20missouri", 1)):
+        found = attributes(downloader.fetch(service.request + f"RequestType=501&SearchString={text}"), "location")
+        assert len(found) == count, text
+    assert service.targets() == []
+
+    stations = attributes(downloader.fetch(service.request + "requesttype=1&zipcode=66204"), "station")
+    assert service.targets() == ["/points/38.9904,-94.6782", "/points/40.7128,-74.006",
+                                 "/gridpoints/OKX/33,35/stations"]
+    assert len(stations) == 25
+    assert all(station["zipcode"] == "66204" and all(station.values()) for station in stations)
+    head = service.server.heads[0]
+    assert "\r\nAccept: application/geo+json\r\n" in head
+    assert "\r\nUser-Agent: SkyvaneAlerts/1.0.2 (+https://www.quillmark.example)\r\n" in head
+    # A second one within a day asks nobody.
+    again = attributes(downloader.fetch(service.request + "requesttype=1&zipcode=66204"), "station")
+    assert again == stations and len(service.targets()) == 3
+
+
+@pytest.mark.parametrize("query, status", [
+    ("requesttype=1&zipcode=96799", 1013),  # the service answers that it knows no such point
+    ("requesttype=1&CityCode=59105", 1013),
+    ("requesttype=6&ZipCode=059105", 1013),
+    ("requesttype=6&ZipCode=00000", 1014),
+    ("requesttype=7", 1017),
+])
+def test_places_it_cannot_answer_for(service, downloader, query, status):
+    assert_failed(downloader.fetch(service.request + query), status)
+
+
+@pytest.mark.parametrize("reply, status, requests", [
+    (answer(503, b"<html>"), 503, 2),
+    (BLOCK_PAGE, 1015, 2),
+    (answer(403, b"<html>Reference #18"), 403, 2),
+    (answer(200, collection(alert("a", "Hail"))[:-2]), 1015, 1),
+    (answer(200, collection(alert("a", "Hail")), "Content-Length: 9999"), 1007, 1),
+    (answer(200, recorded("problem-outside-us.json"), "Content-Type: application/problem+json"), 1015, 1),
+    (answer(400, recorded("problem-outside-us.json"), "Content-Type: application/problem+json"), 400, 1),
+])
+def test_a_failure_is_never_an_empty_list(service, downloader, reply, status, requests):
+    service.replies = [reply] * 3
+    assert_failed(downloader.fetch(service.request + "requesttype=6&ZipCode=66044"), status)
+    assert len(service.targets()) == requests
+
+
+def test_answers_are_kept_as_long_as_the_service_says(service, downloader):
+    request = service.request + "requesttype=6&ZipCode=66044"
+    for max_age, requests in ((0, 1), (30, 2), (30, 2), (0, 2)):
+        service.max_age = max_age
+        assert downloader.fetch(request).status == "0"
+        assert len(service.targets()) == requests, max_age
+    service.replies = [answer(503)]
+    assert downloader.fetch(service.request + "requesttype=6&ZipCode=10001").status == "0"
+    assert len(service.targets()) == 4
+
+
+def test_copies_at_once(service, downloader):
+    service.max_age = 30
+    files = [downloader.folder / f"{n}.txt" for n in range(8)]
+    running = []
+    for file in files:
+        downloader.status_file = file
+        downloader.data_file = file.with_suffix(".xml")
+        running.append(subprocess.Popen(
+            downloader.command(downloader.argument(service.request + "requesttype=6&ZipCode=66044")),
+            env=downloader.environment))
+    assert [process.wait(60) for process in running] == [0] * 8
+    assert {file.with_suffix(".xml").read_bytes() for file in files} == {files[0].with_suffix(".xml").read_bytes()}
+
+
+def test_without_the_gazetteer(service, downloader):
+    (downloader.folder / "places.dat").write_bytes(b"SVPLACE1")
+    assert_failed(downloader.fetch(service.request + "RequestType=501&SearchString=Lawrence"), 1016)
+
+
+def test_an_event_through_its_messages(service, start):
+    made = alert("urn:1", "Tornado Warning", vtec=vtec("NEW", "KTOP.TO.W.0045"))
+    program = start(made)
+    program.wait_for_picture("new alerts")
+    wait_until(program.balloons, "the balloon")
+    assert stored(program) == [(TORNADO, "Tornado Warning")]
+
+    steps = [
+        ("an update, not new", [alert("urn:2", "Tornado Warning", headline="Renewed",
+                                      vtec=vtec("CON", "KTOP.TO.W.0045"))], [TORNADO], [TORNADO]),
+        ("another event, new", [alert("urn:3", "Tornado Emergency", vtec=vtec("NEW", "KTOP.TO.W.0046"))],
+         [f"KTOP.TO.W.0046.{YEAR}"], [TORNADO, f"KTOP.TO.W.0046.{YEAR}"]),
+        ("cancelled, quiet", [alert("urn:4", "Tornado Emergency", messageType="Cancel", urgency="Past",
+                                    response="AllClear", vtec=vtec("CAN", "KTOP.TO.W.0046"))],
+         [], [TORNADO, f"KTOP.TO.W.0046.{YEAR}"]),
+    ]
+    for what, features, identifiers, all_seen in steps:
+        service.alerts = collection(*features)
+        asked = len(service.targets())
+        program.tick(5)
+        wait_until(lambda: len(service.targets()) > asked, f"{what}: the question")
+        wait_until(lambda: [found[0] for found in stored(program)] == identifiers, what)
+        wait_until(lambda: seen(program) == all_seen, what)
+        assert program.answers()
+
+
+def test_a_block_page_leaves_what_is_known(service, start):
+    program = start(alert("urn:1", "Tornado Warning", vtec=vtec("NEW", "KTOP.TO.W.0045")))
+    before = program.last_updated()
+    service.replies = [BLOCK_PAGE, BLOCK_PAGE]
+    program.tick(5)
+    wait_until(lambda: len(service.targets()) == 3, "the second try", 30)
+    wait_until(lambda: not program.downloaders(), "the end of the download")
+    assert program.answers()
+    assert (program.last_updated(), seen(program)) == (before, [TORNADO])
+    program.tick(5)
+    wait_until(lambda: stored(program) == [(TORNADO, "Tornado Warning")], "the alert comes back")
+    assert seen(program) == [TORNADO]
+
+
+def test_alerts_of_every_kind(start):
+    marked = "<b>&amp;\"it's\"</b> \U0001F32A \u0007."
+    copy = alert("urn:3", "Flood Watch", severity="Moderate")
+    program = start(
+        alert("urn:1", "Test Message", status="Test"), alert("urn:2", marked, headline=None, description=marked),
+        copy, copy, copy,
+        alert("urn:4", "Heat Advisory", severity="Minor", expires=moment(-1), ends=moment(9)),
+        alert("urn:5", "Frost Advisory", expires=moment(-1)),
+        {**alert("urn:6", "Tsunami Warning", severity="Extreme"),
+         "geometry": {"type": "Polygon", "coordinates": [[[1, 2], [3, 4], [1, 2]]]}})
+    found = program.store.alerts()
+    assert [title for _, title, _, _ in found] == ["Tsunami Warning", marked.replace("\u0007", " "), "Flood Watch",
+                                                   "Heat Advisory"]
+    assert "<b>&amp;\"it's\"</b> \U0001F32A ." in found[1][3]
+    assert len(seen(program)) == 4
+
+
+def test_529_alerts_in_one_answer(service, start):
+    program = start(*(alert(f"urn:{n}", "Flood Watch", description="Water. " * 450) for n in range(529)))
+    assert len(stored(program)) == 529
+    assert program.answers()

@@ -1,0 +1,70 @@
+"""The US National Weather Service on loopback: it replays recorded answers and tells the alerts that a
+test makes."""
+
+import datetime
+import json
+import pathlib
+
+from loopback import Server, answer, redirect
+
+RECORDED = pathlib.Path(__file__).resolve().parent.parent / "downloader" / "recorded"
+NOW = datetime.datetime.now(datetime.timezone.utc).replace(microsecond=0)
+YEAR = NOW.strftime("%y")
+
+
+def recorded(name):
+    return (RECORDED / name).read_bytes()
+
+
+def moment(hours):
+    return (NOW + datetime.timedelta(hours=hours)).isoformat()
+
+
+def vtec(action, event):
+    return [f"/O.{action}.{event}.000000T0000Z-{NOW:%y}1231T2100Z/"]
+
+
+def alert(identifier, event, **more):
+    """A feature as the service writes it, in force for an hour from now."""
+    codes = more.pop("vtec", None)
+    return {"type": "Feature", "geometry": None, "properties": {
+        "id": identifier, "areaDesc": "Douglas, KS", "references": [], "sent": moment(-0.1),
+        "expires": moment(1), "ends": None, "status": "Actual", "messageType": "Alert", "severity": "Severe",
+        "certainty": "Likely", "urgency": "Immediate", "event": event, "headline": f"{event} headline",
+        "description": "Text.", "instruction": None, "response": "Shelter",
+        "parameters": {"VTEC": codes} if codes else {}, **more}}
+
+
+def collection(*features):
+    return json.dumps({"type": "FeatureCollection", "features": features, "title": "Current"}).encode()
+
+
+class WeatherService:
+    def __init__(self):
+        self.max_age = 0
+        self.alerts = collection()
+        self.replies = []  # whole answers that come first, one for each request
+        self.server = Server(self.find_answer)
+        self.feed = f"nws+http://127.0.0.1:{self.server.port}/"
+        self.request = self.feed + "GetXml.aspx?partnerid=7e3a90d4&"
+
+    def find_answer(self, head):
+        target = head.split(" ")[1]
+        if self.replies:
+            return self.replies.pop(0)
+        if target.startswith("/points/38.9"):  # as for a coordinate that is written in another way
+            return redirect("/points/40.7128,-74.006", 301)
+        if target.startswith("/points/-14"):
+            return answer(404, recorded("problem-outside-us.json"), "Content-Type: application/problem+json")
+        body = (recorded("point-nyc.json") if target.startswith("/points/") else
+                recorded("stations-nyc-41.json") if target == "/gridpoints/OKX/33,35/stations" else
+                self.alerts if target.startswith("/alerts/active?status=actual&point=") else None)
+        if body is None:
+            return answer(404, b"{}")
+        return answer(200, body, f"Cache-Control: public, max-age={self.max_age}")
+
+    def targets(self):
+        return self.server.targets()
+
+    def close(self):
+        self.server.close()
