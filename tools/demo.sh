@@ -64,6 +64,19 @@ if [ "${1:-}" != --live ]; then
 fi
 write_settings "$feed"
 
+# Asks the live feed once, as the program will; within seconds it answers from what is kept.
+can_reach_live_feed() {
+    local folder=$demo/program
+    (cd "$folder" && wine dl.exe "nws://api.weather.gov/GetXml.aspx?partnerid=7e3a90d4&requesttype=6&ZipCode=66044|live.xml|live.txt") || true
+    status=$(cat "$folder/live.txt" 2>/dev/null) || true
+    rm -f "$folder/live.xml" "$folder/live.txt"
+    [ "$status" = 0 ]
+}
+if [ -z "$feed" ] && ! can_reach_live_feed; then
+    echo "The live feed at https://api.weather.gov could not be reached: status ${status:-missing} (README, \"The downloader's codes\")." >&2
+    exit 1
+fi
+
 wine "$demo/program/SVAlerts.exe" -i >"$demo/program.log" 2>&1 &
 program=$!
 wait_until 90 has_retrieved || {
