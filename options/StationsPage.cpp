@@ -54,7 +54,7 @@ void ChangeLines(HWND page, std::size_t selected) {
 
 void Command6_Click(HWND page) {
     const auto line = search::ShowSearchDialog(GetParent(page), Combo1(page).window);
-    if (!line) return;
+    if (!line || !IsWindow(page)) return;
     // Marked changed even when the line is there already.
     if (std::find(lines.begin(), lines.end(), *line) == lines.end()) lines.push_back(*line);
     ChangeLines(page, Selected(page));

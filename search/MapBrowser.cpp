@@ -52,6 +52,8 @@ bool MapBrowser::Create(HWND parent, int control) {
     if (!browser_ && window_) DestroyWindow(std::exchange(window_, nullptr));
     // The page's faults are no boxes to click away.
     win::PutProperty(browser_, "Silent", win::Variant(true));
+    // Nor does what is dropped on the map lead away from it.
+    win::PutProperty(browser_, "RegisterAsDropTarget", win::Variant(false));
     return static_cast<bool>(browser_);
 }
 

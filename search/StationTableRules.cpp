@@ -101,10 +101,16 @@ std::optional<std::string> StationLineOf(const StationTable& table, std::size_t 
     for (const auto* column : {&table.identifiers, &table.names, &table.locations, &table.codes,
                                &table.latitudes, &table.longitudes})
         if (index >= column->size()) return std::nullopt;
-    return stations::MakeStationLine(
+    std::string line = stations::MakeStationLine(
         table.locations[index] + " (" + table.names[index] + ")",
         stations::MakeHiddenText(table.identifiers[index], table.codes[index],
                                  table.latitudes[index], table.longitudes[index]));
+    // It must stay one line of the station file, and its code a fit part of a command line.
+    constexpr std::size_t longestLine = 4000;
+    if (line.size() > longestLine) return std::nullopt;
+    for (char& c : line)
+        if (static_cast<unsigned char>(c) < ' ') c = ' ';
+    return line;
 }
 
 }  // namespace search

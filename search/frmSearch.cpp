@@ -10,7 +10,6 @@
 #include "win/Dialog.h"
 #include "win/ListView.h"
 #include "win/Messages.h"
-#include "win/modTimeout.h"
 
 namespace search {
 namespace {
@@ -84,6 +83,9 @@ void TakeListNote(const NMHDR& note) {
         case static_cast<UINT>(NM_SETFOCUS):
             SendMessageA(Form().window, DM_SETDEFID, frmSearch_Command3, 0);
             return;
+        case static_cast<UINT>(NM_CLICK):  // also on the row that is selected already
+            if (reinterpret_cast<const NMITEMACTIVATE&>(note).iItem >= 0) CenterMap();
+            return;
         case static_cast<UINT>(NM_DBLCLK):
             return Command3_Click();
         case static_cast<UINT>(LVN_ITEMCHANGED): {
@@ -151,7 +153,7 @@ bool TakeBrowserKey(const MSG& message) {
 void BringToFront(HWND window) {
     constexpr UINT inPlace = SWP_NOMOVE | SWP_NOSIZE;
     SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, inPlace);
-    win::WaitSeconds(0.000001);
+    win::PumpPendingMessages();
     SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, inPlace);
     SetForegroundWindow(window);
 }
@@ -194,8 +196,11 @@ void CloseForm() {
     CloseLocationChooser();
     if (Form().runsOnStack == 0)
         win::EndModal(Form().window);
-    else
+    else {
+        // As in EndModal, the owner first; it need not wait for what is still on the stack.
+        if (const HWND owner = GetWindow(Form().window, GW_OWNER)) EnableWindow(owner, TRUE);
         ShowWindow(Form().window, SW_HIDE);
+    }
 }
 
 std::optional<std::string> ShowSearchDialog(HWND owner, HWND stationCombo) {

@@ -18,6 +18,7 @@ class Variant {
     Variant() { VariantInit(&value_); }
     explicit Variant(std::string_view text);
     explicit Variant(bool truth);
+    explicit Variant(const char* text) = delete;  // would be taken for a truth value
     Variant(Variant&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
     Variant(const Variant&) = delete;
     Variant& operator=(const Variant&) = delete;

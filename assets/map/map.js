@@ -73,7 +73,7 @@ function selectDot(dot) {
     bindName(dot, true);
 }
 
-// What the program reads. The element is not there before the first click.
+// What the program reads. The element is not there before the program first centres the map.
 function tellClicked(text) {
     var element = document.getElementById("SVSelectedCity");
     if (!element) {
@@ -188,11 +188,9 @@ function setMapCenter(latitude, longitude) {
     if (dots.length > 0) {
         selectDot(findNearest(place));
     }
-    // The program looks only for a text other than the last: with a blank in between, a second
-    // click on the same station counts again.
-    if (document.getElementById("SVSelectedCity")) {
-        tellClicked(" ");
-    }
+    // The program looks only for a text other than the last, which it keeps from search to search:
+    // with a blank in between, a second click on the same station counts again.
+    tellClicked(" ");
 }
 
 function addControls() {

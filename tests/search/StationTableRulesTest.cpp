@@ -128,6 +128,10 @@ TEST(StationTableRules, MakesStationLines) {
     const std::string blanks(100, ' ');
     EXPECT_EQ(StationLineOf(table, 0), "C1, KS (N1)" + blanks + "1***02134***38.9***-95.2");
     EXPECT_FALSE(StationLineOf(table, 1));
+    table.names[0] = "N\nevil\r1";  // must stay one line of the station file
+    EXPECT_EQ(StationLineOf(table, 0), "C1, KS (N evil 1)" + blanks + "1***02134***38.9***-95.2");
+    table.names[0].assign(5000, 'x');
+    EXPECT_FALSE(StationLineOf(table, 0));
     table.longitudes.clear();
     EXPECT_FALSE(StationLineOf(table, 0));
 }
