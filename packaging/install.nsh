@@ -48,7 +48,9 @@ Section "${PRODUCT}"
   Call CloseRunning
   ; Taken away first: the program renews its copies of a folder that has changed since, and writing
   ; over files alone does not change a folder.
-  !insertmacro DeleteShipped "$INSTDIR"
+  ${If} ${FileExists} "$INSTDIR\${PROGRAM}"
+    !insertmacro DeleteShipped "$INSTDIR"
+  ${EndIf}
   !insertmacro InstallShipped
   WriteUninstaller "$INSTDIR\Uninstall.exe"
   CreateShortcut "$SMPROGRAMS\${PRODUCT}.lnk" "$INSTDIR\${PROGRAM}"
@@ -68,6 +70,18 @@ Section -StartAgain
     Call StartProgram
   ${EndIf}
 SectionEnd
+
+; A folder that other things lie in gets one of ours. One with our name may hold the settings that a copy
+; removed from it has left.
+Function LeaveFolderPage
+  ${DirState} "$INSTDIR" $0
+  ${GetFileName} "$INSTDIR" $1
+  ${If} $0 = 1  ; there, and not empty
+  ${AndIf} $1 != "${PRODUCT}"
+  ${AndIfNot} ${FileExists} "$INSTDIR\${PROGRAM}"
+    StrCpy $INSTDIR "$INSTDIR\${PRODUCT}"
+  ${EndIf}
+FunctionEnd
 
 Function ReadStartSwitch
   ${GetParameters} $0
