@@ -1,23 +1,29 @@
 ; What the installer does.
 
+Function RefuseWithoutRights
+  SetErrorLevel ${EXIT_NEEDS_ADMINISTRATOR}
+  Quit
+FunctionEnd
+
 Function .onInit
-  StrCpy $1 $INSTDIR  ; what /D= named
-  Push $1
+  StrCpy $NamedFolder $INSTDIR
   Call ChooseUsers
+  Call ReadStartSwitch
   ${If} $AllUsers = 1
-  ${AndIf} ${Silent}
     !insertmacro AskForRights
     ${If} $0 = 0
-      SetErrorLevel ${EXIT_NEEDS_ADMINISTRATOR}
-      Quit
+      ${If} ${Silent}
+        Call RefuseWithoutRights
+      ${ElseIf} $AllUsersAsked = 1
+        Call StartElevated
+        ${If} ${Errors}
+          Call RefuseWithoutRights
+        ${EndIf}
+        Quit
+      ${EndIf}
     ${EndIf}
   ${EndIf}
   Call ChooseFolder
-  Pop $1
-  ${If} $1 != ""
-    StrCpy $INSTDIR $1
-  ${EndIf}
-  Call ReadStartSwitch
 FunctionEnd
 
 Function StartProgram
@@ -91,4 +97,25 @@ Function ReadStartSwitch
     !insertmacro SelectSection ${StartWithWindows}
   ${EndIf}
   ClearErrors
+FunctionEnd
+
+; Windows asks for the administrator; the installer that it starts goes on from here. The error flag is
+; set when it was not started: declined, or this one was started so already and has no rights all the same.
+Function StartElevated
+  ${GetParameters} $0
+  ClearErrors
+  ${GetOptions} $0 "/Elevated" $1
+  ${IfNot} ${Errors}
+    SetErrors
+    Return
+  ${EndIf}
+  StrCpy $1 "/AllUsers /Elevated"
+  ${If} ${SectionIsSelected} ${StartWithWindows}
+    StrCpy $1 "$1 /StartWithWindows"
+  ${EndIf}
+  ${If} $NamedFolder != ""
+    StrCpy $1 "$1 /D=$NamedFolder"
+  ${EndIf}
+  ClearErrors
+  ExecShell "runas" "$EXEPATH" "$1"
 FunctionEnd

@@ -306,6 +306,21 @@ def test_a_person_installs_over_a_running_copy(run_setup, at, feed, app_data_fol
     wait_until(lambda: not program.icon(), "it ends")
 
 
+def test_a_person_names_a_folder_that_is_not_empty(run_setup, tmp_path):
+    folder = tmp_path / "Tools"
+    folder.mkdir()
+    (folder / "LICENSE.txt").write_text("of another program")
+    taken = contents(folder)
+    setup = run_setup("/CurrentUser", f"/D={stores.windows_path(folder)}")
+    press("Next >")
+    press("Install")
+    press("Start Skyvane Alerts")  # it shall not
+    press("Finish")
+    assert setup.wait(30) == 0
+    assert entry()["InstallLocation"] == stores.windows_path(folder / "Skyvane Alerts")
+    assert {name: data for name, data in contents(folder).items() if "/" not in name} == taken
+
+
 def test_for_everyone(run_setup):
     stores.delete_registry(SETTINGS_PARENT)
     before = snapshot()
