@@ -19,7 +19,17 @@ Function un.onInit
   ${EndIf}
 FunctionEnd
 
-; Another copy, in another folder, keeps its start with Windows.
+; Another copy, in another folder, keeps its entries in the start menu and in the list of programs, and its
+; start with Windows.
+Function un.RemoveEntries
+  !insertmacro TakeUsersContext
+  ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $0 == $INSTDIR
+    Delete "$SMPROGRAMS\${PRODUCT}.lnk"
+    DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+  ${EndIf}
+FunctionEnd
+
 Function un.RemoveRunValue
   ReadRegStr $0 HKCU "${RUN_KEY}" "${RUN_VALUE}"
   ${If} $0 == "$INSTDIR\${PROGRAM}"
@@ -78,9 +88,7 @@ FunctionEnd
 
 Section "un.Program"
   Call un.CloseRunning
-  !insertmacro TakeUsersContext
-  Delete "$SMPROGRAMS\${PRODUCT}.lnk"
-  DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+  Call un.RemoveEntries
   Call un.RemoveRunValue
   !insertmacro DeleteShipped "$INSTDIR"
   ; Left by a check for a new version that failed.

@@ -321,6 +321,17 @@ def test_a_person_names_a_folder_that_is_not_empty(run_setup, tmp_path):
     assert {name: data for name, data in contents(folder).items() if "/" not in name} == taken
 
 
+def test_a_copy_left_in_another_folder_is_removed_alone(run_setup):
+    left, current = "C:\\Left there", "C:\\In use"
+    install(run_setup, "/CurrentUser", f"/D={left}")
+    before = snapshot()
+    install(run_setup, "/CurrentUser", "/StartWithWindows", f"/D={current}")
+    uninstall(left)
+    assert not pathlib.Path(stores.unix_path(left)).exists()
+    assert entry()["InstallLocation"] == current and run_value() == [f'"{current}\\SVAlerts.exe"']
+    assert [path for path in before & snapshot() if str(path).endswith("/Skyvane Alerts.lnk")]
+
+
 def test_for_everyone(run_setup):
     stores.delete_registry(SETTINGS_PARENT)
     before = snapshot()
