@@ -77,6 +77,8 @@ Section -StartAgain
   ${EndIf}
 SectionEnd
 
+!define DIRECTORY_BOX 1019
+
 ; A folder that other things lie in gets one of ours. One with our name may hold the settings that a copy
 ; removed from it has left.
 Function LeaveFolderPage
@@ -85,7 +87,10 @@ Function LeaveFolderPage
   ${If} $0 = 1  ; there, and not empty
   ${AndIf} $1 != "${PRODUCT}"
   ${AndIfNot} ${FileExists} "$INSTDIR\${PROGRAM}"
-    StrCpy $INSTDIR "$INSTDIR\${PRODUCT}"
+    ; The page reads its box once more after this.
+    FindWindow $0 "#32770" "" $HWNDPARENT
+    GetDlgItem $0 $0 ${DIRECTORY_BOX}
+    SendMessage $0 ${WM_SETTEXT} 0 "STR:$INSTDIR\${PRODUCT}"
   ${EndIf}
 FunctionEnd
 
