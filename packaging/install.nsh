@@ -1,23 +1,29 @@
 ; What the installer does.
 
+Function RefuseWithoutRights
+  SetErrorLevel ${EXIT_NEEDS_ADMINISTRATOR}
+  Quit
+FunctionEnd
+
 Function .onInit
-  StrCpy $1 $INSTDIR  ; what /D= named
-  Push $1
+  StrCpy $NamedFolder $INSTDIR
   Call ChooseUsers
+  Call ReadStartSwitch
   ${If} $AllUsers = 1
-  ${AndIf} ${Silent}
     !insertmacro AskForRights
     ${If} $0 = 0
-      SetErrorLevel ${EXIT_NEEDS_ADMINISTRATOR}
-      Quit
+      ${If} ${Silent}
+        Call RefuseWithoutRights
+      ${ElseIf} $AllUsersAsked = 1
+        Call StartElevated
+        ${If} ${Errors}
+          Call RefuseWithoutRights
+        ${EndIf}
+        Quit
+      ${EndIf}
     ${EndIf}
   ${EndIf}
   Call ChooseFolder
-  Pop $1
-  ${If} $1 != ""
-    StrCpy $INSTDIR $1
-  ${EndIf}
-  Call ReadStartSwitch
 FunctionEnd
 
 Function StartProgram
@@ -48,7 +54,9 @@ Section "${PRODUCT}"
   Call CloseRunning
   ; Taken away first: the program renews its copies of a folder that has changed since, and writing
   ; over files alone does not change a folder.
-  !insertmacro DeleteShipped "$INSTDIR"
+  ${If} ${FileExists} "$INSTDIR\${PROGRAM}"
+    !insertmacro DeleteShipped "$INSTDIR"
+  ${EndIf}
   !insertmacro InstallShipped
   WriteUninstaller "$INSTDIR\Uninstall.exe"
   CreateShortcut "$SMPROGRAMS\${PRODUCT}.lnk" "$INSTDIR\${PROGRAM}"
@@ -69,6 +77,23 @@ Section -StartAgain
   ${EndIf}
 SectionEnd
 
+!define DIRECTORY_BOX 1019
+
+; A folder that other things lie in gets one of ours. One with our name may hold the settings that a copy
+; removed from it has left.
+Function LeaveFolderPage
+  ${DirState} "$INSTDIR" $0
+  ${GetFileName} "$INSTDIR" $1
+  ${If} $0 = 1  ; there, and not empty
+  ${AndIf} $1 != "${PRODUCT}"
+  ${AndIfNot} ${FileExists} "$INSTDIR\${PROGRAM}"
+    ; The page reads its box once more after this.
+    FindWindow $0 "#32770" "" $HWNDPARENT
+    GetDlgItem $0 $0 ${DIRECTORY_BOX}
+    SendMessage $0 ${WM_SETTEXT} 0 "STR:$INSTDIR\${PRODUCT}"
+  ${EndIf}
+FunctionEnd
+
 Function ReadStartSwitch
   ${GetParameters} $0
   ClearErrors
@@ -77,4 +102,25 @@ Function ReadStartSwitch
     !insertmacro SelectSection ${StartWithWindows}
   ${EndIf}
   ClearErrors
+FunctionEnd
+
+; Windows asks for the administrator; the installer that it starts goes on from here. The error flag is
+; set when it was not started: declined, or this one was started so already and has no rights all the same.
+Function StartElevated
+  ${GetParameters} $0
+  ClearErrors
+  ${GetOptions} $0 "/Elevated" $1
+  ${IfNot} ${Errors}
+    SetErrors
+    Return
+  ${EndIf}
+  StrCpy $1 "/AllUsers /Elevated"
+  ${If} ${SectionIsSelected} ${StartWithWindows}
+    StrCpy $1 "$1 /StartWithWindows"
+  ${EndIf}
+  ${If} $NamedFolder != ""
+    StrCpy $1 "$1 /D=$NamedFolder"
+  ${EndIf}
+  ClearErrors
+  ExecShell "runas" "$EXEPATH" "$1"
 FunctionEnd

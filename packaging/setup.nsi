@@ -53,6 +53,7 @@ Var AllUsers  ; 1 when the program is installed for everyone, otherwise 0
 !define MUI_FINISHPAGE_RUN_FUNCTION StartProgram
 Page custom ShowUsersPage LeaveUsersPage
 !insertmacro MUI_PAGE_COMPONENTS
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE LeaveFolderPage
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH

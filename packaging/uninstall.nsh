@@ -19,7 +19,17 @@ Function un.onInit
   ${EndIf}
 FunctionEnd
 
-; Another copy, in another folder, keeps its start with Windows.
+; Another copy, in another folder, keeps its entries in the start menu and in the list of programs, and its
+; start with Windows.
+Function un.RemoveEntries
+  !insertmacro TakeUsersContext
+  ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $0 == $INSTDIR
+    Delete "$SMPROGRAMS\${PRODUCT}.lnk"
+    DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+  ${EndIf}
+FunctionEnd
+
 Function un.RemoveRunValue
   ReadRegStr $0 HKCU "${RUN_KEY}" "${RUN_VALUE}"
   ${If} $0 == "$INSTDIR\${PROGRAM}"
@@ -32,24 +42,23 @@ Function un.RemoveRunValue
   ${EndIf}
 FunctionEnd
 
-; One user's folder in the program folder.
+Var StationsToo  ; 1 when a person has said so
+
+; The data folder $0 of one user: the program's copies and the page that it makes, and the stations when
+; they go too. What a person has put beside them stays.
 Function un.RemoveUserFolder
-  Delete "$0\CityCode.cmb"
-  RMDir /r "$0\HTML"
-  RMDir /r "$0\Sounds"
+  Delete "$0\HTML\CitySearch.html"
+  Delete "$0\HTML\CitySearch.html.new"
+  !insertmacro DeleteCopied "$0"
+  ${If} $StationsToo = 1
+    Delete "$0\CityCode.cmb"
+  ${EndIf}
   RMDir "$0"
 FunctionEnd
 
-Function un.RemoveFilesInProgramFolder
-  FindFirst $1 $2 "$INSTDIR\*.ini"
-  ${DoWhile} $2 != ""
-    ReadINIStr $0 "$INSTDIR\$2" "Misc" "UseINI"  ; the program writes it into each of its own
-    ${If} $0 != ""
-      Delete "$INSTDIR\$2"
-    ${EndIf}
-    FindNext $1 $2
-  ${Loop}
-  FindClose $1
+Function un.RemoveUserFolders
+  StrCpy $0 "$APPDATA\SkyvaneAlerts"
+  Call un.RemoveUserFolder
   FindFirst $1 $2 "$INSTDIR\Users\*"
   ${DoWhile} $2 != ""
     ${If} $2 != "."
@@ -66,16 +75,20 @@ FunctionEnd
 Function un.RemoveSettings
   DeleteRegKey HKCU "${SETTINGS_KEY}"
   DeleteRegKey /ifempty HKCU "${SETTINGS_PARENT}"
-  StrCpy $0 "$APPDATA\SkyvaneAlerts"
-  Call un.RemoveUserFolder
-  Call un.RemoveFilesInProgramFolder
+  FindFirst $1 $2 "$INSTDIR\*.ini"
+  ${DoWhile} $2 != ""
+    ReadINIStr $0 "$INSTDIR\$2" "Misc" "UseINI"  ; the program writes it into each of its own
+    ${If} $0 != ""
+      Delete "$INSTDIR\$2"
+    ${EndIf}
+    FindNext $1 $2
+  ${Loop}
+  FindClose $1
 FunctionEnd
 
 Section "un.Program"
   Call un.CloseRunning
-  !insertmacro TakeUsersContext
-  Delete "$SMPROGRAMS\${PRODUCT}.lnk"
-  DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+  Call un.RemoveEntries
   Call un.RemoveRunValue
   !insertmacro DeleteShipped "$INSTDIR"
   ; Left by a check for a new version that failed.
@@ -83,12 +96,12 @@ Section "un.Program"
   Delete "$INSTDIR\chet.sk"
   Delete "$INSTDIR\Uninstall.exe"
   SetShellVarContext current
-  ; The program's own copies; what a person has put beside them stays.
-  !insertmacro DeleteShipped "$APPDATA\SkyvaneAlerts"
+  StrCpy $StationsToo 0
   MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 \
     "Remove your settings and your list of stations too?" /SD IDNO IDNO keep
+  StrCpy $StationsToo 1
   Call un.RemoveSettings
   keep:
-  RMDir "$APPDATA\SkyvaneAlerts"
+  Call un.RemoveUserFolders
   RMDir "$INSTDIR"
 SectionEnd

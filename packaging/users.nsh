@@ -51,9 +51,15 @@ Function ChooseUsers
   Call ReadUsersSwitch
 FunctionEnd
 
-; The folder of the copy that is there, or the usual one.
+Var NamedFolder  ; by /D=, or empty
+
+; The named folder, that of the copy that is there, or the usual one.
 Function ChooseFolder
   !insertmacro TakeUsersContext
+  ${If} $NamedFolder != ""
+    StrCpy $INSTDIR $NamedFolder
+    Return
+  ${EndIf}
   ReadRegStr $INSTDIR SHCTX "${UNINSTALL_KEY}" "InstallLocation"
   ${If} $INSTDIR == ""
     ${If} $AllUsers = 1
@@ -93,9 +99,7 @@ Function LeaveUsersPage
   ${If} $AllUsers = 1
     !insertmacro AskForRights
     ${If} $0 = 0
-      ; Windows asks for the administrator; the installer that it starts goes on from here.
-      ClearErrors
-      ExecShell "runas" "$EXEPATH" "/AllUsers"
+      Call StartElevated
       ${If} ${Errors}
         Abort
       ${EndIf}

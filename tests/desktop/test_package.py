@@ -214,11 +214,14 @@ def test_installed_used_renewed_removed(run_setup, at, feed, app_data_folder, fo
     assert kept["Options"] == settings["Options"] and kept["Hosts"] == settings["Hosts"]
 
     (place / "che.sk").write_text("left by a check that failed")
+    (data_folder / "HTML" / "CitySearch.html").write_text("a page that a search has made")
+    own_sound = data_folder / "Sounds" / "My own.wav"
+    own_sound.write_text("a person's")
     uninstall(folder)
     wait_until(lambda: not program.icon(), "the program has ended")
     left = snapshot() - before
-    assert [item for item in left if not (isinstance(item, tuple) and item[0].startswith(SETTINGS_PARENT))] == [
-        str((data_folder / "CityCode.cmb").resolve())]
+    assert {item for item in left if not (isinstance(item, tuple) and item[0].startswith(SETTINGS_PARENT))} == {
+        str((data_folder / "CityCode.cmb").resolve()), str(own_sound.resolve())}
     assert program.store.sections()["Options"] == settings["Options"]
     assert before - snapshot() == set() and not place.exists()
 
@@ -234,11 +237,19 @@ def test_removed_with_all_settings_when_a_person_says_so(run_setup, at, feed, ap
     (place / "anna.ini").write_text("[Misc]\r\nUSEINI=True\r\n", newline="")
     (place / "Users" / "anna").mkdir(parents=True)
     (place / "Users" / "anna" / "CityCode.cmb").write_text("station")
+    own_files = [place / "other.ini", place / "Users" / "anna" / "Sounds" / "My own.wav",
+                 app_data_folder / "HTML" / "My own.html", app_data_folder / "Help.html"]
+    for folder_of_copies in (place / "Users" / "anna", app_data_folder):
+        for copied in ("HTML", "Sounds"):
+            shutil.copytree(place / copied, folder_of_copies / copied)
+        (folder_of_copies / "HTML" / "CitySearch.html").write_text("a page that a search has made")
+    for file in own_files[1:]:
+        file.write_text("a person's")
     (place / "other.ini").write_text("[Misc]\r\nOTHER=program\r\n", newline="")
     program = at(place)
     program.store.write({"Misc": {"Runs": "7"}, "Options": {"StartWithWindows": "True"}})
     program.start()
-    wait_until(app_data_folder.exists, "the data folder")
+    wait_until(lambda: program.store.read("Misc", "Runs") == "8", "the start is complete")
 
     uninstall(folder, "/CurrentUser")
     press("Uninstall")
@@ -251,7 +262,7 @@ def test_removed_with_all_settings_when_a_person_says_so(run_setup, at, feed, ap
     assert program.wait_for_end() == 0
     left = snapshot()
     shutil.rmtree(place)  # for the tests to come
-    assert left - before == {str(place / "other.ini")} and before - left == set()
+    assert left - before == {str(file.resolve()) for file in own_files} and before - left == set()
 
 
 def wait_for_box():
@@ -293,6 +304,32 @@ def test_a_person_installs_over_a_running_copy(run_setup, at, feed, app_data_fol
     wait_until(lambda: program.store.read("Misc", "Runs") == "9", "the new copy runs")
     program.post(WM_CLOSE)
     wait_until(lambda: not program.icon(), "it ends")
+
+
+def test_a_person_names_a_folder_that_is_not_empty(run_setup, tmp_path):
+    folder = tmp_path / "Tools"
+    folder.mkdir()
+    (folder / "LICENSE.txt").write_text("of another program")
+    taken = contents(folder)
+    setup = run_setup("/CurrentUser", f"/D={stores.windows_path(folder)}")
+    press("Next >")
+    press("Install")
+    press("Start Skyvane Alerts")  # it shall not
+    press("Finish")
+    assert setup.wait(30) == 0
+    assert entry()["InstallLocation"] == stores.windows_path(folder / "Skyvane Alerts")
+    assert {name: data for name, data in contents(folder).items() if "/" not in name} == taken
+
+
+def test_a_copy_left_in_another_folder_is_removed_alone(run_setup):
+    left, current = "C:\\Left there", "C:\\In use"
+    install(run_setup, "/CurrentUser", f"/D={left}")
+    before = snapshot()
+    install(run_setup, "/CurrentUser", "/StartWithWindows", f"/D={current}")
+    uninstall(left)
+    assert not pathlib.Path(stores.unix_path(left)).exists()
+    assert entry()["InstallLocation"] == current and run_value() == [f'"{current}\\SVAlerts.exe"']
+    assert [path for path in before & snapshot() if str(path).endswith("/Skyvane Alerts.lnk")]
 
 
 def test_for_everyone(run_setup):
