@@ -19,7 +19,8 @@ class TableWalk {
     }
 
     LocationTable Finish() && {
-        slots_.resize(static_cast<std::size_t>(index_ + 1));
+        const int used = index_ + 1;
+        slots_.resize(static_cast<std::size_t>(used));
         return {std::move(slots_), failed_};
     }
 
