@@ -113,6 +113,7 @@ void LoadAlertFilters(HWND page) {
 void ApplyAlertFilters(HWND page) {
     const win::ChoiceControl list = List2(page);
     std::vector<std::string> entries;
+    entries.reserve(static_cast<std::size_t>(win::CountChoices(list)));
     for (int i = 0; i < win::CountChoices(list); ++i) entries.push_back(win::ChoiceText(list, i));
     WriteSetting(kAlertFilters, JoinFilterWords(entries));
     WriteSetting(kShowFilteredWords, BooleanText(win::IsChecked(page, frmOptions_Option6)));

@@ -128,7 +128,7 @@ void IniWriteValue(std::string_view section, std::string_view key, std::string_v
                                (file.empty() ? DefaultIniPath() : file).c_str());
 }
 
-std::string ValueOr(std::string value, std::string_view defaultValue) {
+std::string ValueOr(const std::string& value, std::string_view defaultValue) {
     return value.empty() ? std::string(defaultValue) : value;
 }
 

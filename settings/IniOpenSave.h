@@ -56,7 +56,7 @@ inline const char* BooleanText(bool value) {
 }
 
 // The value, or the reader's default when it is empty.
-std::string ValueOr(std::string value, std::string_view defaultValue);
+std::string ValueOr(const std::string& value, std::string_view defaultValue);
 
 // Tells the downloader, through the environment that it inherits, which store is in use.
 void ExportStoreChoice();

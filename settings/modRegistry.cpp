@@ -107,7 +107,7 @@ void WriteRegistryTexts(const std::string& path, const KeyValues& values) {
     for (const auto& [name, value] : values)
         RegSetValueExA(key.Get(), name.c_str(), 0, REG_SZ,
                        reinterpret_cast<const BYTE*>(value.c_str()),
-                       static_cast<DWORD>(value.size() + 1));
+                       static_cast<DWORD>(value.size()) + 1);
 }
 
 }  // namespace settings

@@ -83,6 +83,7 @@ void RemoveAlertItems() {
 
 std::vector<std::uint32_t> AlertIdentifiers() {
     std::vector<std::uint32_t> identifiers;
+    identifiers.reserve(alertHandles.size());
     for (const win::Menu& menu : alertHandles)
         identifiers.push_back(static_cast<std::uint32_t>(reinterpret_cast<UINT_PTR>(menu.Get())));
     return identifiers;

@@ -45,7 +45,7 @@ std::string ChoiceText(const ChoiceControl& control, int index) {
     const LRESULT copied =
         Send(control, CB_GETLBTEXT, LB_GETTEXT, place, reinterpret_cast<LPARAM>(text.data()));
     if (copied < 0) return {};
-    return text.c_str();
+    return text.data();  // up to its zero
 }
 
 int FindChoice(const ChoiceControl& control, std::string_view text) {

@@ -9,6 +9,8 @@
 // throwing functions bring texts, locales and old kinds of string, its operator new the whole of
 // throwing. Together some 150 KB of each program. Linked as an object of each program, so that
 // these come before the library's; all that would have thrown ends the process.
+// The names are the library's.
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-redundant-declaration)
 namespace __gnu_cxx {
 
 void __verbose_terminate_handler();
@@ -57,6 +59,8 @@ void __throw_system_error(int) {
 }
 
 }  // namespace std
+
+// NOLINTEND(bugprone-reserved-identifier,readability-redundant-declaration)
 
 void* operator new(std::size_t size) {
     void* const memory = std::malloc(size > 0 ? size : 1);
