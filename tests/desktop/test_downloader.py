@@ -83,7 +83,8 @@ def test_body_arrives_whole(serve, downloader, reply, body):
         pytest.param(answer(302, b"moved"), 302, id="redirect to nowhere"),
         pytest.param(answer(407, b"", 'Proxy-Authenticate: Basic realm="x"'), 407, id="no proxy"),
         pytest.param(answer(200, b"half", "Content-Length: 8"), 1007, id="cut short"),
-        pytest.param(reset, 1007, id="connection reset"),
+        # A reset may overtake what was sent before it: then not even the headers are there.
+        pytest.param(reset, (1007, 12030), id="connection reset"),
         pytest.param(
             answer(200, b"8\r\nhalf", "Transfer-Encoding: chunked"),
             1007,
@@ -109,7 +110,7 @@ def test_body_arrives_whole(serve, downloader, reply, body):
 def test_bad_answer_has_its_number_and_leaves_no_data(serve, downloader, reply, status):
     (downloader.folder / "Tester.ini").write_text(stored_login("hail", "storm"))
     server = serve({"/feed": reply})
-    assert_failed(downloader.fetch(server.url("/feed")), status)
+    assert_failed(downloader.fetch(server.url("/feed")), *(status if isinstance(status, tuple) else [status]))
     assert not any("authorization" in head.lower() for head in server.heads)
 
 
