@@ -9,6 +9,7 @@ namespace downloader {
 namespace {
 
 constexpr std::size_t kLongestAnswer = 256 * 1024;
+constexpr std::uint64_t kLongestFile = kLongestAnswer + 1024;
 
 // The file for a key; empty when there is no temporary folder.
 std::string CacheFile(std::string_view key) {
@@ -30,7 +31,7 @@ std::int64_t SecondsNow() {
 }
 
 std::optional<std::string> FindAnswer(std::string_view key) {
-    const auto entry = win::ReadWholeFile(CacheFile(key), 2 * kLongestAnswer);
+    const auto entry = win::ReadWholeFile(CacheFile(key), kLongestFile);
     return entry ? UnpackEntry(*entry, key, SecondsNow()) : std::nullopt;
 }
 

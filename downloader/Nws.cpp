@@ -18,10 +18,10 @@ namespace downloader {
 namespace {
 
 constexpr std::size_t kMostLocations = 50;
-constexpr DWORD kPauseBeforeRetry = 2000;  // milliseconds
-constexpr int kNoSuchPoint = 404;          // HTTP: the point is not in the United States
-constexpr std::int64_t kDay = 24 * 60 * 60;
-constexpr std::int64_t kLongestForAlerts = 10 * 60;  // seconds, whatever the server states
+constexpr DWORD kPauseBeforeRetry = 2000;        // milliseconds
+constexpr int kNoSuchPoint = 404;                // HTTP: the point is not in the United States
+constexpr std::int64_t kDay = 86400;             // seconds
+constexpr std::int64_t kLongestForAlerts = 600;  // seconds, whatever the server states
 
 Reply Failure(int status) {
     return {status, {}, {}};
@@ -58,12 +58,12 @@ Reply FetchStations(const NwsRequest& request, const Place& place) {
     // Places can share a point, and the document names the place.
     const std::string key = address + " " + std::string(place.zipCode);
     if (auto kept = FindAnswer(key)) return Document(std::move(kept));
-    const Reply point = Ask(address);
+    Reply point = Ask(address);
     if (point.status == kNoSuchPoint) return Failure(kOutsideUnitedStates);
     if (point.status != kSuccess) return point;
     const auto path = StationsPath(point.body);
     if (!path) return Failure(kUnusableAnswer);
-    const Reply stations = Ask(request.origin + *path);
+    Reply stations = Ask(request.origin + *path);
     if (stations.status != kSuccess) return stations;
     Reply reply = Document(StationsXml(stations.body, place));
     const bool mayKeep = !ForbidsKeeping(point.cacheControl + "," + stations.cacheControl);

@@ -3,7 +3,7 @@
 namespace downloader {
 namespace {
 
-constexpr std::int64_t kDay = 24 * 60 * 60;
+constexpr std::int64_t kDay = 86400;
 
 // The number in the digits at `at`; -1 unless all are digits.
 int Digits(std::string_view text, std::size_t at, std::size_t count) {
@@ -60,7 +60,8 @@ std::optional<std::int64_t> ParseMoment(std::string_view text) {
         while (Digits(text, zoneAt, 1) >= 0);
     const auto zone = ZoneSeconds(text.substr(zoneAt));
     if (!zone) return std::nullopt;
-    return DaysUntil(year, month, day) * kDay + (hour * 60 + minute) * 60 + second - *zone;
+    return DaysUntil(year, month, day) * kDay + (std::int64_t{hour} * 60 + minute) * 60 + second -
+           *zone;
 }
 
 int YearOf(std::int64_t moment) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "downloader/NwsJsonRules.h"
 #include "tests/downloader/Nws.h"
 
 using namespace downloader;
@@ -239,6 +240,12 @@ TEST(AlertsXml, RefusesWhatIsNoWholeList) {
     EXPECT_EQ(Ids(Answer({})), Texts{});
     for (const std::string& json : cases)
         EXPECT_FALSE(AlertsXml(json, kNow)) << json.substr(0, 200);
+}
+
+TEST(ReadJson, BoundsTheDepth) {
+    const auto ignore = [](const JsonItem&) {};
+    EXPECT_TRUE(ReadJson(std::string(64, '[') + std::string(64, ']'), ignore));
+    EXPECT_FALSE(ReadJson(std::string(65, '[') + std::string(65, ']'), ignore));
 }
 
 TEST(ParseMoment, ReadsMomentsOfAnyZone) {
