@@ -17,6 +17,7 @@
 #include "tray/modTrayIcon.h"
 #include "win/Choice.h"
 #include "win/Dialog.h"
+#include "win/Text.h"
 #include "win/TextRules.h"
 
 namespace options {
@@ -261,6 +262,21 @@ TEST_P(OptionsDialogTest, KeepsTheStationFileWhenItCannotBeWritten) {
     SetFileAttributesA(tests::ScratchIniPath().c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(stations::ReadStationFile(path).size(), 2u);
     EXPECT_EQ(State().stationCount, 2u);
+}
+
+TEST_P(OptionsDialogTest, GoesOnWithoutADataFolder) {
+    UseStations(2);
+    const std::string appData = win::Environment("APPDATA");
+    SetEnvironmentVariableA("APPDATA", "Z:\\no\\such");
+    WithDialog([](HWND dialog) {
+        Click(dialog, frmOptions_Check4);
+        Click(dialog, frmOptions_Command1);
+    });
+    SetEnvironmentVariableA("APPDATA", appData.c_str());
+    EXPECT_EQ(State().dataFolder, "Z:\\no\\such\\SkyvaneAlerts");
+    EXPECT_EQ(State().stationCount, 2u);
+    EXPECT_FALSE(stations::WriteStationFile({"x"}, stations::StationFilePath()));
+    EXPECT_EQ(ReadSetting(kRetrieveAlertsOnStartup), "True");
 }
 
 TEST_F(OptionsFormTest, AreAllGivenBack) {
