@@ -11,6 +11,8 @@ import pytest
 from downloader_run import Downloader, assert_failed
 from harness import wait_until
 from loopback import answer
+from search_dialog import CHOOSER, OPTIONS, Dialog, open_search
+from tray_menu import choose
 from weather_service import YEAR, WeatherService, alert, collection, moment, recorded, vtec
 
 LAWRENCE = ("Lawrence, Kansas (Airport)", "66044")
@@ -205,3 +207,34 @@ def test_529_alerts_in_one_answer(service, start):
     program = start(*(alert(f"urn:{n}", "Flood Watch", description="Water. " * 450) for n in range(529)))
     assert len(stored(program)) == 529
     assert program.answers()
+
+
+def test_from_a_name_to_the_balloon(make_program, service):
+    service.alerts = collection(alert("urn:1", "Tornado Warning", vtec=vtec("NEW", "KTOP.TO.W.0045")))
+    program = make_program()
+    program.store.write({
+        "Hosts": {"Feed": service.feed},
+        "Options": {"StoreFilesInProgramFolder": "True", "AutoUpdateInterval": "Never", "LastOption": "Stations",
+                    "SingleClickAction": "Open Skyvane Alerts Options", "DisplayTrayAlert": "True"},
+        "Misc": {"Runs": "2"}})
+    program.start()
+    search = open_search(program)
+    search.start("springfield")
+    chooser = Dialog(CHOOSER)
+    place = chooser.rows()[0][1]
+    chooser.click_row(0, times=2)
+    chooser.wait_until_closed()
+    search.wait_for("25 weather station(s) found.")
+    wait_until(lambda: search.control("Add Station").enabled, "the controls are on")
+    search.click("Add Station")
+    search.wait_until_closed()
+    options = Dialog(OPTIONS)
+    options.click("OK")
+    options.wait_until_closed()
+    line, = (program.folder / "Users" / "Default" / "CityCode.cmb").read_text(encoding="utf-8").splitlines()
+    assert line.startswith(place)
+    choose(program, "Retrieve Severe Alerts", stations=["S"])
+    program.wait_for_picture("new alerts")
+    wait_until(program.balloons, "the balloon")
+    assert stored(program) == [(TORNADO, "Tornado Warning")]
+    assert service.targets()[-1].startswith("/alerts/active?status=actual&point=")
