@@ -9,6 +9,8 @@ import stores
 PASSING = ("/Temp/", "/temp/", "/stderr.txt")
 KEYS = ("HKEY_CURRENT_USER\\Software", "HKEY_LOCAL_MACHINE\\Software")
 PASSING_KEYS = ("\\Software\\Wine\\", "\\Explorer\\")
+# The list of programs is Windows' own, though a new prefix has none before the first program.
+PROGRAM_LIST = "\\CurrentVersion\\Uninstall]"
 
 
 def drive():
@@ -31,7 +33,7 @@ def registry():
         for line in stores.export_registry(root).replace("\r", "").replace("\\\n  ", "").split("\n"):
             if line.startswith("["):
                 key = line[1:-1]
-            if line and not any(part in key + "\\" for part in PASSING_KEYS):
+            if line and not line.endswith(PROGRAM_LIST) and not any(part in key + "\\" for part in PASSING_KEYS):
                 found.add((key, line))
     return found
 
