@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "search/MapKeyRules.h"
 #include "win/Com.h"
 
 namespace search {
@@ -100,11 +101,17 @@ void MapBrowser::WriteElement(std::string_view identifier, std::string_view mark
 }
 
 bool MapBrowser::TakeKey(const MSG& message) const {
+    // Keys with Alt are no such messages: they stay the dialog's.
     const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_DEADCHAR;
     if (!isKey || !window_ || !IsChild(window_, message.hwnd)) return false;
+    // A character is what became of a key that was the map's.
+    if (message.message == WM_KEYDOWN || message.message == WM_KEYUP) {
+        const KeyTaker taker = MapKeyTaker(message.wParam, GetKeyState(VK_CONTROL) < 0);
+        if (taker != KeyTaker::Map) return taker == KeyTaker::Nobody;
+    }
     if (SendMessageA(window_, kForwardMessage, 0, reinterpret_cast<LPARAM>(&message))) return true;
-    // Tab and Esc are the dialog's; the rest is not, or the arrows would leave the map.
-    if (message.wParam == VK_TAB || message.wParam == VK_ESCAPE) return false;
+    // Behind the page's last link Tab leaves it. The rest stays, or the arrows would leave it too.
+    if (message.wParam == VK_TAB) return false;
     TranslateMessage(&message);
     DispatchMessageW(&message);
     return true;

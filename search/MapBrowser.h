@@ -29,7 +29,8 @@ class MapBrowser {
     // What is inside the element of the page.
     std::optional<std::string> ReadElement(std::string_view identifier) const;
     void WriteElement(std::string_view identifier, std::string_view markup) const;
-    // Gives the browser the keys pressed in its window; true when the message was for it.
+    // Gives the browser those keys pressed in its window that the map uses; true when nobody else
+    // should get the message.
     bool TakeKey(const MSG& message) const;
 
   private:
