@@ -2,9 +2,10 @@
 // outside: it is only ever compared, parsed as XML or shown as a text node.
 
 // The feed's own text. It stands in the page inside a script string delimited by double quotes, in
-// which the program wrote each double quote as backslash + double quote and left all else as it
-// was. Line feeds and backslashes would break such a string or change it, so it is never run:
-// it is cut out between its outer quotes and the quotes are put back, which loses nothing.
+// which the program wrote each double quote as backslash + double quote, and left all else as it
+// was but for the CR LF pairs, which it took out. Line feeds and backslashes would break such a
+// string or change it, so it is never run: it is cut out between its outer quotes, and the inner
+// ones are put back.
 function cutFeed(statement) {
     var start = statement.indexOf("\"") + 1;
     var end = statement.lastIndexOf("\"");
@@ -36,12 +37,13 @@ function readDegrees(text, limit) {
     return Math.abs(degrees) <= limit ? degrees : NaN;
 }
 
-// The name as the program's station list shows it: of "Downtown (KABC )" only "KABC", the
-// character before the closing bracket being a blank in the feed.
+// The name as the program's station list shows it: of "Downtown (KABC )" only "KABC". The last
+// character in the brackets goes whatever it is, because the feed's bracketed names end in a blank.
+// Where nothing is left of it the list's row is empty; a dot has no other column that could name it,
+// so it keeps the whole name.
 function shortenName(name) {
-    var open = name.indexOf("(");
-    var close = open < 0 ? -1 : name.indexOf(")", open);
-    return close < 0 ? name : name.substring(open + 1, Math.max(open + 1, close - 1)) || name;
+    var inside = /^[^(]*\(([^)]*)\)/.exec(name);
+    return inside && inside[1].replace(/(?:[\uD800-\uDBFF][\uDC00-\uDFFF]|[\s\S])$/, "") || name;
 }
 
 // The station that an element's attributes describe, by their names without prefix; null when it
