@@ -246,6 +246,10 @@ function start() {
 }
 
 window.setMapCenter = setMapCenter;
+// The browser's own menu would lead away from the page, or print and show its source.
+document.oncontextmenu = function () {
+    return false;
+};
 if (document.addEventListener) {
     document.addEventListener("DOMContentLoaded", start, false);
 }
