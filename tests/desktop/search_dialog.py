@@ -1,4 +1,4 @@
-"""The station search as a person uses it, and its feed."""
+"""The station search as a person uses it, its feed, and the fixtures of its tests."""
 
 import pathlib
 import re
@@ -7,6 +7,7 @@ import sys
 from urllib.parse import urlsplit
 
 import harness
+import pytest
 from harness import click, find_windows, wait_until
 from loopback import Server, answer
 
@@ -17,8 +18,7 @@ SEARCH = "Station Search - Skyvane Alerts"
 CHOOSER = "Choose Location - Skyvane Alerts"
 OPTIONS = "Options - Skyvane Alerts"
 DIALOG = "#32770"
-# Where the template takes the feed.
-TEMPLATE = '<html><body>var feed = "[XML]"; again = "[XML]";</body></html>'
+NOT_FOUND = "0 weather stations found."
 
 
 def locations(*rows):
@@ -57,6 +57,29 @@ class SearchFeed:
 
     def close(self):
         self.server.close()
+
+
+@pytest.fixture
+def feed():
+    feed = SearchFeed()
+    yield feed
+    feed.close()
+
+
+@pytest.fixture
+def make_searcher(make_program, feed):
+    """A program whose icon opens the Options on the Stations page, without stations."""
+
+    def make():
+        program = make_program()
+        program.store.write({
+            "Hosts": {"Feed": feed.address},
+            "Options": {"StoreFilesInProgramFolder": "True", "AutoUpdateInterval": "Never",
+                        "LastOption": "Stations", "SingleClickAction": "Open Skyvane Alerts Options"},
+            "Misc": {"Runs": "2"}})
+        return program
+
+    return make
 
 
 def window_with_keyboard():
@@ -160,3 +183,18 @@ def open_search(program):
     options = Dialog(OPTIONS)
     options.click("Add Station...")
     return Search()
+
+
+def data_folder(program):
+    return program.folder / "Users" / "Default"
+
+
+def apply_options():
+    """Applies the Options dialog and closes it."""
+    options = Dialog(OPTIONS)
+    options.click("OK")
+    options.wait_until_closed()
+
+
+def saved_stations(program):
+    return (data_folder(program) / "CityCode.cmb").read_text(encoding="utf-8").splitlines()

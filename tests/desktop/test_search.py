@@ -1,46 +1,16 @@
-"""The station search: finding, choosing and adding a station, and the talk with the map page."""
+"""The station search: finding, choosing and adding a station."""
 
-import os
 import threading
 
 import harness
 import pytest
-import stores
 from harness import stays, wait_until
 from loopback import answer
-from search_dialog import (CHOOSER, OPTIONS, TEMPLATE, Dialog, SearchFeed, locations, open_search,
-                           stations)
+from search_dialog import (CHOOSER, NOT_FOUND, OPTIONS, Dialog, apply_options, feed, locations,
+                           make_searcher, open_search, saved_stations, stations)
 
 BLANKS = " " * 100
 STATION_0 = f"Lawrence, KS (Station 0){BLANKS}S0***10000***38.0***-95.5"
-NOT_FOUND = "0 weather stations found."
-STAND_IN = "{5B1C3C0A-8E0B-4B57-9E0B-6C6A54B0C7D1}"
-
-
-@pytest.fixture
-def feed():
-    feed = SearchFeed()
-    yield feed
-    feed.close()
-
-
-@pytest.fixture
-def make_searcher(make_program, feed):
-    """A program whose icon opens the Options on the Stations page, without stations."""
-
-    def make():
-        program = make_program()
-        program.store.write({
-            "Hosts": {"Feed": feed.address},
-            "Options": {"StoreFilesInProgramFolder": "True", "AutoUpdateInterval": "Never",
-                        "LastOption": "Stations", "SingleClickAction": "Open Skyvane Alerts Options"},
-            "Misc": {"Runs": "2"}})
-        page = program.folder / "HTML" / "CitySearch.sv"
-        page.parent.mkdir(exist_ok=True)
-        page.write_text(TEMPLATE)
-        return program
-
-    return make
 
 
 @pytest.fixture
@@ -48,21 +18,6 @@ def program(make_searcher):
     program = make_searcher()
     program.start()
     return program
-
-
-def data_folder(program):
-    return program.folder / "Users" / "Default"
-
-
-def apply_options():
-    """Applies the Options dialog and closes it."""
-    options = Dialog(OPTIONS)
-    options.click("OK")
-    options.wait_until_closed()
-
-
-def saved_stations(program):
-    return (data_folder(program) / "CityCode.cmb").read_text(encoding="utf-8").splitlines()
 
 
 def test_search_by_zip_code_and_by_name(program, feed, temp_folder):
@@ -226,88 +181,3 @@ def test_closing_in_the_middle_of_a_wait(program, feed, temp_folder):
     harness.probe("post", harness.TRAY_CLASS, 0x111, 111, 0)
     assert program.wait_for_end() == 0
     assert "unhandled" not in program.errors().lower()
-
-
-def test_missing_template_fails_the_lookup(make_searcher):
-    program = make_searcher()
-    (program.folder / "HTML" / "CitySearch.sv").unlink()
-    program.start()
-    open_search(program).search("66044", NOT_FOUND)
-
-
-@pytest.fixture
-def stand_in(tmp_path):
-    """The stand-in for the browser control, in the platform's place; the folder of its page."""
-    folder = tmp_path / "page"
-    folder.mkdir()
-    classes = r"HKEY_LOCAL_MACHINE\Software\Classes"
-    before = stores.export_registry(classes + r"\Shell.Explorer.2\CLSID")
-    library = stores.windows_path(os.environ["STANDIN"]).replace("\\", "\\\\")
-    stores.import_registry("\r\n".join([
-        "Windows Registry Editor Version 5.00", "",
-        f"[{classes}\\CLSID\\{STAND_IN}\\InprocServer32]", f'@="{library}"', '"ThreadingModel"="Apartment"',
-        f"[{classes}\\Shell.Explorer.2\\CLSID]", f'@="{STAND_IN}"', ""]))
-    yield folder
-    stores.import_registry(before)
-
-
-def test_talk_with_the_map_page(make_searcher, feed, stand_in):
-    program = make_searcher()
-    program.start(STANDIN_FOLDER=stores.windows_path(stand_in))
-    feed.answers = {"zipcode=66044": stations(40), "zipcode=1": stations(1, latitude="');alert(1);('")}
-    center, clicked, body = (stand_in / name for name in ("ResetCenter.element", "SVSelectedCity.element",
-                                                          "body.txt"))
-    center.write_text("")
-    (stand_in / "busy").touch()
-    search = open_search(program)
-
-    # The page is asked only when it is no longer busy.
-    search.start("66044")
-    search.wait_for("40 weather station(s) found.")
-    assert stays(lambda: center.read_text() == "", 0.3)
-    (stand_in / "busy").unlink()
-    moved = '<IMG onerror = "setMapCenter(\'{}\',\'-95.5\');" src="#" STYLE="display:none;" >'
-    wait_until(lambda: center.read_text() == moved.format("38.0"), "the map moves to the first station")
-    addresses = (stand_in / "navigated.txt").read_text().splitlines()
-    page = data_folder(program) / "HTML" / "CitySearch.html"
-    assert addresses[0] == "about:blank" and stores.unix_path(addresses[1]) == str(page)
-    text = page.read_text(encoding="utf-8")
-    assert text.count('id=\\"S39\\"') == 2 and "[XML]" not in text and "\r\n" not in text
-
-    search.click_row(2)
-    wait_until(lambda: center.read_text() == moved.format("38.002"), "the map moves to the clicked row")
-    # A click on the map selects, scrolls, and does not move the map.
-    clicked.write_text("S35")
-    assert stays(lambda: search.selected() == [2], 0.3), "a page without the element's name is not asked"
-    body.write_text("... SVSelectedCity ...")
-    wait_until(lambda: search.selected() == [35], "the clicked station is selected")
-    search.click_row(1)  # what was read stays known: the user's choice holds
-    assert stays(lambda: search.selected() != [35], 0.3)
-    moved_last = center.read_text()
-    clicked.write_text("no such station")
-    clicked.write_text("S4")
-    wait_until(lambda: search.selected() == [4], "the next clicked station is selected")
-    assert center.read_text() == moved_last
-
-    # One station alone is not listened for, and its coordinates do not run as script.
-    center.write_text("untouched")
-    search.search("1", "1 weather station(s) found.")
-    clicked.write_text("S0")
-    assert stays(lambda: center.read_text() == "untouched", 0.3)
-    search.press("Return")
-    search.wait_until_closed()
-    assert program.answers()
-
-
-def test_page_that_stays_busy_does_not_hold_the_dialog(make_searcher, feed, stand_in):
-    (stand_in / "busy").touch()
-    program = make_searcher()
-    program.start(STANDIN_FOLDER=stores.windows_path(stand_in))
-    search = open_search(program)
-    search.search("66044", "6 weather station(s) found.")
-    search.search("10007", "6 weather station(s) found.")
-    assert search.rows()[0][2] == "New York, New York"
-    search.press("Return")
-    search.wait_until_closed()
-    apply_options()
-    assert len(saved_stations(program)) == 1
