@@ -134,11 +134,13 @@ function showAll() {
     setFrame(map.unproject(middle, zoom), zoom, true, showAll);
 }
 
-// The zoom at which every station stays in sight around a place.
+// The zoom at which every station stays in sight around a place: that at which the bounds and their
+// mirror image, on the map and not in degrees, do.
 function fitZoomAround(place) {
     var bounds = stationBounds();
+    var middle = map.project(place, 0);
     [bounds.getSouthWest(), bounds.getNorthEast()].forEach(function (corner) {
-        bounds.extend([2 * place.lat - corner.lat, 2 * place.lng - corner.lng]);
+        bounds.extend(map.unproject(middle.multiplyBy(2).subtract(map.project(corner, 0)), 0));
     });
     return fitZoom(bounds, L.point(40, 40));
 }
