@@ -74,7 +74,7 @@ void StoreAlerts(const win::XmlNodeList& nodes, AlertStore& store) {
             continue;
         }
         store.Store(body, title, identifier);
-        win::PumpPendingMessages();
+        win::PumpNowAndThen();
     }
 }
 
@@ -95,7 +95,7 @@ std::int16_t ParseAlerts(const std::string& dataFile, const std::string& station
     if (const auto nodes = win::SelectNodes(document, "aws:weather/aws:alerts/aws:alert/*"))
         StoreAlerts(nodes, store);
     store.values.emplace_back(settings::kAlertCount.key, win::Decimal(store.number));
-    settings::WriteSettings(settings::kAlerts, store.values);
+    settings::HoldSettings(settings::kAlerts, store.values);
     return AddUnseen(settings::State().oldAlerts, store.identifiers, win::BrokenBar());
 }
 

@@ -12,9 +12,9 @@ inline constexpr std::int16_t kDownloadFailed = -1;
 // messages run.
 std::int16_t FetchStationAlerts(const std::string& stationCode);
 
-// Stores the alerts of a feed document that pass the user's filter behind those already in the
-// Alerts section, appends unseen identifiers to the process-wide list, and returns their number. A
-// document that does not load stores nothing and gives 0. Lets messages run.
+// Holds the alerts of a feed document that pass the user's filter for the Alerts section, behind
+// those already there, appends unseen identifiers to the process-wide list, and returns their
+// number. A document that does not load stores nothing and gives 0. Lets messages run.
 std::int16_t ParseAlerts(const std::string& dataFile, const std::string& stationCode);
 
 }  // namespace alerts

@@ -22,14 +22,13 @@ CycleOutcome RetrieveStationAlerts() {
         const std::string code = stations::HiddenField(line, stations::kCode);
         if (IsDone(done, code)) continue;
         const std::int16_t newAlerts = FetchStationAlerts(code);
-        if (newAlerts < 0) {
-            outcome.failed = true;
-            return outcome;
-        }
+        outcome.failed = newAlerts < 0;
+        if (outcome.failed) break;
         done.append(",").append(code);
         outcome.newAlerts = win::AddInt16(outcome.newAlerts, newAlerts);
     }
-    settings::WriteSetting(settings::kOldAlerts, state.oldAlerts);
+    settings::StoreHeldSettings();
+    if (!outcome.failed) settings::WriteSetting(settings::kOldAlerts, state.oldAlerts);
     return outcome;
 }
 

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "settings/modRegistry.h"
 #include "win/Files.h"
@@ -62,9 +63,31 @@ std::string SectionFromSystem(std::string_view section) {
     return std::string("[").append(section).append("]\n").append(lines);
 }
 
+// What the INI file is still to be given, by section.
+std::map<std::string, KeyValues> heldSections;
+
+auto FindHeld(std::string_view section) {
+    return std::find_if(heldSections.begin(), heldSections.end(), [&](const auto& held) {
+        return win::EqualIgnoringCase(held.first, section);
+    });
+}
+
+// A held value, as it will read once it is in the file.
+std::optional<std::string> HeldValue(std::string_view section, std::string_view key) {
+    const auto held = FindHeld(section);
+    if (held == heldSections.end()) return std::nullopt;
+    const KeyValues& values = held->second;
+    const auto last = std::find_if(values.rbegin(), values.rend(), [&](const auto& value) {
+        return win::EqualIgnoringCase(value.first, key);
+    });
+    if (last == values.rend()) return std::nullopt;
+    return ReadIniSection(MergeIniSection("", section, {*last}), section).front().second;
+}
+
 }  // namespace
 
 std::string ReadSetting(std::string_view section, std::string_view key) {
+    if (const auto held = HeldValue(section, key)) return *held;
     std::string ownKey(key);
     if (UseIni == kUseIniStore) return IniReadValue(section, ownKey, "");
     if (UseIni == kUseRegistryStore) return ReadRegistryText(RegistryPath(section), ownKey);
@@ -76,6 +99,7 @@ std::string ReadSetting(const Setting& setting) {
 }
 
 void WriteSetting(std::string_view section, std::string_view key, std::string_view value) {
+    if (FindHeld(section) != heldSections.end()) StoreHeldSettings();  // the order counts
     if (UseIni == kUseIniStore)
         IniWriteValue(section, key, value, "");
     else if (UseIni == kUseRegistryStore)
@@ -90,16 +114,25 @@ void DeleteSettingSection(std::string_view section) {
     RegDeleteTreeA(HKEY_CURRENT_USER, RegistryPath(section).c_str());
 }
 
-void WriteSettings(std::string_view section, const KeyValues& values) {
+void HoldSettings(std::string_view section, const KeyValues& values) {
     if (UseIni == kUseRegistryStore) WriteRegistryTexts(RegistryPath(section), values);
-    if (UseIni != kUseIniStore || values.empty()) return;
-    const std::optional<std::string> text = ReadIniText();
-    if (text && win::ReplaceFileWhole(DefaultIniPath(), MergeIniSection(*text, section, values)))
-        return;
-    for (const auto& [key, value] : values) IniWriteValue(section, key, value, "");
+    if (UseIni != kUseIniStore) return;
+    KeyValues& held = heldSections[std::string(section)];
+    held.insert(held.end(), values.begin(), values.end());
+}
+
+void StoreHeldSettings() {
+    for (const auto& [section, values] : std::exchange(heldSections, {})) {
+        const std::optional<std::string> text = ReadIniText();
+        if (text &&
+            win::ReplaceFileWhole(DefaultIniPath(), MergeIniSection(*text, section, values)))
+            continue;
+        for (const auto& [key, value] : values) IniWriteValue(section, key, value, "");
+    }
 }
 
 std::map<std::string, std::string> ReadSection(std::string_view section) {
+    StoreHeldSettings();
     KeyValues values;
     if (UseIni == kUseRegistryStore) {
         values = ReadRegistryTexts(RegistryPath(section));

@@ -31,9 +31,11 @@ void WriteSetting(const Setting& setting, std::string_view value);
 // The asymmetry is deliberate.
 void DeleteSettingSection(std::string_view section);
 
-// Many values of one section at once, with the result of writing them one by one: an INI file is
-// rewritten once, whole.
-void WriteSettings(std::string_view section, const KeyValues& values);
+// Many values of one section, with the result of writing them one by one. Reading gives them at
+// once; an INI file gets them with StoreHeldSettings, so that it is rewritten once for a whole
+// cycle.
+void HoldSettings(std::string_view section, const KeyValues& values);
+void StoreHeldSettings();
 
 // All values of a section by lower-case key, as ReadSetting gives them.
 std::map<std::string, std::string> ReadSection(std::string_view section);

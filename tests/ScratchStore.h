@@ -26,6 +26,7 @@ class ScratchStore : public testing::TestWithParam<std::int16_t> {
         win::MakeFolder(settings::State().dataFolder);
     }
     void TearDown() override {
+        settings::StoreHeldSettings();
         for (const char* section : {"Options", "Misc", "Alerts"})
             settings::DeleteSettingSection(section);
         win::DeleteFileQuietly(ScratchIniPath());

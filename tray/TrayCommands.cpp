@@ -7,6 +7,7 @@
 #include "alerts/VersionCheck.h"
 #include "alerts/modDownloader.h"
 #include "settings/Hosts.h"
+#include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "settings/Version.h"
 #include "stations/StationList.h"
@@ -94,6 +95,7 @@ void ShutDown() {
     RemoveTrayIcon();
     RemoveMenuSubclass();
     alerts::AbandonDownloads();
+    settings::StoreHeldSettings();
     win::DeleteTempFiles("SVA");
     settings::State().runningMutex.Reset();
     StopExplorerMonitor(TrayWindow());

@@ -33,6 +33,14 @@ void PumpPendingMessages() {
     DispatchPending();
 }
 
+void PumpNowAndThen() {
+    constexpr DWORD shortest = 15;
+    static DWORD last = 0;
+    if (GetTickCount() - last < shortest) return;
+    PumpPendingMessages();
+    last = GetTickCount();
+}
+
 void PumpOrWait(DWORD milliseconds, HANDLE other) {
     MsgWaitForMultipleObjectsEx(other ? 1 : 0, &other, milliseconds, QS_ALLINPUT,
                                 MWMO_INPUTAVAILABLE);

@@ -25,12 +25,14 @@ def holdings_of(program):
 
 
 def run_cycles(program, feed, numbers):
+    """Every station has ten alerts that are new in a cycle and ten of the cycle before: no more than
+    the 249 characters by which a cycle shortens the list of seen alerts, or that list itself grows."""
     for number in numbers:
         for code in ("66044", "064321"):
-            feed.serve(code, *((f"{number}{code}{i}", f"Alert {number} {i}", "body " * 50)
-                               for i in range(20)))
+            feed.serve(code, *((f"{n}{code}{i}", f"Alert {n} {i}", "body " * 50)
+                               for n in (number - 1, number) for i in range(10)))
         program.tick()
-        wait_until(lambda: (program.store.read("Misc", "OldAlerts") or "").endswith(f"{number}06432119"),
+        wait_until(lambda: (program.store.read("Misc", "OldAlerts") or "").endswith(f"{number}0643219"),
                    f"the end of cycle {number}")
         assert program.answers()
 
@@ -46,5 +48,5 @@ def test_cycles_hold_nothing(make_watcher, feed):
     late = holdings_of(program)
     print(f"after 10 cycles {early}, after {cycles} {late}")
     assert (late.kernel, late.gdi, late.user) == (early.kernel, early.gdi, early.user)
-    # The program's heaps stay as they are; on the system's side Wine keeps about 0.6 KiB a cycle.
-    assert late.private_kib <= early.private_kib + 256 + cycles
+    # Some pages of the heap may be touched late; a thousand cycles then add nothing more.
+    assert late.private_kib <= early.private_kib + 64

@@ -38,12 +38,20 @@ TEST_P(EitherStore, WritesManyAsIfOneByOne) {
     WriteSetting("Alerts", "title1", "old");
     WriteSetting("Alerts", "keep", "kept");
     WriteSetting("Misc", "Runs", "7");
-    WriteSettings("Alerts", {{"title1", "new & Łódź"}, {"body1", "a\r\n[Misc]\r\nRuns=0"}});
-    EXPECT_EQ(ReadSetting("Alerts", "title1"), "new & Łódź");
-    EXPECT_EQ(ReadSetting("Alerts", "keep"), "kept");
+    HoldSettings("Alerts", {{"title1", "first"}, {"body1", "a\r\n[Misc]\r\nRuns=0"}});
+    HoldSettings("Alerts", {{"title1", "new & Łódź"}, {"Long", std::string(800, 'x')}});
+    const bool isIni = GetParam() == kUseIniStore;
+    for (const bool stored : {false, true}) {
+        if (stored) StoreHeldSettings();
+        EXPECT_EQ(ReadSetting("alerts", "Title1"), "new & Łódź");
+        EXPECT_EQ(ReadSetting("Alerts", "body1"),
+                  isIni ? "a [Misc] Runs=0" : "a\r\n[Misc]\r\nRuns=0");
+        EXPECT_EQ(ReadSetting("Alerts", "Long").size(), isIni ? 749u : 800u);
+        EXPECT_EQ(ReadSetting("Alerts", "keep"), "kept");
+    }
     EXPECT_EQ(ReadSetting("Misc", "Runs"), "7");
     const auto section = ReadSection("Alerts");
-    EXPECT_EQ(section.size(), 3u);
+    EXPECT_EQ(section.size(), 4u);
     EXPECT_EQ(section.at("title1"), "new & Łódź");
     EXPECT_EQ(section.at("body1"), ReadSetting("Alerts", "Body1"));
 }
@@ -86,7 +94,8 @@ TEST_F(Store, DoesNothingWithoutAChoice) {
 TEST_F(Store, LeavesAWideIniFileAsItIs) {
     const std::string wide("\xFF\xFE[\0A\0]\0\r\0\n\0", 12);
     ASSERT_TRUE(win::ReplaceFileWhole(tests::ScratchIniPath(), wide));
-    WriteSettings("A", {{"k", "v"}});
+    HoldSettings("A", {{"k", "v"}});
+    StoreHeldSettings();
     EXPECT_EQ(ReadSetting("A", "k"), "v");
     EXPECT_TRUE(win::ReadWholeFile(tests::ScratchIniPath()).value_or("").starts_with(wide));
 }
