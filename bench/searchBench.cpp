@@ -78,8 +78,11 @@ int main() {
     win::ReplaceFileWhole(path, MakeAnswer());
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&controls);
-    const HWND list = CreateWindowExA(0, WC_LISTVIEWA, "", WS_POPUP | WS_VISIBLE | LVS_REPORT, 0, 0,
-                                      400, 300, nullptr, nullptr, nullptr, nullptr);
+    const HWND window =
+        CreateWindowExA(0, "STATIC", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 500, 400, nullptr,
+                        nullptr, nullptr, nullptr);
+    const HWND list = CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | WS_VISIBLE | LVS_REPORT, 0, 0,
+                                      400, 300, window, nullptr, nullptr, nullptr);
     for (const char* header : {"Station Name", "Location", "Data Source"})
         win::AddListColumn(list, header, 120);
     for (int round = -1; round < 15; ++round) {

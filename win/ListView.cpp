@@ -61,21 +61,27 @@ void SelectListRow(HWND list, int row) {
 }
 
 void ResizeListViewColumns(HWND list) {
-    const auto sizeToFit = [&](int column) {
-        SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column),
-                     LVSCW_AUTOSIZE_USEHEADER);
+    const auto width = [&](int column) {
         return static_cast<int>(
             SendMessageA(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
     };
     const int count = CountColumns(list);
-    // The last column gets the room that is left, even where that is less than it needs: what it
+    SendMessageA(list, WM_SETREDRAW, FALSE, 0);  // or every step is painted
+    // The last column would get the room that is left, even where that is less than it needs: what it
     // needs shows while it is not the last.
     AddListColumn(list, "", 0);
-    int needed = 0;
-    for (int i = 0; i < count; ++i) needed = sizeToFit(i);
+    int used = 0;
+    for (int i = 0; i < count; ++i) {
+        SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i), LVSCW_AUTOSIZE_USEHEADER);
+        used += width(i);
+    }
     SendMessageA(list, LVM_DELETECOLUMN, static_cast<WPARAM>(count), 0);
-    if (count > 0 && sizeToFit(count - 1) < needed)
-        SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(count - 1), needed);
+    RECT room;
+    if (count > 0 && GetClientRect(list, &room) && used < room.right)
+        SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(count - 1),
+                     width(count - 1) + room.right - used);
+    SendMessageA(list, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(list, nullptr, TRUE);
 }
 
 }  // namespace win
