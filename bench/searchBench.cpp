@@ -9,7 +9,9 @@
 #include "bench/Stopwatch.h"
 #include "search/MapPage.h"
 #include "search/SearchFeed.h"
-#include "search/StationTableRules.h"
+#include "search/SearchForm.h"
+#include "search/StationRows.h"
+#include "search/resource.h"
 #include "settings/ProgramState.h"
 #include "win/Files.h"
 #include "win/ListView.h"
@@ -54,19 +56,38 @@ double TimeXml(const std::string& path) {
     return bench::Milliseconds() - began;
 }
 
-double TimeSearch(const std::string& path, HWND list) {
-    win::ClearList(list);
+double TimeSearch(const std::string& path) {
+    search::ShowStationRows({});
     const double began = bench::Milliseconds();
     const win::XmlDocument document = win::LoadXmlFile(path);
     const auto page = search::WriteMapPage(document);
     const auto table = search::ReadStations(search::ReadRows(document, "aws:weather/"));
-    const auto rows = search::ListRows(*table, true);
-    SendMessageA(list, WM_SETREDRAW, FALSE, 0);
-    for (const search::ListRow& row : *rows)
-        win::AddListRow(list, row.icon - 1, {row.name, row.location, row.dataSource});
-    SendMessageA(list, WM_SETREDRAW, TRUE, 0);
-    win::ResizeListViewColumns(list);
-    return page && win::CountListRows(list) == 500 ? bench::Milliseconds() - began : 0;
+    search::ShowStationRows(*search::ListRows(*table, true));
+    return page && search::Form().rows.size() == 500 ? bench::Milliseconds() - began : 0;
+}
+
+LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* note = reinterpret_cast<NMHDR*>(lParam);
+    if (message == WM_NOTIFY && note->code == static_cast<UINT>(LVN_GETDISPINFOA))
+        search::AnswerStationCell(reinterpret_cast<NMLVDISPINFOA&>(*note));
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+// A window with the list that the dialog has.
+void MakeForm() {
+    WNDCLASSA form{};
+    form.lpfnWndProc = FormProcedure;
+    form.lpszClassName = "searchBench";
+    RegisterClassA(&form);
+    const HWND window = CreateWindowExA(0, form.lpszClassName, "", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+                                        0, 0, 500, 400, nullptr, nullptr, nullptr, nullptr);
+    constexpr DWORD style = WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA;
+    const HWND list =
+        CreateWindowExA(0, WC_LISTVIEWA, "", style, 0, 0, 400, 300, window,
+                        reinterpret_cast<HMENU>(frmSearch_StationList), nullptr, nullptr);
+    for (const char* header : {"Station Name", "Location", "Data Source"})
+        win::AddListColumn(list, header, 120);
+    search::Form().window = window;
 }
 
 }  // namespace
@@ -78,16 +99,10 @@ int main() {
     win::ReplaceFileWhole(path, MakeAnswer());
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&controls);
-    const HWND window =
-        CreateWindowExA(0, "STATIC", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 500, 400, nullptr,
-                        nullptr, nullptr, nullptr);
-    const HWND list = CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | WS_VISIBLE | LVS_REPORT, 0, 0,
-                                      400, 300, window, nullptr, nullptr, nullptr);
-    for (const char* header : {"Station Name", "Location", "Data Source"})
-        win::AddListColumn(list, header, 120);
+    MakeForm();
     for (int round = -1; round < 15; ++round) {
         const double xml = TimeXml(path);
-        const double search = TimeSearch(path, list);
+        const double search = TimeSearch(path);
         if (round >= 0) std::printf("xml %.3f\nsearch %.3f\n", xml, search);
     }
     win::DeleteFileQuietly(settings::State().dataFolder + "\\HTML\\CitySearch.html");

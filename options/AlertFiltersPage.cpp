@@ -7,6 +7,7 @@
 #include "win/Choice.h"
 #include "win/Dialog.h"
 #include "win/Messages.h"
+#include "win/TextMeter.h"
 #include "win/TextRules.h"
 
 namespace options {
@@ -22,18 +23,10 @@ win::ChoiceControl List2(HWND page) {
 // Makes room to scroll to the end of the longest phrase.
 void FitScrollRange(HWND page) {
     const win::ChoiceControl list = List2(page);
-    const HDC device = GetDC(list.window);
-    const HGDIOBJ font = reinterpret_cast<HGDIOBJ>(SendMessageA(list.window, WM_GETFONT, 0, 0));
-    const HGDIOBJ previous = SelectObject(device, font);
-    LONG widest = 0;
-    for (int i = 0; i < win::CountChoices(list); ++i) {
-        const std::string text = win::ChoiceText(list, i) + "  ";
-        SIZE size{};
-        GetTextExtentPoint32A(device, text.c_str(), static_cast<int>(text.size()), &size);
-        widest = std::max(widest, size.cx);
-    }
-    SelectObject(device, previous);
-    ReleaseDC(list.window, device);
+    const win::TextMeter meter(list.window);
+    int widest = 0;
+    for (int i = 0; i < win::CountChoices(list); ++i)
+        widest = std::max(widest, meter.Width(win::ChoiceText(list, i) + "  "));
     SendMessageA(list.window, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
 }
 

@@ -12,7 +12,7 @@ std::optional<std::string> WriteMapPage(const win::XmlDocument& document) {
     const auto xml = win::DocumentUtf8(document);
     if (!pageTemplate || !xml) return std::nullopt;
     std::string path = folder + "CitySearch.html";
-    if (!win::ReplaceFileWhole(path, MapPage(*pageTemplate, *xml))) return std::nullopt;
+    if (!win::OverwriteFile(path, MapPage(*pageTemplate, *xml))) return std::nullopt;
     return path;
 }
 

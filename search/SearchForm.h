@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "search/MapBrowser.h"
 #include "search/SearchLayout.h"
@@ -20,6 +21,7 @@ struct SearchForm {
     win::ImageList images;  // ImageList1
     MapBrowser browser;     // mashupbrowser
     StationTable stations;
+    std::vector<ListRow> rows;  // of StationList
     std::string lastClickedStation;
     std::optional<std::string> chosenLine;
 

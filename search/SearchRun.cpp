@@ -6,6 +6,7 @@
 #include "search/SearchFeed.h"
 #include "search/SearchForm.h"
 #include "search/SearchRequestRules.h"
+#include "search/StationRows.h"
 #include "search/frmSearchChoose.h"
 #include "search/resource.h"
 #include "settings/Hosts.h"
@@ -55,7 +56,7 @@ void BeginSearch() {
     const HWND list = Control(frmSearch_StationList);
     SendMessageA(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(form.images.Get()));
     SetStatus("Searching for available locations...");
-    win::ClearList(list);
+    ShowStationRows({});
 }
 
 // Lets the user pick one of several locations; nothing ends the search.
@@ -123,16 +124,12 @@ bool LookUpStations(const Place& place) {
 }
 
 void FillStationList(bool listByZipCode) {
-    const HWND list = Control(frmSearch_StationList);
     if (Form().stations.identifiers.size() > 1)
         SetTimer(Form().window, frmSearch_CityClickedTimer, kPollMilliseconds, nullptr);
-    const auto rows = ListRows(Form().stations, listByZipCode);
+    auto rows = ListRows(Form().stations, listByZipCode);
     if (!rows) return;
-    SendMessageA(list, WM_SETREDRAW, FALSE, 0);
-    for (const ListRow& row : *rows)
-        win::AddListRow(list, row.icon - 1, {row.name, row.location, row.dataSource});
-    SendMessageA(list, WM_SETREDRAW, TRUE, 0);
     SetStatus(win::Decimal(static_cast<long long>(rows->size())) + " weather station(s) found.");
+    ShowStationRows(std::move(*rows));
 }
 
 void RunSearch(const std::string& text) {
@@ -156,7 +153,7 @@ bool WaitForMap() {
 void DoWithoutMap() {
     Form().browser.Remove();
     Form().layout.Apply(nullptr);
-    win::ResizeListViewColumns(Control(frmSearch_StationList));
+    win::FillLastListColumn(Control(frmSearch_StationList), Form().rows.size());
 }
 
 void EndSearch() {
@@ -167,7 +164,6 @@ void EndSearch() {
     const HWND next = hasRows ? list : Control(frmSearch_Text1);
     EnableWindow(next, TRUE);
     if (hasRows) SelectStation(0);
-    win::ResizeListViewColumns(list);
     SetFocus(next);
     EnableForm(true);
     if (hasRows) {

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "search/SearchForm.h"
+#include "search/StationRows.h"
 #include "search/frmSearchChoose.h"
 #include "search/resource.h"
 #include "settings/ProgramState.h"
@@ -78,7 +79,7 @@ void RunCommand(int control, int code) {
     }
 }
 
-void TakeListNote(const NMHDR& note) {
+void TakeListNote(NMHDR& note) {
     switch (note.code) {
         case static_cast<UINT>(NM_SETFOCUS):
             SendMessageA(Form().window, DM_SETDEFID, frmSearch_Command3, 0);
@@ -88,6 +89,12 @@ void TakeListNote(const NMHDR& note) {
             return;
         case static_cast<UINT>(NM_DBLCLK):
             return Command3_Click();
+        case static_cast<UINT>(LVN_GETDISPINFOA):
+            return AnswerStationCell(reinterpret_cast<NMLVDISPINFOA&>(note));
+        case static_cast<UINT>(LVN_ODFINDITEMA):
+            SetWindowLongPtrA(Form().window, DWLP_MSGRESULT,
+                              FindStationRow(reinterpret_cast<const NMLVFINDITEMA&>(note)));
+            return;
         case static_cast<UINT>(LVN_ITEMCHANGED): {
             const auto& change = reinterpret_cast<const NMLISTVIEW&>(note);
             const bool isSelected =
@@ -117,7 +124,7 @@ INT_PTR CALLBACK SearchProcedure(HWND dialog, UINT message, WPARAM wParam, LPARA
             RunCommand(LOWORD(wParam), HIWORD(wParam));
             return TRUE;
         case WM_NOTIFY: {
-            const auto* note = reinterpret_cast<const NMHDR*>(lParam);
+            auto* note = reinterpret_cast<NMHDR*>(lParam);
             if (note->idFrom != frmSearch_StationList) return FALSE;
             TakeListNote(*note);
             return TRUE;

@@ -13,13 +13,13 @@ std::uint64_t Join64(DWORD high, DWORD low) {
     return (std::uint64_t{high} << 32) | low;
 }
 
-bool WriteAll(const std::string& path, std::string_view text) {
+bool WriteAll(const std::string& path, std::string_view text, bool flush) {
     const FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
     DWORD written = 0;
     return file &&
            WriteFile(file.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
-           written == text.size() && FlushFileBuffers(file.Get());
+           written == text.size() && (!flush || FlushFileBuffers(file.Get()));
 }
 
 // Calls `visit(name, attributes)` for every entry of the folder but "." and "..".
@@ -76,11 +76,16 @@ bool ReplaceFileWhole(const std::string& path, std::string_view text) {
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY))
         return false;
     const std::string beside = path + ".new";
-    if (WriteAll(beside, text) && MoveFileExA(beside.c_str(), path.c_str(),
-                                              MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+    if (WriteAll(beside, text, true) &&
+        MoveFileExA(beside.c_str(), path.c_str(),
+                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
         return true;
     DeleteFileA(beside.c_str());
     return false;
+}
+
+bool OverwriteFile(const std::string& path, std::string_view text) {
+    return WriteAll(path, text, false);
 }
 
 void DeleteFileQuietly(const std::string& path) {

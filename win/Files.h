@@ -25,6 +25,9 @@ std::optional<std::string> ReadWholeFile(const std::string& path,
 // the old file or the new one. False, with the old file untouched, when it cannot be done.
 bool ReplaceFileWhole(const std::string& path, std::string_view text);
 
+// Writes a file that can be made again at any time: in place, and without waiting for the disk.
+bool OverwriteFile(const std::string& path, std::string_view text);
+
 // Deletes the file; a missing one is no error.
 void DeleteFileQuietly(const std::string& path);
 

@@ -10,6 +10,21 @@ int CountColumns(HWND list) {
     return static_cast<int>(SendMessageA(header, HDM_GETITEMCOUNT, 0, 0));
 }
 
+// Keeps the list from painting every step of a change.
+class WithoutRedraw {
+  public:
+    explicit WithoutRedraw(HWND list) : list_(list) { SendMessageA(list, WM_SETREDRAW, FALSE, 0); }
+    WithoutRedraw(const WithoutRedraw&) = delete;
+    WithoutRedraw& operator=(const WithoutRedraw&) = delete;
+    ~WithoutRedraw() {
+        SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
+        InvalidateRect(list_, nullptr, TRUE);
+    }
+
+  private:
+    HWND list_;
+};
+
 }  // namespace
 
 void AddListColumn(HWND list, const char* header, int width) {
@@ -39,8 +54,9 @@ void AddListRow(HWND list, int icon, std::initializer_list<std::string> texts) {
     }
 }
 
-void ClearList(HWND list) {
-    SendMessageA(list, LVM_DELETEALLITEMS, 0, 0);
+void SetListCount(HWND list, std::size_t rows) {
+    SendMessageA(list, LVM_SETITEMCOUNT, rows, 0);
+    InvalidateRect(list, nullptr, TRUE);
 }
 
 int CountListRows(HWND list) {
@@ -60,28 +76,38 @@ void SelectListRow(HWND list, int row) {
     SendMessageA(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
-void ResizeListViewColumns(HWND list) {
+void FitListColumns(HWND list) {
+    const int count = CountColumns(list);
+    const WithoutRedraw pause(list);
+    // The last column would get the room that is left, even where that is less than it needs: what
+    // it needs shows while it is not the last.
+    AddListColumn(list, "", 0);
+    for (int i = 0; i < count; ++i)
+        SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i), LVSCW_AUTOSIZE_USEHEADER);
+    SendMessageA(list, LVM_DELETECOLUMN, static_cast<WPARAM>(count), 0);
+}
+
+void FillLastListColumn(HWND list, std::size_t rows) {
     const auto width = [&](int column) {
         return static_cast<int>(
             SendMessageA(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
     };
-    const int count = CountColumns(list);
-    SendMessageA(list, WM_SETREDRAW, FALSE, 0);  // or every step is painted
-    // The last column would get the room that is left, even where that is less than it needs: what it
-    // needs shows while it is not the last.
-    AddListColumn(list, "", 0);
-    int used = 0;
-    for (int i = 0; i < count; ++i) {
-        SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i), LVSCW_AUTOSIZE_USEHEADER);
-        used += width(i);
-    }
-    SendMessageA(list, LVM_DELETECOLUMN, static_cast<WPARAM>(count), 0);
-    RECT room;
-    if (count > 0 && GetClientRect(list, &room) && used < room.right)
-        SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(count - 1),
-                     width(count - 1) + room.right - used);
-    SendMessageA(list, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(list, nullptr, TRUE);
+    RECT room{};
+    GetClientRect(list, &room);
+    const auto rowsInView = static_cast<std::size_t>(SendMessageA(list, LVM_GETCOUNTPERPAGE, 0, 0));
+    const bool hasScrollBar = GetWindowLongA(list, GWL_STYLE) & WS_VSCROLL;
+    if (rows > rowsInView && !hasScrollBar) room.right -= GetSystemMetrics(SM_CXVSCROLL);
+    const int last = CountColumns(list) - 1;
+    int others = 0;
+    for (int i = 0; i < last; ++i) others += width(i);
+    if (others + width(last) >= room.right) return;
+    const WithoutRedraw pause(list);
+    SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(last), room.right - others);
+}
+
+void ResizeListViewColumns(HWND list) {
+    FitListColumns(list);
+    FillLastListColumn(list, static_cast<std::size_t>(CountListRows(list)));
 }
 
 }  // namespace win

@@ -12,7 +12,8 @@ void AddListColumn(HWND list, const char* header, int width);
 
 // Appends a row; `icon` counts from 0 in the list's small icons.
 void AddListRow(HWND list, int icon, std::initializer_list<std::string> texts);
-void ClearList(HWND list);
+// Tells a list that asks for its texts how many rows there are; draws them anew.
+void SetListCount(HWND list, std::size_t rows);
 int CountListRows(HWND list);
 
 // The selected row counted from 0, -1 for none.
@@ -22,5 +23,8 @@ void SelectListRow(HWND list, int row);
 
 // Sizes every column to fit both its contents and its header; the last one takes the rest.
 void ResizeListViewColumns(HWND list);
+// Its two steps; the second leaves room for the scroll bar that so many rows need.
+void FitListColumns(HWND list);
+void FillLastListColumn(HWND list, std::size_t rows);
 
 }  // namespace win

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 namespace win {
 
 std::wstring ToWide(std::string_view text) {
@@ -13,6 +15,9 @@ std::wstring ToWide(std::string_view text) {
 }
 
 static std::string Narrow(std::wstring_view text, UINT codePage) {
+    // ASCII, which is most of what feeds hold, is the same in every code page.
+    if (std::all_of(text.begin(), text.end(), [](wchar_t c) { return c < 0x80; }))
+        return {text.begin(), text.end()};
     const int size = static_cast<int>(text.size());
     const int length =
         WideCharToMultiByte(codePage, 0, text.data(), size, nullptr, 0, nullptr, nullptr);

@@ -78,7 +78,7 @@ std::string_view TrimBlanks(std::string_view text) {
 
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with) {
     std::string result;
-    result.reserve(text.size());
+    result.reserve(text.size() + with.size());
     for (std::size_t start = 0;;) {
         const std::size_t found = text.find(what, start);
         result.append(text.substr(start, found - start));

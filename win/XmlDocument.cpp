@@ -67,6 +67,8 @@ XmlAttributes NodeAttributes(const XmlNode& node) {
     XmlAttributes attributes;
     Microsoft::WRL::ComPtr<IXMLDOMNamedNodeMap> map;
     if (FAILED(node->get_attributes(&map)) || !map) return attributes;
+    long count = 0;
+    if (SUCCEEDED(map->get_length(&count))) attributes.reserve(static_cast<std::size_t>(count));
     XmlNode attribute;
     while (map->nextNode(attribute.ReleaseAndGetAddressOf()) == S_OK && attribute)
         attributes.push_back({BaseName(attribute), NodeText(attribute)});

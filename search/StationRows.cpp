@@ -1,0 +1,75 @@
+#include "search/StationRows.h"
+
+#include <utility>
+
+#include "search/SearchForm.h"
+#include "search/resource.h"
+#include "win/ListView.h"
+#include "win/TextMeter.h"
+#include "win/Text.h"
+
+namespace search {
+namespace {
+
+constexpr std::string ListRow::*kColumns[] = {&ListRow::name, &ListRow::location,
+                                              &ListRow::dataSource};
+
+// A row that is as wide as the widest of each column.
+ListRow WidestRow(HWND list, const std::vector<ListRow>& rows) {
+    const win::TextMeter meter(list);
+    ListRow widest;
+    for (const auto column : kColumns) {
+        int most = -1;
+        const std::string* previous = nullptr;  // neighbours mostly share their place and source
+        for (const ListRow& row : rows) {
+            const std::string& text = row.*column;
+            if (previous && *previous == text) continue;
+            previous = &text;
+            const int width = meter.Width(text);
+            if (width <= most) continue;
+            most = width;
+            widest.*column = text;
+        }
+    }
+    return widest;
+}
+
+void SetRows(HWND list, std::vector<ListRow> rows) {
+    Form().rows = std::move(rows);
+    win::SetListCount(list, Form().rows.size());
+}
+
+}  // namespace
+
+void ShowStationRows(std::vector<ListRow> rows) {
+    const HWND list = Control(frmSearch_StationList);
+    // A list that asks for its texts sizes itself by the rows in view at most: it is shown the
+    // widest.
+    SetRows(list, {WidestRow(list, rows)});
+    win::FitListColumns(list);
+    win::FillLastListColumn(list, rows.size());
+    SetRows(list, std::move(rows));
+}
+
+void AnswerStationCell(NMLVDISPINFOA& request) {
+    LVITEMA& item = request.item;
+    const auto row = static_cast<std::size_t>(item.iItem);
+    const auto column = static_cast<std::size_t>(item.iSubItem);
+    if (row >= Form().rows.size() || column >= std::size(kColumns)) return;
+    if (item.mask & LVIF_TEXT)
+        item.pszText = const_cast<char*>((Form().rows[row].*kColumns[column]).c_str());
+    if (item.mask & LVIF_IMAGE) item.iImage = Form().rows[row].icon - 1;
+}
+
+int FindStationRow(const NMLVFINDITEMA& request) {
+    if (!(request.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL))) return -1;
+    const std::string wanted = win::ToLower(request.lvfi.psz);
+    const std::size_t count = Form().rows.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t row = (static_cast<std::size_t>(request.iStart) + i) % count;
+        if (win::ToLower(Form().rows[row].name).starts_with(wanted)) return static_cast<int>(row);
+    }
+    return -1;
+}
+
+}  // namespace search

@@ -1,0 +1,23 @@
+#pragma once
+#include <windows.h>
+#include <commctrl.h>
+
+#include <vector>
+
+#include "search/StationTableRules.h"
+
+// What StationList shows. The list holds no texts of its own but asks for those that it draws, so
+// that it is filled at once however many stations there are.
+namespace search {
+
+// Replaces the rows and sizes every column to its contents and header; the last one takes the room
+// that is left.
+void ShowStationRows(std::vector<ListRow> rows);
+
+// Answers a request of the list for a cell.
+void AnswerStationCell(NMLVDISPINFOA& request);
+
+// The row that letters typed in the list ask for, -1 for none.
+int FindStationRow(const NMLVFINDITEMA& request);
+
+}  // namespace search
