@@ -1,6 +1,7 @@
 #pragma once
 #include <windows.h>
 
+#include <array>
 #include <string>
 
 namespace win {
@@ -17,9 +18,12 @@ class TextMeter {
     int Width(const std::string& text) const;
 
   private:
+    int Ask(const std::string& text) const;
+
     HWND control_;
     HDC device_;
     HGDIOBJ previousFont_;
+    std::array<INT, 128> asciiWidths_{};
 };
 
 }  // namespace win
