@@ -9,7 +9,7 @@ namespace search {
 std::optional<std::string> WriteMapPage(const win::XmlDocument& document) {
     const std::string folder = settings::State().dataFolder + "\\HTML\\";
     const auto pageTemplate = win::ReadWholeFile(folder + "CitySearch.sv");
-    const auto xml = win::DocumentUtf8(document);
+    const auto xml = document ? win::DocumentUtf8(document) : std::string();
     if (!pageTemplate || !xml) return std::nullopt;
     std::string path = folder + "CitySearch.html";
     if (!win::OverwriteFile(path, MapPage(*pageTemplate, *xml))) return std::nullopt;

@@ -113,10 +113,12 @@ bool LookUpStations(const Place& place) {
     const alerts::Download download(FeedAddress(StationQuery(place)), kTempPrefix, IsFormClosing);
     if (Form().isClosing) return false;
     const win::XmlDocument document = win::LoadXmlFile(download.DataFile());
-    if (!document || Form().isClosing) return false;
-    const auto page = WriteMapPage(document);
+    if (Form().isClosing) return false;
+    const auto page =
+        WriteMapPage(document);  // without a document an empty one, as the list will be
     if (!page) return false;
     Form().browser.Navigate(*page);
+    if (!document) return false;
     auto stations = ReadStations(ReadRows(document, "aws:weather/"));
     if (!stations) return false;
     Form().stations = std::move(*stations);
@@ -170,6 +172,7 @@ void EndSearch() {
         if (!WaitForMap()) return;
         if (!Form().browser.HasDocument()) DoWithoutMap();
         CenterMap();
+        if (IsChild(Form().browser.Window(), GetFocus())) SetFocus(list);  // taken by the new page
     }
     SetWaitPointer(false);
 }

@@ -61,12 +61,16 @@ void AnswerStationCell(NMLVDISPINFOA& request) {
     if (item.mask & LVIF_IMAGE) item.iImage = Form().rows[row].icon - 1;
 }
 
-int FindStationRow(const NMLVFINDITEMA& request) {
-    if (!(request.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL))) return -1;
-    const std::string wanted = win::ToLower(request.lvfi.psz);
+int FindStationRow(const NMHDR& request) {
+    // An ANSI dialog gets the wide request from some systems; the two differ in the text alone.
+    const auto& ansi = reinterpret_cast<const NMLVFINDITEMA&>(request);
+    const auto& wide = reinterpret_cast<const NMLVFINDITEMW&>(request);
+    const bool isWide = request.code == static_cast<UINT>(LVN_ODFINDITEMW);
+    if (!(ansi.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) || !ansi.lvfi.psz) return -1;
+    const std::string wanted = win::ToLower(isWide ? win::FromWide(wide.lvfi.psz) : ansi.lvfi.psz);
     const std::size_t count = Form().rows.size();
     for (std::size_t i = 0; i < count; ++i) {
-        const std::size_t row = (static_cast<std::size_t>(request.iStart) + i) % count;
+        const std::size_t row = (static_cast<std::size_t>(ansi.iStart) + i) % count;
         if (win::ToLower(Form().rows[row].name).starts_with(wanted)) return static_cast<int>(row);
     }
     return -1;

@@ -17,7 +17,7 @@ void ShowStationRows(std::vector<ListRow> rows);
 // Answers a request of the list for a cell.
 void AnswerStationCell(NMLVDISPINFOA& request);
 
-// The row that letters typed in the list ask for, -1 for none.
-int FindStationRow(const NMLVFINDITEMA& request);
+// The row that letters typed in the list ask for by LVN_ODFINDITEM, -1 for none.
+int FindStationRow(const NMHDR& request);
 
 }  // namespace search

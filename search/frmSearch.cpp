@@ -92,8 +92,8 @@ void TakeListNote(NMHDR& note) {
         case static_cast<UINT>(LVN_GETDISPINFOA):
             return AnswerStationCell(reinterpret_cast<NMLVDISPINFOA&>(note));
         case static_cast<UINT>(LVN_ODFINDITEMA):
-            SetWindowLongPtrA(Form().window, DWLP_MSGRESULT,
-                              FindStationRow(reinterpret_cast<const NMLVFINDITEMA&>(note)));
+        case static_cast<UINT>(LVN_ODFINDITEMW):
+            SetWindowLongPtrA(Form().window, DWLP_MSGRESULT, FindStationRow(note));
             return;
         case static_cast<UINT>(LVN_ITEMCHANGED): {
             const auto& change = reinterpret_cast<const NMLISTVIEW&>(note);
