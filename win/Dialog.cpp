@@ -68,7 +68,11 @@ void SetChecked(HWND dialog, int control, bool checked) {
 }
 
 void EnableControl(HWND dialog, int control, bool enable) {
-    EnableWindow(GetDlgItem(dialog, control), enable);
+    const HWND window = GetDlgItem(dialog, control);
+    // The keyboard would be lost in a control that is off.
+    if (!enable && GetFocus() == window)
+        SendMessageA(GetAncestor(dialog, GA_ROOT), WM_NEXTDLGCTL, TRUE, FALSE);
+    EnableWindow(window, enable);
 }
 
 }  // namespace win
