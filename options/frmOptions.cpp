@@ -154,7 +154,7 @@ bool TurnPage(const MSG& message) {
         GetAncestor(message.hwnd, GA_ROOT) != form.window)
         return false;
     const std::size_t step = GetKeyState(VK_SHIFT) < 0 ? kPageCount - 1 : 1;
-    SetFocus(Tabs());
+    SendMessageA(form.window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Tabs()), TRUE);
     SelectTab((form.activeFrame + step) % kPageCount);
     return true;
 }
