@@ -221,13 +221,8 @@ void ShowOptionsDialog() {
         SetForegroundWindow(GetLastActivePopup(form.window));
         return;
     }
-    INITCOMMONCONTROLSEX controls{sizeof controls, ICC_TAB_CLASSES | ICC_STANDARD_CLASSES};
-    InitCommonControlsEx(&controls);
-    const HWND dialog = CreateDialogParamA(
-        GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_frmOptions), nullptr, OptionsProcedure, 0);
-    if (!dialog) return;
-    win::PresentDialog(dialog, IDI_PROGRAM);
-    win::RunModal(dialog, TurnPage);
+    win::ShowModal({IDD_frmOptions, IDI_PROGRAM, ICC_TAB_CLASSES, OptionsProcedure}, nullptr,
+                   TurnPage);
 }
 
 }  // namespace options

@@ -87,13 +87,7 @@ void ShowAboutBox() {
         SetForegroundWindow(openBox);
         return;
     }
-    INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LINK_CLASS | ICC_STANDARD_CLASSES};
-    InitCommonControlsEx(&controls);
-    const HWND dialog = CreateDialogParamA(
-        GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_frmAbout), nullptr, AboutProcedure, 0);
-    if (!dialog) return;
-    win::PresentDialog(dialog, IDI_PROGRAM);
-    win::RunModal(dialog);
+    win::ShowModal({IDD_frmAbout, IDI_PROGRAM, ICC_LINK_CLASS, AboutProcedure});
     win::PumpPendingMessages();
 }
 

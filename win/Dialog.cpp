@@ -1,5 +1,7 @@
 #include "win/Dialog.h"
 
+#include <commctrl.h>
+
 #include "win/Images.h"
 #include "win/Messages.h"
 
@@ -41,6 +43,17 @@ void PresentDialog(HWND dialog, int iconResource) {
     }
     ShowWindow(dialog, SW_SHOW);
     SetForegroundWindow(dialog);
+}
+
+bool ShowModal(const DialogForm& form, HWND owner, bool (*translate)(const MSG&)) {
+    INITCOMMONCONTROLSEX controls{sizeof controls, form.controlClasses | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&controls);
+    const HWND dialog = CreateDialogParamA(
+        GetModuleHandleA(nullptr), MAKEINTRESOURCEA(form.resource), owner, form.procedure, 0);
+    if (!dialog) return false;
+    PresentDialog(dialog, form.icon);
+    RunModal(dialog, translate);
+    return true;
 }
 
 std::string WindowText(HWND window) {

@@ -16,6 +16,18 @@ void EndModal(HWND dialog);
 // Gives the dialog the program's icon and puts it in front.
 void PresentDialog(HWND dialog, int iconResource);
 
+// A dialog of the program's resources.
+struct DialogForm {
+    int resource;
+    int icon;
+    DWORD controlClasses;  // of common controls (ICC_...), beside the standard ones
+    DLGPROC procedure;
+};
+
+// Makes the dialog, presents it, and runs it as a modal one. False when it cannot be made.
+bool ShowModal(const DialogForm& form, HWND owner = nullptr,
+               bool (*translate)(const MSG&) = nullptr);
+
 // The text of a control, whole.
 std::string ControlText(HWND dialog, int control);
 std::string WindowText(HWND window);
