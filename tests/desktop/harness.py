@@ -7,6 +7,7 @@ built program folder and PROBE the helper that looks around inside Wine.
 import contextlib
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import time
@@ -63,6 +64,8 @@ class Window:
     right: int
     bottom: int
     enabled: bool
+    ticked: bool
+    control: int
     class_name: str
     text: str
     children: list
@@ -75,9 +78,8 @@ def visible_windows():
     """The visible top-level windows, each with everything visible in it."""
     top_level = []
     for fields in probe("windows"):
-        parent, process, left, top, right, bottom, enabled = map(int, fields[:7])
-        window = Window(parent, process, left, top, right, bottom, bool(enabled), *fields[7:9], [])
-        (top_level[-1].children if parent else top_level).append(window)
+        window = Window(*map(int, fields[:9]), *fields[9:], [])
+        (top_level[-1].children if window.parent else top_level).append(window)
     return top_level
 
 
@@ -104,6 +106,7 @@ def pixels(left, top, width, height):
 
 class MessageBox:
     def __init__(self, window):
+        self.title = window.text
         statics = [child.text for child in window.children if child.class_name == "Static"]
         self.text = max(statics, key=len)
         self.buttons = {child.text.replace("&", ""): child for child in window.children
@@ -113,20 +116,20 @@ class MessageBox:
         """Clicks where the button stands now, and again if nothing comes of it: on a busy machine a new
         box is still on its way to its place when it is first seen."""
         for _ in range(5):
-            for box in message_boxes():
+            for box in message_boxes(self.title):
                 click(*box.buttons[button].center())
-            if not stays(message_boxes, 3):
+            if not stays(lambda: message_boxes(self.title), 3):
                 return
         raise AssertionError(f"the message box stays: {self.text}")
 
 
-def message_boxes():
-    return [MessageBox(window) for window in find_windows("#32770", PROGRAM_NAME)]
+def message_boxes(title=PROGRAM_NAME):
+    return [MessageBox(window) for window in find_windows("#32770", title)]
 
 
-def wait_for_message_box():
+def wait_for_message_box(title=PROGRAM_NAME):
     def find():
-        found = message_boxes()
+        found = message_boxes(title)
         return found[0] if found and found[0].buttons else None
     return wait_until(find, "a message box")
 
@@ -254,6 +257,10 @@ class Program:
 
     def wait_for_end(self, seconds=15):
         return self.process.wait(seconds)
+
+    def sounds_played(self):
+        """Of a program that was started with WINEDEBUG="+winmm"."""
+        return [name.replace("\\\\", "\\") for name in re.findall(r'SoundName=L"(.*?)"', self.errors())]
 
     def answers(self):
         """Whether the program still handles messages."""

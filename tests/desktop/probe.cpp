@@ -2,7 +2,8 @@
 // to it. Each command prints lines of fields parted by tabs; \n, \r, \t and \\ stand escaped in
 // texts.
 //
-//   windows                                the visible windows and what is in them
+//   windows                                the visible windows and what is in them; the text of a
+//                                          list is its entries
 //   send CLASS MESSAGE WPARAM LPARAM       SendMessage; MESSAGE is a number or a registered name
 //   post CLASS MESSAGE WPARAM LPARAM ...   PostMessage, for each three
 //   forget-icon CLASS                      takes the window's icon out of the taskbar
@@ -17,6 +18,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cwchar>
 #include <string>
 #include <vector>
 
@@ -63,13 +65,27 @@ void Print(const std::string& text) {
               &written, nullptr);
 }
 
-// A hung program must not hang the test: the text is asked for with a limit.
-std::wstring TextOf(HWND window) {
+// A hung program must not hang the test: the answer is waited for with a limit.
+int Ask(HWND window, UINT message, WPARAM wParam = 0, const wchar_t* text = nullptr) {
+    DWORD_PTR result = 0;
+    SendMessageTimeoutW(window, message, wParam, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG,
+                        2000, &result);
+    return static_cast<int>(result);
+}
+
+std::wstring TextOf(HWND window, const std::wstring& className) {
     wchar_t text[4096] = L"";
-    DWORD_PTR length = 0;
-    SendMessageTimeoutW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text),
-                        SMTO_ABORTIFHUNG, 2000, &length);
-    return text;
+    if (className != L"ListBox" && className != L"ComboLBox") {
+        Ask(window, WM_GETTEXT, std::size(text), text);
+        return text;
+    }
+    std::wstring entries;
+    const int count = Ask(window, LB_GETCOUNT);
+    for (int i = 0; i < count; ++i) {
+        Ask(window, LB_GETTEXT, static_cast<WPARAM>(i), text);
+        entries += (i ? L"\n" : L"") + std::wstring(text);
+    }
+    return entries;
 }
 
 BOOL CALLBACK PrintWindow(HWND window, LPARAM top) {
@@ -80,11 +96,13 @@ BOOL CALLBACK PrintWindow(HWND window, LPARAM top) {
     GetWindowRect(window, &place);
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
+    const bool ticked = !std::wcscmp(className, L"Button") && Ask(window, BM_GETCHECK);
     char numbers[160];
-    std::snprintf(numbers, sizeof numbers, "%ld\t%lu\t%ld\t%ld\t%ld\t%ld\t%d\t",
+    std::snprintf(numbers, sizeof numbers, "%ld\t%lu\t%ld\t%ld\t%ld\t%ld\t%d\t%d\t%d\t",
                   static_cast<long>(top), process, place.left, place.top, place.right, place.bottom,
-                  IsWindowEnabled(window));
-    Print(numbers + Escaped(Utf8(className)) + "\t" + Escaped(Utf8(TextOf(window))) + "\n");
+                  IsWindowEnabled(window), ticked, GetDlgCtrlID(window));
+    Print(numbers + Escaped(Utf8(className)) + "\t" + Escaped(Utf8(TextOf(window, className))) +
+          "\n");
     if (!top) EnumChildWindows(window, PrintWindow, reinterpret_cast<LPARAM>(window));
     return TRUE;
 }

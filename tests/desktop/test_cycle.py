@@ -1,7 +1,6 @@
 """Retrieval cycles as a person sees them."""
 
 import datetime
-import re
 import shutil
 
 import pytest
@@ -214,10 +213,6 @@ def test_chosen_sound(make_watcher, feed):
     feed.serve("66044", TORNADO)
     program.run_quiet_cycle(Options={"FlashTrayIcon": "True", "TrayAlertSound": "Urgent.wav"})
     expected = windows_path(program.folder / "Sounds" / "Urgent.wav")
-    wait_until(lambda: sounds_played(program) == [expected], "the sound")
+    wait_until(lambda: program.sounds_played() == [expected], "the sound")
     program.run_quiet_cycle()
-    assert sounds_played(program) == [expected], "known alerts sound again"
-
-
-def sounds_played(program):
-    return [name.replace("\\\\", "\\") for name in re.findall(r'SoundName=L"(.*?)"', program.errors())]
+    assert program.sounds_played() == [expected], "known alerts sound again"

@@ -7,11 +7,6 @@ namespace {
 
 const std::string blanks(100, ' ');
 
-TEST(OptionsRules, MakesPageKeys) {
-    EXPECT_EQ(PageKey("Tray Icon"), "TrayIcon");
-    EXPECT_EQ(PageKey("General"), "General");
-}
-
 TEST(OptionsRules, StoresFilterWordsWithoutQuotes) {
     EXPECT_EQ(JoinFilterWords({}), "");
     EXPECT_EQ(JoinFilterWords({QuotedWord("a|b"), QuotedWord("say \"hi\""), QuotedWord("Łódź")}),
