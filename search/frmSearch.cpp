@@ -214,17 +214,11 @@ std::optional<std::string> ShowSearchDialog(HWND owner, HWND stationCombo) {
     static bool isOpen = false;
     if (isOpen) return std::nullopt;
     isOpen = true;
-    INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES | ICC_STANDARD_CLASSES};
-    InitCommonControlsEx(&controls);
     Form() = SearchForm();
     Form().stationCombo = stationCombo;
-    const HWND dialog = CreateDialogParamA(
-        GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_frmSearch), owner, SearchProcedure, 0);
-    if (dialog) {
-        win::PresentDialog(dialog, IDI_PROGRAM);
-        win::RunModal(dialog, TakeBrowserKey);
+    if (win::ShowModal({IDD_frmSearch, IDI_PROGRAM, ICC_LISTVIEW_CLASSES, SearchProcedure}, owner,
+                       TakeBrowserKey))
         Form_Unload(owner);
-    }
     auto line = std::move(Form().chosenLine);
     Form() = SearchForm();
     isOpen = false;

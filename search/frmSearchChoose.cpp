@@ -11,8 +11,10 @@ namespace search {
 namespace {
 
 struct ChooserForm {
+    std::vector<std::string> rows;
+    HIMAGELIST images = nullptr;
     HWND window = nullptr;
-    std::optional<std::size_t> selectedRow;
+    std::optional<std::size_t> selectedRow = std::nullopt;
 };
 ChooserForm chooser;
 
@@ -31,12 +33,21 @@ void Command2_Click() {
     win::EndModal(chooser.window);
 }
 
+void Form_Load() {
+    const HWND list = LocationList();
+    SendMessageA(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+    SendMessageA(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(chooser.images));
+    win::AddListColumn(list, "Location Name", 0);
+    for (const std::string& row : chooser.rows) win::AddListRow(list, kPlaceIcon - 1, {row});
+    win::ResizeListViewColumns(list);
+    win::SelectListRow(list, 0);
+}
+
 INT_PTR CALLBACK ChooserProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
             chooser.window = dialog;
-            SendMessageA(LocationList(), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT,
-                         LVS_EX_FULLROWSELECT);
+            Form_Load();
             return TRUE;
         case WM_PAINT:
             SetFocus(LocationList());
@@ -60,28 +71,14 @@ INT_PTR CALLBACK ChooserProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
     }
 }
 
-void FillLocationList(const std::vector<std::string>& rows, HIMAGELIST images) {
-    const HWND list = LocationList();
-    SendMessageA(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images));
-    win::AddListColumn(list, "Location Name", 0);
-    for (const std::string& row : rows) win::AddListRow(list, kPlaceIcon - 1, {row});
-    win::ResizeListViewColumns(list);
-    win::SelectListRow(list, 0);
-}
-
 }  // namespace
 
 std::optional<std::size_t> ShowLocationChooser(HWND owner, const std::vector<std::string>& rows,
                                                HIMAGELIST images) {
     if (rows.empty() || chooser.window) return std::nullopt;
-    chooser = ChooserForm();
-    const HWND dialog =
-        CreateDialogParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_frmSearchChoose), owner,
-                           ChooserProcedure, 0);
-    if (!dialog) return std::nullopt;
-    FillLocationList(rows, images);
-    win::PresentDialog(dialog, IDI_PROGRAM);
-    win::RunModal(dialog);
+    chooser = ChooserForm{rows, images};
+    win::ShowModal({IDD_frmSearchChoose, IDI_PROGRAM, ICC_LISTVIEW_CLASSES, ChooserProcedure},
+                   owner);
     win::PumpPendingMessages();
     return chooser.selectedRow;
 }

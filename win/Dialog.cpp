@@ -29,7 +29,7 @@ void EndModal(HWND dialog) {
     DestroyWindow(dialog);
 }
 
-void PresentDialog(HWND dialog, int iconResource) {
+static void PresentDialog(HWND dialog, int iconResource) {
     const struct {
         WPARAM kind;
         int metric;

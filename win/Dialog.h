@@ -13,9 +13,6 @@ void RunModal(HWND dialog, bool (*translate)(const MSG&) = nullptr);
 // Closes a dialog that RunModal runs.
 void EndModal(HWND dialog);
 
-// Gives the dialog the program's icon and puts it in front.
-void PresentDialog(HWND dialog, int iconResource);
-
 // A dialog of the program's resources.
 struct DialogForm {
     int resource;
@@ -24,7 +21,8 @@ struct DialogForm {
     DLGPROC procedure;
 };
 
-// Makes the dialog, presents it, and runs it as a modal one. False when it cannot be made.
+// Makes the dialog, gives it its icon, puts it in front, and runs it as a modal one. False when it
+// cannot be made.
 bool ShowModal(const DialogForm& form, HWND owner = nullptr,
                bool (*translate)(const MSG&) = nullptr);
 
