@@ -45,7 +45,8 @@ std::string ChoiceText(const ChoiceControl& control, int index) {
     const LRESULT copied =
         Send(control, CB_GETLBTEXT, LB_GETTEXT, place, reinterpret_cast<LPARAM>(text.data()));
     if (copied < 0) return {};
-    return text.data();  // up to its zero
+    text.resize(text.find('\0'));
+    return text;
 }
 
 int FindChoice(const ChoiceControl& control, std::string_view text) {
