@@ -28,7 +28,7 @@ void OfferDownload(HWND owner, const std::string& version, bool interactive) {
     if (!interactive && settings::ReadSetting(settings::kCheckVersion) == version) return;
     settings::WriteSetting(settings::kCheckVersion, version);
     if (win::Ask(
-            owner,
+            nullptr,
             "Skyvane Alerts v" + version + " is available!  Would you like to download it now?",
             MB_ICONINFORMATION))
         win::OpenInBrowser(owner, settings::MakerHost() + "/Skyvane-Alerts.asp");

@@ -83,6 +83,8 @@ std::string WaitForStatus(const std::string& statusFile, win::KernelHandle downl
 Download::Download(const std::string& address, const std::string& prefix, IsGivenUp isGivenUp)
     : dataFile_(win::MakeTempFileName(prefix)), statusFile_(win::MakeTempFileName(prefix)) {
     underWay.push_back(this);
+    if (dataFile_.empty() || statusFile_.empty())
+        return;  // no room, say: no status would ever come
     const std::string status = WaitForStatus(
         statusFile_, RunDownloader(DownloadArgument(address, dataFile_, statusFile_)), isGivenUp);
     if (isGivenUp && isGivenUp()) return;

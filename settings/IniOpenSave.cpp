@@ -47,7 +47,9 @@ std::string WithoutTornEnd(std::string value) {
 std::optional<std::string> ReadIniText() {
     const std::string path = DefaultIniPath();
     if (!win::FileExists(path)) return std::string();
-    std::optional<std::string> text = win::ReadWholeFile(path);
+    // Alerts gather in the file, up to 32,767 of them.
+    constexpr std::uint64_t longest = 256u << 20;
+    std::optional<std::string> text = win::ReadWholeFile(path, longest);
     const bool isWide = text && (text->starts_with("\xFF\xFE") || text->starts_with("\xFE\xFF"));
     return isWide ? std::nullopt : text;
 }

@@ -1,5 +1,7 @@
 #include "tray/frmTray.h"
 
+#include <utility>
+
 #include <array>
 
 #include "settings/Catalogue.h"
@@ -47,6 +49,8 @@ void PerformClickAction(const std::string& action) {
 }
 
 void OpenTrayMenu() {
+    static bool isOpening = false;
+    if (std::exchange(isOpening, true)) return;  // a second click, which came while messages ran
     SetForegroundWindow(window);
     win::PumpPendingMessages();
     if (settings::State().newAlertIconShown) {
@@ -54,6 +58,7 @@ void OpenTrayMenu() {
         settings::State().newAlertIconShown = false;
     }
     ShowTrayMenu();
+    isOpening = false;
 }
 
 // The icon's callback: x carries the mouse message.

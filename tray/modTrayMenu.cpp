@@ -142,8 +142,9 @@ void BuildStationMenu() {
     const settings::ProgramState& state = settings::State();
     if (state.stationCount == 0) return;
     AppendMenuA(StationMenuHandle, MF_SEPARATOR, kStationSeparator, nullptr);
-    for (std::size_t i = 0; i < state.stations.size() && !state.stations[i].empty(); ++i) {
+    for (std::size_t i = 0; i < state.stations.size(); ++i) {
         const std::string caption = MenuText(stations::DisplayText(state.stations[i]));
+        if (caption.empty()) break;
         AppendMenuA(StationMenuHandle, MF_STRING, kFirstStation + i, caption.c_str());
     }
     if (AlertItemsCollide()) BuildAlertsMenu();

@@ -22,6 +22,17 @@ bool WriteAll(const std::string& path, std::string_view text, bool flush) {
            written == text.size() && (!flush || FlushFileBuffers(file.Get()));
 }
 
+// A virus scanner or a backup may hold a file for a moment.
+FileHandle OpenForReading(const std::string& path) {
+    constexpr DWORD milliseconds = 20;
+    for (int triesLeft = 10;; --triesLeft) {
+        FileHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+        if (file || triesLeft == 0 || GetLastError() != ERROR_SHARING_VIOLATION) return file;
+        Sleep(milliseconds);
+    }
+}
+
 // Calls `visit(name, attributes)` for every entry of the folder but "." and "..".
 template <class Visit>
 void ForEachEntry(const std::string& pattern, Visit visit) {
@@ -57,9 +68,7 @@ bool FileHasContent(const std::string& path) {
 }
 
 std::optional<std::string> ReadWholeFile(const std::string& path, std::uint64_t limit) {
-    const FileHandle file(CreateFileA(path.c_str(), GENERIC_READ,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                                      FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    const FileHandle file = OpenForReading(path);
     LARGE_INTEGER size;
     if (!file || !GetFileSizeEx(file.Get(), &size)) return std::nullopt;
     if (static_cast<std::uint64_t>(size.QuadPart) > limit) return std::nullopt;
@@ -101,9 +110,10 @@ std::vector<std::string> FindFileNames(const std::string& pattern) {
 }
 
 bool IsFolderWritable(const std::string& path) {
-    return static_cast<bool>(
-        FileHandle(CreateFileA((path + "\\writable.tmp").c_str(), GENERIC_WRITE, 0, nullptr,
-                               CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE, nullptr)));
+    char name[MAX_PATH];
+    if (!GetTempFileNameA(path.c_str(), "SVA", 0, name)) return false;
+    DeleteFileA(name);
+    return true;
 }
 
 void MakeFolder(const std::string& path) {

@@ -85,9 +85,12 @@ TEST_F(TrayMenuTest, ListsStationsUpToTheFirstEmptyOne) {
     EXPECT_EQ(GetMenuItemCount(StationMenu()), 4);
     EXPECT_EQ(TextAt(StationMenu(), 3), "Place 2");
     EXPECT_EQ(GetMenuItemID(StationMenu(), 3), 8002u);
-    settings::State().stations[0].clear();
-    BuildStationMenu();
-    EXPECT_EQ(GetMenuItemCount(StationMenu()), 2);
+    for (const std::string& nameless :
+         {std::string(), std::string(100, ' ') + "S1***66044***1***2"}) {
+        settings::State().stations[0] = nameless;
+        BuildStationMenu();
+        EXPECT_EQ(GetMenuItemCount(StationMenu()), 2);
+    }
 }
 
 TEST_F(TrayMenuTest, NumbersAlertsApartFromStationsThatComeLater) {
