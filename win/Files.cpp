@@ -110,10 +110,12 @@ std::vector<std::string> FindFileNames(const std::string& pattern) {
 }
 
 bool IsFolderWritable(const std::string& path) {
-    char name[MAX_PATH];
-    if (!GetTempFileNameA(path.c_str(), "SVA", 0, name)) return false;
-    DeleteFileA(name);
-    return true;
+    // One that was left behind, or that another copy of the program tries just now, is no
+    // hindrance.
+    constexpr DWORD anyone = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    return static_cast<bool>(
+        FileHandle(CreateFileA((path + "\\writable.tmp").c_str(), GENERIC_WRITE, anyone, nullptr,
+                               OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr)));
 }
 
 void MakeFolder(const std::string& path) {
