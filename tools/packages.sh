@@ -1,5 +1,5 @@
 # Sourced. The Debian packages that building, testing and running need, in one place.
-# An entry NAME=COMMAND is not asked for where that command is there already.
+# An entry NAME=WHAT is not asked for where that command, or the file of that path, is there already.
 
 # building the product for 32-bit Windows
 packages=(g++-mingw-w64-i686-posix cmake ninja-build git ca-certificates)
@@ -9,8 +9,9 @@ compgen -G '/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a' >/dev/
     packages+=(libclang-rt-dev)
 # the tests' framework, as sources; the downloader's JSON reader; the places' names and positions
 packages+=(googletest nlohmann-json3-dev weather-util-data)
-# running Windows programs; the i386 library gives them https
-packages+=(wine wine32:i386 libgnutls30:i386)
+# running Windows programs; the i386 library, which some releases have under a longer name, gives them
+# https
+packages+=(wine wine32:i386 libgnutls30:i386=/usr/lib/i386-linux-gnu/libgnutls.so.30)
 # a screen nobody sees, its taskbar with a notification area, clicks, keyboards, pictures, window lists,
 # fonts
 packages+=(xvfb icewm xdotool x11-xkb-utils imagemagick x11-utils fonts-liberation fonts-dejavu-core)

@@ -4,13 +4,14 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/packages.sh"
 
 list_missing() {
-    local installed entry name command
+    local installed entry name other
     installed=$(dpkg-query -W -f '${db:Status-Status} ${Package} ${Package}:${Architecture}\n' \
         "${packages[@]%%=*}" 2>/dev/null | grep '^installed ') || true
     for entry in "${packages[@]}"; do
         name=${entry%%=*}
-        command=${entry#"$name"}
-        if [ -n "$command" ] && command -v "${command#=}" >/dev/null; then continue; fi
+        other=${entry#"$name"}
+        other=${other#=}
+        if [[ $other == /* && -e $other ]] || command -v "$other" >/dev/null; then continue; fi
         grep -qE " ${name//+/\\+}( |\$)" <<<"$installed" || echo "$name"
     done
 }
