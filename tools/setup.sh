@@ -2,6 +2,8 @@
 # Installs the packages of packages.sh that are missing; does nothing, quickly, when none is.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/packages.sh"
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+log=build/packages.log
 
 list_missing() {
     local installed entry name other
@@ -30,8 +32,10 @@ as_root() {
     fi
 }
 
+# The package manager tells several lines for each of hundreds of packages: the log takes them.
+run_logged() { "$@" >>"$root/$log" 2>&1; }
 install_packages() {
-    as_root apt-get install -y -qq --no-install-recommends -o DPkg::Lock::Timeout=300 "$@"
+    run_logged as_root apt-get install -y -q --no-install-recommends -o DPkg::Lock::Timeout=300 "$@"
 }
 
 mapfile -t missing < <(list_missing)
@@ -44,9 +48,15 @@ if ! command -v apt-get >/dev/null; then
     echo "This needs Debian or Ubuntu. Missing: ${missing[*]}" >&2
     exit 1
 fi
-echo "Installing: ${missing[*]}"
+echo "Missing: ${missing[*]}"
+# The password is asked for here, where it is seen, and a refusal ends it before anything is tried.
+as_root true
+mkdir -p "$root/build"
+: >"$root/$log"
+echo "Installing them and what they need; the first time this takes minutes. $log tells how far it is."
 dpkg --print-foreign-architectures | grep -qx i386 || as_root dpkg --add-architecture i386
-as_root apt-get update -qq || echo "Some package lists could not be renewed; going on with what there is."
+run_logged as_root apt-get update -q ||
+    echo "Some package lists could not be renewed; going on with what there is."
 # Some distributions have this one only as part of clang.
 if ! apt-cache show libclang-rt-dev >/dev/null 2>&1; then
     mapfile -t missing < <(printf '%s\n' "${missing[@]}" | grep -vx libclang-rt-dev)
@@ -55,7 +65,11 @@ fi
 release=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
 install_packages "${missing[@]}" || {
     echo "Trying again with the versions of $release alone."
-    install_packages -t "$release" "${missing[@]}"
+    install_packages -t "$release" "${missing[@]}" || {
+        grep -E '^(W|E|dpkg: error.*): |^sudo: ' "$root/$log" | awk '!seen[$0]++' | head -n 12 >&2
+        echo "The packages could not be installed; $log tells all." >&2
+        exit 1
+    }
 }
 mapfile -t missing < <(list_missing | grep -vx libclang-rt-dev)
 if [ ${#missing[@]} -gt 0 ]; then
