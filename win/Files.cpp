@@ -13,13 +13,21 @@ std::uint64_t Join64(DWORD high, DWORD low) {
     return (std::uint64_t{high} << 32) | low;
 }
 
-bool WriteAll(const std::string& path, std::string_view text, bool flush) {
-    const FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+FileHandle OpenForWriting(const std::string& path, DWORD disposition) {
+    return FileHandle(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, disposition,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+bool WriteAll(const FileHandle& file, std::string_view text) {
     DWORD written = 0;
     return file &&
            WriteFile(file.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
-           written == text.size() && (!flush || FlushFileBuffers(file.Get()));
+           written == text.size();
+}
+
+bool WriteNewFile(const std::string& path, std::string_view text) {
+    const FileHandle file = OpenForWriting(path, CREATE_ALWAYS);
+    return WriteAll(file, text) && FlushFileBuffers(file.Get());
 }
 
 // A virus scanner or a backup may hold a file for a moment.
@@ -85,7 +93,7 @@ bool ReplaceFileWhole(const std::string& path, std::string_view text) {
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY))
         return false;
     const std::string beside = path + ".new";
-    if (WriteAll(beside, text, true) &&
+    if (WriteNewFile(beside, text) &&
         MoveFileExA(beside.c_str(), path.c_str(),
                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
         return true;
@@ -94,7 +102,9 @@ bool ReplaceFileWhole(const std::string& path, std::string_view text) {
 }
 
 bool OverwriteFile(const std::string& path, std::string_view text) {
-    return WriteAll(path, text, false);
+    // Cut to its length at the end: emptying it first costs more than writing it.
+    const FileHandle file = OpenForWriting(path, OPEN_ALWAYS);
+    return WriteAll(file, text) && SetEndOfFile(file.Get());
 }
 
 void DeleteFileQuietly(const std::string& path) {

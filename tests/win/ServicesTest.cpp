@@ -38,6 +38,11 @@ TEST_F(ServicesTest, ReplacesFilesWholeOrNotAtAll) {
     EXPECT_EQ(ReadWholeFile(path), "new");
     EXPECT_FALSE(ReadWholeFile(path, 2));
     EXPECT_FALSE(ReplaceFileWhole("c:\\no\\such\\folder\\x", "y"));
+    for (const char* text : {"longer", "less"}) {
+        EXPECT_TRUE(OverwriteFile(path + "2", text));
+        EXPECT_EQ(ReadWholeFile(path + "2"), text);
+    }
+    DeleteFileQuietly(path + "2");
     EXPECT_EQ(FindFileNames(path + "*").size(), 1u);  // nothing is left beside it
 }
 
