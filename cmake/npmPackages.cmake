@@ -1,6 +1,6 @@
 # install_npm_packages(NAME COMMENT): the packages that assets/NAME needs to be made into a file of the
 # product are installed into the build folder, as the lock file there names them. NAMEPackages is then
-# the folder that holds node_modules, NAMEStamp what depends on it.
+# the folder that holds node_modules, NAMEStamp a file that changes with them.
 find_program(npmProgram npm REQUIRED)
 
 function(install_npm_packages name comment)

@@ -114,8 +114,8 @@ bool LookUpStations(const Place& place) {
     if (Form().isClosing) return false;
     const win::XmlDocument document = win::LoadXmlFile(download.DataFile());
     if (Form().isClosing) return false;
-    const auto page =
-        WriteMapPage(document);  // without a document an empty one, as the list will be
+    // Without a document the map is as empty as the list will be.
+    const auto page = WriteMapPage(document);
     if (!page) return false;
     Form().browser.Navigate(*page);
     if (!document) return false;

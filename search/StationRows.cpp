@@ -1,5 +1,6 @@
 #include "search/StationRows.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "search/SearchForm.h"
@@ -19,16 +20,11 @@ ListRow WidestRow(HWND list, const std::vector<ListRow>& rows) {
     const win::TextMeter meter(list);
     ListRow widest;
     for (const auto column : kColumns) {
-        int most = -1;
-        const std::string* previous = nullptr;  // neighbours mostly share their place and source
+        int most = 0;
         for (const ListRow& row : rows) {
-            const std::string& text = row.*column;
-            if (previous && *previous == text) continue;
-            previous = &text;
-            const int width = meter.Width(text);
-            if (width <= most) continue;
-            most = width;
-            widest.*column = text;
+            const int width = meter.Width(row.*column);
+            if (width > most) widest.*column = row.*column;
+            most = std::max(most, width);
         }
     }
     return widest;

@@ -24,16 +24,18 @@ struct StationTable {
 // its brackets empty.
 std::optional<StationTable> ReadStations(const std::vector<NodeRow>& rows);
 
+// The small icons, counted from 1: of a WeatherBug station, of any other, of a place.
+inline constexpr int kWeatherBugIcon = 1;
+inline constexpr int kOtherStationIcon = 2;
+inline constexpr int kPlaceIcon = 3;
+
 // What the list shows of one station.
 struct ListRow {
     std::string name;
     std::string location;
     std::string dataSource;
-    int icon;  // counted from 1: a WeatherBug station's or any other's
+    int icon = kOtherStationIcon;
 };
-inline constexpr int kWeatherBugIcon = 1;
-inline constexpr int kOtherStationIcon = 2;
-inline constexpr int kPlaceIcon = 3;
 
 // One row for each identifier, in table order; nothing when a column that is shown is shorter. The
 // stations of a city code all show the same data source, whatever the table says.

@@ -65,24 +65,21 @@ std::string SectionFromSystem(std::string_view section) {
     return std::string("[").append(section).append("]\n").append(lines);
 }
 
-// What the INI file is still to be given, by section.
-std::map<std::string, KeyValues> heldSections;
+// What the INI file is still to be given: the values of one section.
+std::string heldSection;
+KeyValues heldValues;
 
-auto FindHeld(std::string_view section) {
-    return std::find_if(heldSections.begin(), heldSections.end(), [&](const auto& held) {
-        return win::EqualIgnoringCase(held.first, section);
-    });
+bool IsHeld(std::string_view section) {
+    return !heldValues.empty() && win::EqualIgnoringCase(section, heldSection);
 }
 
 // A held value, as it will read once it is in the file.
 std::optional<std::string> HeldValue(std::string_view section, std::string_view key) {
-    const auto held = FindHeld(section);
-    if (held == heldSections.end()) return std::nullopt;
-    const KeyValues& values = held->second;
-    const auto last = std::find_if(values.rbegin(), values.rend(), [&](const auto& value) {
+    if (!IsHeld(section)) return std::nullopt;
+    const auto last = std::find_if(heldValues.rbegin(), heldValues.rend(), [&](const auto& value) {
         return win::EqualIgnoringCase(value.first, key);
     });
-    if (last == values.rend()) return std::nullopt;
+    if (last == heldValues.rend()) return std::nullopt;
     return ReadIniSection(MergeIniSection("", section, {*last}), section).front().second;
 }
 
@@ -101,7 +98,7 @@ std::string ReadSetting(const Setting& setting) {
 }
 
 void WriteSetting(std::string_view section, std::string_view key, std::string_view value) {
-    if (FindHeld(section) != heldSections.end()) StoreHeldSettings();  // the order counts
+    if (IsHeld(section)) StoreHeldSettings();  // the order counts
     if (UseIni == kUseIniStore)
         IniWriteValue(section, key, value, "");
     else if (UseIni == kUseRegistryStore)
@@ -119,22 +116,23 @@ void DeleteSettingSection(std::string_view section) {
 void HoldSettings(std::string_view section, const KeyValues& values) {
     if (UseIni == kUseRegistryStore) WriteRegistryTexts(RegistryPath(section), values);
     if (UseIni != kUseIniStore) return;
-    KeyValues& held = heldSections[std::string(section)];
-    held.insert(held.end(), values.begin(), values.end());
+    if (!IsHeld(section)) StoreHeldSettings();
+    heldSection = section;
+    heldValues.insert(heldValues.end(), values.begin(), values.end());
 }
 
 void StoreHeldSettings() {
-    for (const auto& [section, values] : std::exchange(heldSections, {})) {
-        const std::optional<std::string> text = ReadIniText();
-        if (text &&
-            win::ReplaceFileWhole(DefaultIniPath(), MergeIniSection(*text, section, values)))
-            continue;
-        for (const auto& [key, value] : values) IniWriteValue(section, key, value, "");
-    }
+    const KeyValues values = std::exchange(heldValues, {});
+    if (values.empty()) return;
+    const std::optional<std::string> text = ReadIniText();
+    if (text &&
+        win::ReplaceFileWhole(DefaultIniPath(), MergeIniSection(*text, heldSection, values)))
+        return;
+    for (const auto& [key, value] : values) IniWriteValue(heldSection, key, value, "");
 }
 
 std::map<std::string, std::string> ReadSection(std::string_view section) {
-    StoreHeldSettings();
+    if (IsHeld(section)) StoreHeldSettings();
     KeyValues values;
     if (UseIni == kUseRegistryStore) {
         values = ReadRegistryTexts(RegistryPath(section));

@@ -31,9 +31,9 @@ void WriteSetting(const Setting& setting, std::string_view value);
 // The asymmetry is deliberate.
 void DeleteSettingSection(std::string_view section);
 
-// Many values of one section, with the result of writing them one by one. Reading gives them at
-// once; an INI file gets them with StoreHeldSettings, so that it is rewritten once for a whole
-// cycle.
+// Many values of one section, with the result of writing them one by one. The registry and readers
+// get them at once; an INI file gets them when StoreHeldSettings is called or the section is used
+// otherwise, so that it is rewritten once for a whole cycle.
 void HoldSettings(std::string_view section, const KeyValues& values);
 void StoreHeldSettings();
 

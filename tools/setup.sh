@@ -66,7 +66,7 @@ release=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
 install_packages "${missing[@]}" || {
     echo "Trying again with the versions of $release alone."
     install_packages -t "$release" "${missing[@]}" || {
-        grep -E '^(W|E|dpkg: error.*): |^sudo: ' "$root/$log" | awk '!seen[$0]++' | head -n 12 >&2
+        grep -E '^(W|E|dpkg: error.*): |^sudo: ' "$root/$log" | awk '!seen[$0]++' | head -n 12 >&2 || true
         echo "The packages could not be installed; $log tells all." >&2
         exit 1
     }

@@ -55,7 +55,9 @@ INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM
     switch (message) {
         case WM_INITDIALOG:
             Initialise(dialog);
-            return TRUE;
+            SetFocus(
+                GetDlgItem(dialog, frmAbout_Command1));  // or Enter would follow the first link
+            return FALSE;
         case WM_COMMAND:
             if (LOWORD(wParam) == frmAbout_Image2) OpenWeatherHome();
             if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) win::EndModal(dialog);

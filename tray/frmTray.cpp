@@ -1,7 +1,5 @@
 #include "tray/frmTray.h"
 
-#include <utility>
-
 #include <array>
 
 #include "settings/Catalogue.h"
@@ -49,16 +47,16 @@ void PerformClickAction(const std::string& action) {
 }
 
 void OpenTrayMenu() {
-    static bool isOpening = false;
-    if (std::exchange(isOpening, true)) return;  // a second click, which came while messages ran
+    static int clicks = 0;
+    const int thisClick = ++clicks;
     SetForegroundWindow(window);
     win::PumpPendingMessages();
+    if (thisClick != clicks) return;  // a newer click has shown the menu meanwhile
     if (settings::State().newAlertIconShown) {
         RefreshTrayIconImage();
         settings::State().newAlertIconShown = false;
     }
     ShowTrayMenu();
-    isOpening = false;
 }
 
 // The icon's callback: x carries the mouse message.

@@ -33,7 +33,7 @@ void SetControlText(HWND dialog, int control, const std::string& text);
 
 bool IsChecked(HWND dialog, int control);
 void SetChecked(HWND dialog, int control, bool checked);
-// Of a control that is switched off the keyboard goes to the one before.
+// A control that loses the keyboard by this hands it to the one before.
 void EnableControl(HWND dialog, int control, bool enable);
 
 }  // namespace win

@@ -13,9 +13,18 @@ std::uint64_t Join64(DWORD high, DWORD low) {
     return (std::uint64_t{high} << 32) | low;
 }
 
-FileHandle OpenForWriting(const std::string& path, DWORD disposition) {
-    return FileHandle(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, disposition,
-                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+// A virus scanner or a backup may hold a file for a moment, which a few tries outlast. Moving a
+// file over one that is held may also count as denied.
+template <class Attempt>
+bool TryPatiently(Attempt attempt) {
+    constexpr DWORD milliseconds = 10;
+    for (int triesLeft = 5;; --triesLeft) {
+        if (attempt()) return true;
+        const DWORD error = GetLastError();
+        if (triesLeft == 0 || (error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED))
+            return false;
+        Sleep(milliseconds);
+    }
 }
 
 bool WriteAll(const FileHandle& file, std::string_view text) {
@@ -26,19 +35,21 @@ bool WriteAll(const FileHandle& file, std::string_view text) {
 }
 
 bool WriteNewFile(const std::string& path, std::string_view text) {
-    const FileHandle file = OpenForWriting(path, CREATE_ALWAYS);
+    const FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
     return WriteAll(file, text) && FlushFileBuffers(file.Get());
 }
 
-// A virus scanner or a backup may hold a file for a moment.
-FileHandle OpenForReading(const std::string& path) {
-    constexpr DWORD milliseconds = 20;
-    for (int triesLeft = 10;; --triesLeft) {
-        FileHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                    nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-        if (file || triesLeft == 0 || GetLastError() != ERROR_SHARING_VIOLATION) return file;
-        Sleep(milliseconds);
-    }
+// Opens the file however others use it.
+FileHandle OpenShared(const std::string& path, DWORD access, DWORD disposition, DWORD flags) {
+    FileHandle file;
+    TryPatiently([&] {
+        file.Reset(CreateFileA(path.c_str(), access,
+                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                               disposition, flags, nullptr));
+        return static_cast<bool>(file);
+    });
+    return file;
 }
 
 // Calls `visit(name, attributes)` for every entry of the folder but "." and "..".
@@ -76,7 +87,8 @@ bool FileHasContent(const std::string& path) {
 }
 
 std::optional<std::string> ReadWholeFile(const std::string& path, std::uint64_t limit) {
-    const FileHandle file = OpenForReading(path);
+    const FileHandle file =
+        OpenShared(path, GENERIC_READ, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
     LARGE_INTEGER size;
     if (!file || !GetFileSizeEx(file.Get(), &size)) return std::nullopt;
     if (static_cast<std::uint64_t>(size.QuadPart) > limit) return std::nullopt;
@@ -93,9 +105,10 @@ bool ReplaceFileWhole(const std::string& path, std::string_view text) {
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY))
         return false;
     const std::string beside = path + ".new";
-    if (WriteNewFile(beside, text) &&
-        MoveFileExA(beside.c_str(), path.c_str(),
-                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+    if (WriteNewFile(beside, text) && TryPatiently([&] {
+            return MoveFileExA(beside.c_str(), path.c_str(),
+                               MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+        }))
         return true;
     DeleteFileA(beside.c_str());
     return false;
@@ -103,7 +116,7 @@ bool ReplaceFileWhole(const std::string& path, std::string_view text) {
 
 bool OverwriteFile(const std::string& path, std::string_view text) {
     // Cut to its length at the end: emptying it first costs more than writing it.
-    const FileHandle file = OpenForWriting(path, OPEN_ALWAYS);
+    const FileHandle file = OpenShared(path, GENERIC_WRITE, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL);
     return WriteAll(file, text) && SetEndOfFile(file.Get());
 }
 
@@ -122,10 +135,8 @@ std::vector<std::string> FindFileNames(const std::string& pattern) {
 bool IsFolderWritable(const std::string& path) {
     // One that was left behind, or that another copy of the program tries just now, is no
     // hindrance.
-    constexpr DWORD anyone = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     return static_cast<bool>(
-        FileHandle(CreateFileA((path + "\\writable.tmp").c_str(), GENERIC_WRITE, anyone, nullptr,
-                               OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr)));
+        OpenShared(path + "\\writable.tmp", GENERIC_WRITE, OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE));
 }
 
 void MakeFolder(const std::string& path) {

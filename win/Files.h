@@ -34,7 +34,7 @@ void DeleteFileQuietly(const std::string& path);
 // The names (without folder) of the files that match the pattern, in directory order.
 std::vector<std::string> FindFileNames(const std::string& pattern);
 
-// Whether a file can be made in the folder. Makes none that stays.
+// Whether the program can write files in the folder. The one that it tries this with does not stay.
 bool IsFolderWritable(const std::string& path);
 
 // Makes one level of folder; one that exists is no error.

@@ -18,8 +18,8 @@ bool IsForDialog(MSG& message);
 // manager first, so that Tab, Enter and Esc work while a handler waits.
 void PumpPendingMessages();
 
-// PumpPendingMessages, unless that was done less than 15 ms ago: for loops whose steps cost less
-// than a look at the queue.
+// PumpPendingMessages, but for calls within 15 ms of one that did it: for loops whose steps cost
+// less than a look at the queue.
 void PumpNowAndThen();
 
 // Like PumpPendingMessages, but with an empty queue it first sleeps until a message comes, `other`

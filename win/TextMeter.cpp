@@ -1,5 +1,7 @@
 #include "win/TextMeter.h"
 
+#include "win/Text.h"
+
 namespace win {
 
 TextMeter::TextMeter(HWND control)
@@ -7,7 +9,7 @@ TextMeter::TextMeter(HWND control)
       device_(GetDC(control)),
       previousFont_(SelectObject(
           device_, reinterpret_cast<HGDIOBJ>(SendMessageA(control, WM_GETFONT, 0, 0)))) {
-    GetCharWidth32A(device_, 0, asciiWidths_.size() - 1, asciiWidths_.data());
+    GetCharWidth32W(device_, 0, asciiWidths_.size() - 1, asciiWidths_.data());
 }
 
 TextMeter::~TextMeter() {
@@ -27,7 +29,8 @@ int TextMeter::Width(const std::string& text) const {
 
 int TextMeter::Ask(const std::string& text) const {
     SIZE size{};
-    GetTextExtentPoint32A(device_, text.c_str(), static_cast<int>(text.size()), &size);
+    const std::wstring wide = ToWide(text);
+    GetTextExtentPoint32W(device_, wide.c_str(), static_cast<int>(wide.size()), &size);
     return size.cx;
 }
 
