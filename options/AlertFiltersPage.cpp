@@ -20,6 +20,14 @@ win::ChoiceControl List2(HWND page) {
     return win::ListBox(page, frmOptions_List2);
 }
 
+bool ShowsOnly(HWND page) {
+    return win::IsChecked(page, frmOptions_Option6);
+}
+
+bool IsShowOnlyStored() {
+    return IsTrue(ReadSetting(kShowFilteredWords));
+}
+
 // Makes room to scroll to the end of the longest phrase.
 void FitScrollRange(HWND page) {
     const win::ChoiceControl list = List2(page);
@@ -80,7 +88,9 @@ INT_PTR CALLBACK AlertFiltersProcedure(HWND page, UINT message, WPARAM wParam, L
             return TRUE;
         case frmOptions_Option6:
         case frmOptions_OptionIgnore:
-            if (event == BN_CLICKED) MarkChanged(Page::AlertFilters);
+            // A radio button may say that it is clicked when Tab leads to it.
+            if (event == BN_CLICKED && ShowsOnly(page) != IsShowOnlyStored())
+                MarkChanged(Page::AlertFilters);
             return TRUE;
         case frmOptions_Text3:
             if (event == EN_SETFOCUS) MakeAddTheDefault(page, true);
@@ -98,9 +108,8 @@ void LoadAlertFilters(HWND page) {
         win::AddChoice(list, QuotedWord(word));
     SendMessageA(list.window, WM_SETREDRAW, TRUE, 0);
     ShowListChange(page);
-    CheckRadioButton(
-        page, frmOptions_Option6, frmOptions_OptionIgnore,
-        IsTrue(ReadSetting(kShowFilteredWords)) ? frmOptions_Option6 : frmOptions_OptionIgnore);
+    CheckRadioButton(page, frmOptions_Option6, frmOptions_OptionIgnore,
+                     IsShowOnlyStored() ? frmOptions_Option6 : frmOptions_OptionIgnore);
 }
 
 void ApplyAlertFilters(HWND page) {
@@ -109,7 +118,7 @@ void ApplyAlertFilters(HWND page) {
     entries.reserve(static_cast<std::size_t>(win::CountChoices(list)));
     for (int i = 0; i < win::CountChoices(list); ++i) entries.push_back(win::ChoiceText(list, i));
     WriteSetting(kAlertFilters, JoinFilterWords(entries));
-    WriteSetting(kShowFilteredWords, BooleanText(win::IsChecked(page, frmOptions_Option6)));
+    WriteSetting(kShowFilteredWords, BooleanText(ShowsOnly(page)));
 }
 
 }  // namespace options
