@@ -165,7 +165,10 @@ void EndSearch() {
     // Only what is on takes the focus; the buttons come on when the focus is where it belongs.
     const HWND next = hasRows ? list : Control(frmSearch_Text1);
     EnableWindow(next, TRUE);
-    if (hasRows) SelectStation(0);
+    if (hasRows)
+        SelectStation(0);
+    else
+        win::ResizeListViewColumns(list);
     SetFocus(next);
     EnableForm(true);
     if (hasRows) {

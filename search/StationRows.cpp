@@ -39,11 +39,13 @@ void SetRows(HWND list, std::vector<ListRow> rows) {
 
 void ShowStationRows(std::vector<ListRow> rows) {
     const HWND list = Control(frmSearch_StationList);
-    // A list that asks for its texts sizes itself by the rows in view at most: it is shown the
-    // widest.
-    SetRows(list, {WidestRow(list, rows)});
-    win::FitListColumns(list);
-    win::FillLastListColumn(list, rows.size());
+    if (!rows.empty()) {
+        // A list that asks for its texts sizes itself by the rows in view at most: it is shown the
+        // widest.
+        SetRows(list, {WidestRow(list, rows)});
+        win::FitListColumns(list);
+        win::FillLastListColumn(list, rows.size());
+    }
     SetRows(list, std::move(rows));
 }
 

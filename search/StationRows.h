@@ -10,8 +10,8 @@
 // that it is filled at once however many stations there are.
 namespace search {
 
-// Replaces the rows and sizes every column to its contents and header; the last one takes the room
-// that is left.
+// Replaces the rows. Where there are any, every column is sized to its contents and header, and the
+// last one takes the room that is left.
 void ShowStationRows(std::vector<ListRow> rows);
 
 // Answers a request of the list for a cell.
