@@ -17,26 +17,6 @@ TEST(AlertFeedRules, TidiesBodies) {
     EXPECT_EQ(TidyBody("a\n  b"), "a\n b");
 }
 
-TEST(AlertFeedRules, KeepsOrDropsByWords) {
-    struct Case {
-        std::string body;
-        std::vector<std::string> words;
-        bool showOnly;
-        bool kept;
-    };
-    const std::vector<std::string> both{"tornado", "flood"};
-    const Case cases[] = {{"a tornado near", both, false, false},
-                          {"a tornado near", both, true, false},
-                          {"tornado and flood", both, true, true},
-                          {"calm", both, false, true},
-                          {"thunderstorms", {"storm"}, false, false},
-                          {"anything", {""}, false, false},
-                          {"anything", {""}, true, true},
-                          {"anything", {}, true, true}};
-    for (const Case& c : cases)
-        EXPECT_EQ(KeepsAlert(c.body, c.words, c.showOnly), c.kept) << c.body << c.showOnly;
-}
-
 TEST(AlertFeedRules, KnowsASeenIdentifierOnlyWhole) {
     struct Case {
         std::string seen;

@@ -156,6 +156,7 @@ def test_filters(make_watcher, feed):
         ("storm||||||||||x", "False", []),  # the empty word in between is in every body
         ("tornado|||||flood", "False", ["3"]),
         ("tornado|||||flood", "True", ["4"]),
+        ("tornado||||||||||flood", "True", ["4"]),
         ("STORM", "True", ["3"]),
         ("storm", "true", ["1", "2", "4"]),  # only the exact text counts
         ("", "True", ["1", "2", "3", "4"]),

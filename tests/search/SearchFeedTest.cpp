@@ -1,6 +1,5 @@
 #include "search/SearchFeed.h"
 
-#include "search/MapPage.h"
 #include "tests/ScratchStore.h"
 
 namespace search {
@@ -40,19 +39,6 @@ TEST_F(SearchFeedTest, ReadsTheElementsNamedAsTheFirst) {
     const auto other = win::LoadXmlFile(WriteScratchFile("<weather><l a='1'/></weather>"));
     ASSERT_TRUE(other);
     EXPECT_TRUE(ReadRows(other, "aws:weather/").empty());
-}
-
-TEST_F(SearchFeedTest, WritesTheMapPageWhole) {
-    const win::XmlDocument document = Load("<aws:s name='Łódź \"&lt;'/>\r\n<aws:s id='2'/>");
-    EXPECT_FALSE(WriteMapPage(document)) << "without a template";
-    const std::string folder = settings::State().dataFolder + "\\HTML";
-    win::MakeFolder(folder);
-    ASSERT_TRUE(win::ReplaceFileWhole(folder + "\\CitySearch.sv", "var x = \"[XML]\";"));
-    EXPECT_EQ(WriteMapPage(document), folder + "\\CitySearch.html");
-    const std::string page = win::ReadWholeFile(folder + "\\CitySearch.html").value_or("");
-    EXPECT_NE(page.find("Łódź &quot;&lt;\\\""), std::string::npos) << page;
-    EXPECT_NE(page.find("xmlns:aws=\\\"http://a\\\""), std::string::npos) << page;
-    EXPECT_EQ(page.find("\r\n"), std::string::npos) << page;
 }
 
 }  // namespace

@@ -13,8 +13,8 @@ TEST(ScrambleRules, ShiftsEachCharacterByItsPosition) {
 }
 
 TEST(ScrambleRules, GivesBackWhatItTook) {
-    for (const std::string text :
-         {"user", "p@ss w0rd|\"'", "~~~~~~~~", "Müller", "zzzzzzzzzzzz", "5 € to Žižek"}) {
+    for (const std::string text : {"user", "!!!! \" secret ", "p@ss w0rd|\"'", "~~~~~~~~", "Müller",
+                                   "zzzzzzzzzzzz", "5 € to Žižek"}) {
         const auto scrambled = Scramble(text);
         ASSERT_TRUE(scrambled) << text;
         EXPECT_EQ(Unscramble(*scrambled), text);

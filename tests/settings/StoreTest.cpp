@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "settings/ProxySettings.h"
 #include "settings/modRegistry.h"
 #include "tests/ScratchStore.h"
 
@@ -60,16 +59,6 @@ TEST_P(EitherStore, DeletesASectionFromTheRegistryAlone) {
     WriteSetting("Alerts", "Count", "2");
     DeleteSettingSection("Alerts");
     EXPECT_EQ(ReadSetting("Alerts", "Count"), GetParam() == kUseIniStore ? "2" : "");
-}
-
-TEST_P(EitherStore, KeepsTheProxyLoginScrambled) {
-    SaveProxyUserName("anna");
-    SaveProxyPassword("!!!! \" secret ");
-    EXPECT_EQ(ReadProxyLogin().userName, "anna");
-    EXPECT_EQ(ReadProxyLogin().password, "!!!! \" secret ");
-    EXPECT_EQ(ReadSetting(kProxyUsername), "bpqe");
-    SaveProxyUserName("Łukasz");
-    EXPECT_EQ(ReadProxyLogin().userName, "anna");
 }
 
 TEST_F(Store, WritesUpperCaseKeysIntoTheUsersOwnFile) {
