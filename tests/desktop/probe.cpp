@@ -9,9 +9,9 @@
 //   forget-icon CLASS                      takes the window's icon out of the taskbar
 //   counts CLASS                           what the window's process holds
 //   folders                                the user's temporary and application data folders
-//   rows TITLE                             the list in the window: each row's texts, selected or
-//   not catch ADDRESS                          as the browser: notes the address in opened.txt
-//   beside it
+//   rows TITLE                             the rows of the window's list: "selected" or nothing,
+//                                          icon, texts
+//   catch ADDRESS                          as the browser: notes the address in opened.txt
 #include <windows.h>
 #include <commctrl.h>
 #include <shellapi.h>
@@ -20,7 +20,7 @@
 #include <cstdlib>
 #include <cwchar>
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "tests/HandleCounts.h"
 
@@ -37,24 +37,11 @@ std::string Utf8(const std::wstring& text) {
 }
 
 std::string Escaped(const std::string& text) {
+    constexpr std::string_view plain = "\n\r\t\\", letters = "nrt\\";
     std::string result;
     for (const char c : text) {
-        switch (c) {
-            case '\n':
-                result += "\\n";
-                break;
-            case '\r':
-                result += "\\r";
-                break;
-            case '\t':
-                result += "\\t";
-                break;
-            case '\\':
-                result += "\\\\";
-                break;
-            default:
-                result += c;
-        }
+        const std::size_t found = plain.find(c);
+        result += found == plain.npos ? std::string(1, c) : std::string{'\\', letters[found]};
     }
     return result;
 }
@@ -159,16 +146,11 @@ void PrintCounts(const char* className) {
           "\t" + std::to_string(tests::UserHandlesInUse()) + "\n");
 }
 
-HWND ListIn(const char* title) {
+// The list answers into its own process's memory.
+void PrintRows(const char* title) {
     const HWND window = FindWindowA(nullptr, title);
     const HWND list = window ? FindWindowExA(window, nullptr, WC_LISTVIEWA, nullptr) : nullptr;
     if (!list) std::exit(3);
-    return list;
-}
-
-// The list answers into its own process's memory.
-void PrintRows(const char* title) {
-    const HWND list = ListIn(title);
     struct Exchange {
         LVITEMW item;
         wchar_t text[1024];

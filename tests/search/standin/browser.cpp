@@ -4,10 +4,8 @@
 //
 //   navigated.txt      the addresses, one a line
 //   busy               the control is busy while this file is there
-//   nodocument         it has no page while this file is there
 //   body.txt           the body's inner markup
-//   NAME.element       the inner markup of the element with that identifier, which is missing
-//   without the file
+//   NAME.element       the inner markup of the element of that name, which is missing without it
 #include <windows.h>
 #include <oleidl.h>
 
@@ -118,7 +116,7 @@ class Object : public IDispatch {
             return S_OK;
         }
         if (kind_ == Kind::Browser && member == kDocument)
-            return Give(result, Exists(L"nodocument") ? nullptr : new Object(Kind::Document, L""));
+            return Give(result, new Object(Kind::Document, L""));
         // As the platform's collection, this one wants its key itself.
         if (kind_ == Kind::Document && member == kAll)
             return parameters->cArgs ? DISP_E_BADPARAMCOUNT
