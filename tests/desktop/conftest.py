@@ -8,6 +8,8 @@ import harness
 import stores
 from feed import Feed
 
+RUN_KEY = r"HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\Run"
+
 
 @pytest.fixture(scope="session")
 def user_folders():
@@ -77,12 +79,21 @@ def feed():
 
 
 @pytest.fixture
+def run_value():
+    """Asks what Windows starts the program by, or nothing."""
+    stores.delete_registry(RUN_KEY, "SkyvaneAlerts")
+    yield lambda: stores.registry_values(RUN_KEY).get("SkyvaneAlerts")
+    stores.delete_registry(RUN_KEY, "SkyvaneAlerts")
+
+
+@pytest.fixture
 def make_program(tmp_path):
-    """make_program(registry=False): a program folder of its own, ended surely after the test."""
+    """make_program(registry=False, folder=...): the program in a folder of its own, or in one that is
+    there already; ended surely after the test."""
     made = []
 
-    def make(registry=False):
-        made.append(harness.Program(tmp_path / "program folder", registry))
+    def make(registry=False, folder=tmp_path / "program folder"):
+        made.append(harness.Program(folder.resolve(), registry))
         return made[-1]
 
     harness.point_at(600, 300)

@@ -5,10 +5,12 @@ import pathlib
 import shutil
 import subprocess
 import time
+from dataclasses import dataclass
 
 import pytest
 
 from loopback import Server
+from stores import windows_path
 
 XML = "<weather town='Łódź'/>".encode()
 
@@ -34,12 +36,12 @@ def serve():
         server.close()
 
 
+@dataclass
 class Outcome:
-    def __init__(self, exit_code, status, data, seconds):
-        self.exit_code = exit_code
-        self.status = status  # the status file's text, None without the file
-        self.data = data  # the data file's bytes, None without the file
-        self.seconds = seconds
+    exit_code: int
+    status: str  # the status file's text, None without the file
+    data: bytes  # the data file's bytes, None without the file
+    seconds: float
 
 
 class Downloader:
@@ -60,17 +62,17 @@ class Downloader:
             "SKYVANE_DL_SECONDS": "20",
         }
 
-    def command(self, *arguments):
-        return ["wine", str(self.folder / "dl.exe"), *arguments]
-
     def argument(self, url):
         return "|".join([url, windows_path(self.data_file), windows_path(self.status_file)])
 
     def run_raw(self, *arguments):
         began = time.monotonic()
-        result = subprocess.run(self.command(*arguments), env=self.environment, timeout=80)
+        result = subprocess.run(["wine", self.folder / "dl.exe", *arguments], env=self.environment, timeout=80)
         seconds = time.monotonic() - began
         return Outcome(result.returncode, text_of(self.status_file), bytes_of(self.data_file), seconds)
+
+    def begin(self, url):
+        return subprocess.Popen(["wine", self.folder / "dl.exe", self.argument(url)], env=self.environment)
 
     def fetch(self, url):
         return self.run_raw(self.argument(url))
@@ -79,10 +81,6 @@ class Downloader:
 @pytest.fixture
 def downloader(tmp_path):
     return Downloader(tmp_path)
-
-
-def windows_path(path):
-    return "Z:" + str(path).replace("/", "\\")
 
 
 def bytes_of(path):

@@ -1,10 +1,9 @@
 """The weather feed: a server on loopback that answers as each test tells it to."""
 
-import threading
 from urllib.parse import parse_qs, urlsplit
 from xml.sax.saxutils import escape
 
-from loopback import Server, answer
+from loopback import Held, Server, answer
 
 
 def document(*alerts):
@@ -19,6 +18,9 @@ def document(*alerts):
     return "".join(parts).encode()
 
 
+# Stations to watch, and alerts for them.
+LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
+PARIS = ("Paris, France (Orly)", "064321")
 TORNADO = ("101", "Tornado Warning", "A tornado was seen near Łódź.")
 FLOOD = ("102", "Flood Watch", "Flooding is possible.")
 
@@ -26,7 +28,6 @@ FLOOD = ("102", "Flood Watch", "Flooding is possible.")
 class Feed:
     def __init__(self):
         self.answers = {}  # by station code: a whole answer, or a function that serves the connection
-        self.gates = []
         self.server = Server(self.find_answer)
         self.address = self.server.url("/")
 
@@ -44,16 +45,8 @@ class Feed:
 
     def hold(self, code):
         """Holds the answers for this station back; the event returned lets them go."""
-        gate = threading.Event()
-        self.gates.append(gate)
-        held = self.answers[code]
-
-        def serve_later(connection):
-            gate.wait(60)
-            connection.sendall(held)
-
-        self.answers[code] = serve_later
-        return gate
+        self.answers[code] = Held(self.answers[code])
+        return self.answers[code].gate
 
     def paths(self):
         """What was asked for so far, in order."""
@@ -64,8 +57,6 @@ class Feed:
         return [code_of(path) for path in self.paths()]
 
     def close(self):
-        for gate in self.gates:
-            gate.set()
         self.server.close()
 
 

@@ -149,11 +149,15 @@ class Program:
         self.ticks = 0
         self.last_click = 0
 
+    def data_folder(self, user="Default"):
+        """The one in the program folder."""
+        return self.folder / "Users" / user
+
     # Before the start.
 
     def write_stations(self, *stations, user="Default"):
         """Each station is a pair of display text and code, or a whole line as bytes."""
-        data_folder = self.folder / "Users" / user
+        data_folder = self.data_folder(user)
         data_folder.mkdir(parents=True, exist_ok=True)
         lines = [station if isinstance(station, bytes) else station_line(*station) for station in stations]
         (data_folder / "CityCode.cmb").write_bytes(b"".join(line + b"\r\n" for line in lines))
@@ -276,15 +280,20 @@ class Program:
         wait_until(lambda: not self.icon(), "the icon goes")
 
 
-def processes_in(folder):
-    """Unix process numbers of the programs that have `folder` as their current one."""
+def processes(matches):
+    """Unix process numbers of the programs whose folders in /proc match."""
     found = []
     for entry in pathlib.Path("/proc").iterdir():
         if entry.name.isdigit():
             with contextlib.suppress(OSError):
-                if os.readlink(entry / "cwd") == str(folder):
+                if matches(entry):
                     found.append(int(entry.name))
     return found
+
+
+def processes_in(folder):
+    """Those that have `folder` as their current one."""
+    return processes(lambda entry: os.readlink(entry / "cwd") == str(folder))
 
 
 def station_line(display, code):

@@ -21,6 +21,19 @@ def chunked(*chunks):
     return answer(200, body, "Transfer-Encoding: chunked")
 
 
+class Held:
+    """An answer that waits: `asked` tells that it was asked for, and `gate` lets it go."""
+
+    def __init__(self, reply):
+        self.reply = reply
+        self.asked, self.gate = threading.Event(), threading.Event()
+
+    def __call__(self, connection):
+        self.asked.set()
+        self.gate.wait(60)
+        connection.sendall(self.reply)
+
+
 class Server:
     """Answers each request with the bytes that `answers` holds for its target, or lets the function that
     it holds do so; keeps the request heads."""

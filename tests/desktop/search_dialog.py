@@ -70,12 +70,12 @@ def feed():
 def make_searcher(make_program, feed):
     """A program whose icon opens the Options on the Stations page, without stations."""
 
-    def make():
+    def make(address=feed.address, **options):
         program = make_program()
         program.store.write({
-            "Hosts": {"Feed": feed.address},
+            "Hosts": {"Feed": address},
             "Options": {"StoreFilesInProgramFolder": "True", "AutoUpdateInterval": "Never",
-                        "LastOption": "Stations", "SingleClickAction": "Open Skyvane Alerts Options"},
+                        "LastOption": "Stations", "SingleClickAction": "Open Skyvane Alerts Options", **options},
             "Misc": {"Runs": "2"}})
         return program
 
@@ -185,10 +185,6 @@ def open_search(program):
     return Search()
 
 
-def data_folder(program):
-    return program.folder / "Users" / "Default"
-
-
 def apply_options():
     """Applies the Options dialog and closes it."""
     options = Dialog(OPTIONS)
@@ -197,4 +193,4 @@ def apply_options():
 
 
 def saved_stations(program):
-    return (data_folder(program) / "CityCode.cmb").read_text(encoding="utf-8").splitlines()
+    return (program.data_folder() / "CityCode.cmb").read_text(encoding="utf-8").splitlines()

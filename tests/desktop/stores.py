@@ -38,9 +38,16 @@ def export_registry(key):
         return file.read_bytes().decode("utf-16") if file.exists() else ""
 
 
-def delete_registry(key):
-    subprocess.run(["wine", "reg", "delete", key, "/f"], stdout=subprocess.DEVNULL,
-                   stderr=subprocess.DEVNULL)
+def registry_values(key):
+    """The key's values by name: texts, and anything else as a registry file writes it."""
+    pairs = re.findall(r'^"(.*?)"=(.*)$', export_registry(key).replace("\r", ""), re.M)
+    return {name: unescape(value[1:-1]) if value.startswith('"') else value for name, value in pairs}
+
+
+def delete_registry(key, *value):
+    """The whole key, or the value of it that is named."""
+    subprocess.run(["wine", "reg", "delete", key, *(["/v", *value] if value else []), "/f"],
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
 class Store:

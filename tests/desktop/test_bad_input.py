@@ -4,12 +4,10 @@ import random
 
 import pytest
 
-from feed import FLOOD, TORNADO, document
+from feed import FLOOD, LAWRENCE, PARIS, TORNADO, document
 from harness import RIGHT, station_line, wait_for_message_box, wait_until
 from tray_menu import choose, open_menus
 
-LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
-PARIS = ("Paris, France (Orly)", "064321")
 AT_START = {"RetrieveAlertsOnStartup": "True", "DisplayTrayAlert": "True"}
 MIB = 1024 * 1024
 

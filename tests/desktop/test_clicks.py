@@ -2,15 +2,9 @@
 
 import time
 
-from feed import FLOOD, TORNADO
+from feed import FLOOD, LAWRENCE, PARIS, TORNADO
 from harness import DOUBLE_CLICK_SECONDS, LEFT, stays
-from tray_menu import choose, open_menu
-
-LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
-PARIS = ("Paris, France (Orly)", "064321")
-WEATHER = "https://www.weatherbug.com"
-MAKER = "https://www.quillmark.example"
-MAP = WEATHER + "/severe-weather/national-alert-map.html?zcode=z4172&country=US&country_name=USA"
+from tray_menu import MAKER, MAP, alert_page, choose, open_menu, station_page
 
 
 def test_single_click_waits_for_a_double_click(make_watcher, browser):
@@ -33,16 +27,6 @@ def test_double_click_without_action_cancels_the_single_click(make_watcher, brow
     assert stays(lambda: not browser.opened(), 3 * DOUBLE_CLICK_SECONDS)
     program.click_icon(LEFT)
     browser.wait_for(MAP)  # without a station there is no place to show
-
-
-def alert_page(code):
-    return (f"{WEATHER}/Common/SearchResults.html?zcode=z4172&nav_section=45&lang_id=en-us"
-            f"&is_search=true&loc={code}")
-
-
-def station_page(code):
-    return (f"{WEATHER}/Common/SearchResults.html?loc={code}&is_search=true&nav_section=1"
-            f"&loc_country=WORLD&zcode=z4172")
 
 
 def test_each_menu_item_opens_its_address(make_watcher, feed, browser):

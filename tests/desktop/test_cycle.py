@@ -5,13 +5,11 @@ import shutil
 
 import pytest
 
-from feed import FLOOD, TORNADO, document
+from feed import FLOOD, LAWRENCE, PARIS, TORNADO, document
 from harness import message_boxes, stays, wait_for_message_box, wait_until
 from stores import windows_path
 from tray_menu import choose
 
-LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
-PARIS = ("Paris, France (Orly)", "064321")
 
 AT_START = {"RetrieveAlertsOnStartup": "True", "DisplayTrayAlert": "True"}
 EACH_MINUTE = {"AutoUpdateInterval": "Every minute"}  # no known interval: every minute

@@ -4,30 +4,20 @@ import contextlib
 import gzip
 import socket
 import struct
-import subprocess
 import threading
 import time
 
 import pytest
 
-from downloader_run import (  # noqa: F401 (the fixtures are named by the tests)
-    XML,
-    Downloader,
-    assert_failed,
-    bytes_of,
-    downloader,
-    serve,
-    stored_login,
-    text_of,
-    windows_path,
-)
-from loopback import answer, chunked, redirect
+from downloader_run import (XML, Downloader, assert_failed, bytes_of, downloader,  # noqa: F401 (fixtures)
+                            serve, stored_login, text_of)
+from loopback import Held, answer, chunked, redirect
+from stores import windows_path
 
 BODY_LIMIT = 16 * 1024 * 1024
 # Some of what Windows reports, Wine's WinHTTP takes for the end of the body.
 broken_chunk_unseen = pytest.mark.xfail(
-    reason="Wine's WinHTTP takes any end of the connection for the last chunk"
-)
+    reason="Wine's WinHTTP takes any end of the connection for the last chunk")
 
 
 def trickle(connection):
@@ -52,61 +42,43 @@ def silence(connection):
 BIG = bytes(range(256)) * (BODY_LIMIT // 256)
 
 
-@pytest.mark.parametrize(
-    "reply, body",
-    [
-        pytest.param(answer(200, XML), XML, id="plain"),
-        pytest.param(answer(200), b"", id="empty"),
-        pytest.param(answer(200, BIG), BIG, id="of the greatest length"),
-        pytest.param(chunked(b"one ", b"two"), b"one two", id="chunked"),
-        pytest.param(
-            b"HTTP/1.0 200 OK\r\nConnection: close\r\n\r\nuntil the end",
-            b"until the end",
-            id="without length",
-        ),
-        pytest.param(answer(200, XML, "Content-Encoding: identity"), XML, id="identity"),
-    ],
-)
+@pytest.mark.parametrize("reply, body", [
+    pytest.param(answer(200, XML), XML, id="plain"),
+    pytest.param(answer(200), b"", id="empty"),
+    pytest.param(answer(200, BIG), BIG, id="of the greatest length"),
+    pytest.param(chunked(b"one ", b"two"), b"one two", id="chunked"),
+    pytest.param(b"HTTP/1.0 200 OK\r\nConnection: close\r\n\r\nto the end", b"to the end", id="without length"),
+    pytest.param(answer(200, XML, "Content-Encoding: identity"), XML, id="identity"),
+])
 def test_body_arrives_whole(serve, downloader, reply, body):
     outcome = downloader.fetch(serve({"/feed": reply}).url("/feed"))
     assert (outcome.status, outcome.exit_code) == ("0", 0)
     assert outcome.data == body
 
 
-@pytest.mark.parametrize(
-    "reply, status",
-    [
-        pytest.param(answer(404, b"<html>no such page"), 404, id="not found"),
-        pytest.param(answer(500, b"broken"), 500, id="server error"),
-        pytest.param(answer(204), 204, id="no content"),
-        pytest.param(answer(999, b"go away"), 999, id="unheard-of status"),
-        pytest.param(answer(302, b"moved"), 302, id="redirect to nowhere"),
-        pytest.param(answer(407, b"", 'Proxy-Authenticate: Basic realm="x"'), 407, id="no proxy"),
-        pytest.param(answer(200, b"half", "Content-Length: 8"), 1007, id="cut short"),
-        # A reset may overtake what was sent before it: then not even the headers are there.
-        pytest.param(reset, (1007, 12030), id="connection reset"),
-        pytest.param(
-            answer(200, b"8\r\nhalf", "Transfer-Encoding: chunked"),
-            1007,
-            id="cut inside a chunk",
-            marks=broken_chunk_unseen,
-        ),
-        pytest.param(
-            answer(200, b"4\r\nhalf\r\n", "Transfer-Encoding: chunked"),
-            1007,
-            id="cut between chunks",
-            marks=broken_chunk_unseen,
-        ),
-        pytest.param(answer(200, BIG + b"x"), 1006, id="one byte too long"),
-        pytest.param(chunked(BIG, b"x"), 1006, id="one byte too long, unannounced"),
-        pytest.param(answer(200, b"not gzip", "Content-Encoding: gzip"), 1008, id="bad gzip"),
-        pytest.param(answer(200, XML, "Content-Encoding: br"), 1008, id="unknown packing"),
-        pytest.param(redirect("ftp://127.0.0.1/x"), 1011, id="redirect to ftp"),
-        pytest.param(redirect("file:///C:/windows/win.ini"), 1011, id="redirect to a file"),
-        pytest.param(redirect("/feed"), 1010, id="redirect to itself"),
-        pytest.param(b"HELLO\r\n\r\n", 12152, id="no HTTP"),
-    ],
-)
+@pytest.mark.parametrize("reply, status", [
+    pytest.param(answer(404, b"<html>no such page"), 404, id="not found"),
+    pytest.param(answer(500, b"broken"), 500, id="server error"),
+    pytest.param(answer(204), 204, id="no content"),
+    pytest.param(answer(999, b"go away"), 999, id="unheard-of status"),
+    pytest.param(answer(302, b"moved"), 302, id="redirect to nowhere"),
+    pytest.param(answer(407, b"", 'Proxy-Authenticate: Basic realm="x"'), 407, id="no proxy"),
+    pytest.param(answer(200, b"half", "Content-Length: 8"), 1007, id="cut short"),
+    # A reset may overtake what was sent before it: then not even the headers are there.
+    pytest.param(reset, (1007, 12030), id="connection reset"),
+    pytest.param(answer(200, b"8\r\nhalf", "Transfer-Encoding: chunked"), 1007, id="cut inside a chunk",
+                 marks=broken_chunk_unseen),
+    pytest.param(answer(200, b"4\r\nhalf\r\n", "Transfer-Encoding: chunked"), 1007, id="cut between chunks",
+                 marks=broken_chunk_unseen),
+    pytest.param(answer(200, BIG + b"x"), 1006, id="one byte too long"),
+    pytest.param(chunked(BIG, b"x"), 1006, id="one byte too long, unannounced"),
+    pytest.param(answer(200, b"not gzip", "Content-Encoding: gzip"), 1008, id="bad gzip"),
+    pytest.param(answer(200, XML, "Content-Encoding: br"), 1008, id="unknown packing"),
+    pytest.param(redirect("ftp://127.0.0.1/x"), 1011, id="redirect to ftp"),
+    pytest.param(redirect("file:///C:/windows/win.ini"), 1011, id="redirect to a file"),
+    pytest.param(redirect("/feed"), 1010, id="redirect to itself"),
+    pytest.param(b"HELLO\r\n\r\n", 12152, id="no HTTP"),
+])
 def test_bad_answer_has_its_number_and_leaves_no_data(serve, downloader, reply, status):
     (downloader.folder / "Tester.ini").write_text(stored_login("hail", "storm"))
     server = serve({"/feed": reply})
@@ -149,9 +121,7 @@ def test_blanks_in_an_unquoted_command_line(serve, downloader):
     assert (outcome.status, outcome.data) == ("0", XML)
 
 
-@pytest.mark.parametrize(
-    "url, status", [("gopher://127.0.0.1/x", 1004), ("no scheme", 1004), ("http://", 12005)]
-)
+@pytest.mark.parametrize("url, status", [("gopher://127.0.0.1/x", 1004), ("no scheme", 1004), ("http://", 12005)])
 def test_address_that_cannot_be_fetched(downloader, url, status):
     assert_failed(downloader.fetch(url), status)
 
@@ -171,24 +141,13 @@ def test_overall_limit_holds_whatever_hangs(serve, downloader, reply):
 
 
 def test_status_is_empty_while_the_fetch_lasts(serve, downloader):
-    held, release = threading.Event(), threading.Event()
-
-    def hold(connection):
-        held.set()
-        release.wait(15)
-        connection.sendall(answer(200, XML))
-
-    url = serve({"/feed": hold}).url("/feed")
-    process = subprocess.Popen(downloader.command(downloader.argument(url)), env=downloader.environment)
-    try:
-        assert held.wait(15)
-        assert downloader.status_file.read_bytes() == b""
-        assert downloader.data_file.read_bytes() == b""
-        release.set()
-        assert process.wait(15) == 0
-    finally:
-        release.set()
-        process.wait(30)
+    held = Held(answer(200, XML))
+    process = downloader.begin(serve({"/feed": held}).url("/feed"))
+    assert held.asked.wait(15)
+    during = bytes_of(downloader.status_file), bytes_of(downloader.data_file)
+    held.gate.set()
+    assert process.wait(30) == 0
+    assert during == (b"", b"")
     assert (text_of(downloader.status_file), bytes_of(downloader.data_file)) == ("0", XML)
 
 
@@ -203,9 +162,7 @@ def test_files_that_cannot_be_written(serve, downloader):
     assert server.heads == []
 
 
-@pytest.mark.parametrize(
-    "argument", ["", "http://h/", "http://h/|{data}", "{data}|{status}", "|{data}|{status}"]
-)
+@pytest.mark.parametrize("argument", ["", "http://h/", "http://h/|{data}", "{data}|{status}", "|{data}|{status}"])
 def test_missing_fields_touch_nothing(downloader, argument):
     data, status = windows_path(downloader.data_file), windows_path(downloader.status_file)
     outcome = downloader.run_raw(*filter(None, [argument.format(data=data, status=status)]))
@@ -228,10 +185,7 @@ def test_two_copies_at_once(serve, tmp_path):
     for n in (1, 2):
         (tmp_path / str(n)).mkdir()
         copies[n] = Downloader(tmp_path / str(n))
-    started = [
-        subprocess.Popen(copy.command(copy.argument(server.url(f"/{n}"))), env=copy.environment)
-        for n, copy in copies.items()
-    ]
+    started = [copy.begin(server.url(f"/{n}")) for n, copy in copies.items()]
     assert [process.wait(40) for process in started] == [0, 0]
     for n, copy in copies.items():
         assert (text_of(copy.status_file), bytes_of(copy.data_file)) == ("0", b"%d" % n * 500_000)

@@ -5,9 +5,8 @@ import pathlib
 import re
 from dataclasses import dataclass
 
+from feed import LAWRENCE, PARIS
 from harness import TRAY_CLASS, probe, wait_until
-
-STATIONS = [("Lawrence, KS (Downtown)", "66044"), ("Paris, France (Orly)", "064321")]
 
 
 @dataclass
@@ -40,7 +39,7 @@ def run_cycles(program, feed, numbers):
 def test_cycles_hold_nothing(make_watcher, feed):
     """Twenty cycles, or as many as SKYVANE_CYCLES says: a thousand take some minutes."""
     cycles = int(os.environ.get("SKYVANE_CYCLES", "20"))
-    program = make_watcher(*STATIONS, registry=True, options={"AutoUpdateInterval": "Every minute"})
+    program = make_watcher(LAWRENCE, PARIS, registry=True, options={"AutoUpdateInterval": "Every minute"})
     program.start()
     run_cycles(program, feed, range(1001, 1011))
     early = holdings_of(program)

@@ -3,7 +3,6 @@
 import os
 import pathlib
 import shutil
-import subprocess
 import xml.etree.ElementTree
 
 import pytest
@@ -11,7 +10,7 @@ import pytest
 from downloader_run import Downloader, assert_failed
 from harness import wait_until
 from loopback import answer
-from search_dialog import CHOOSER, OPTIONS, Dialog, open_search
+from search_dialog import CHOOSER, Dialog, apply_options, make_searcher, open_search, saved_stations
 from tray_menu import choose
 from weather_service import YEAR, WeatherService, alert, collection, moment, recorded, vtec
 
@@ -134,9 +133,7 @@ def test_copies_at_once(service, downloader):
     for file in files:
         downloader.status_file = file
         downloader.data_file = file.with_suffix(".xml")
-        running.append(subprocess.Popen(
-            downloader.command(downloader.argument(service.request + "requesttype=6&ZipCode=66044")),
-            env=downloader.environment))
+        running.append(downloader.begin(service.request + "requesttype=6&ZipCode=66044"))
     assert [process.wait(60) for process in running] == [0] * 8
     assert {file.with_suffix(".xml").read_bytes() for file in files} == {files[0].with_suffix(".xml").read_bytes()}
 
@@ -209,14 +206,9 @@ def test_529_alerts_in_one_answer(service, start):
     assert program.answers()
 
 
-def test_from_a_name_to_the_balloon(make_program, service):
+def test_from_a_name_to_the_balloon(make_searcher, service):
     service.alerts = collection(alert("urn:1", "Tornado Warning", vtec=vtec("NEW", "KTOP.TO.W.0045")))
-    program = make_program()
-    program.store.write({
-        "Hosts": {"Feed": service.feed},
-        "Options": {"StoreFilesInProgramFolder": "True", "AutoUpdateInterval": "Never", "LastOption": "Stations",
-                    "SingleClickAction": "Open Skyvane Alerts Options", "DisplayTrayAlert": "True"},
-        "Misc": {"Runs": "2"}})
+    program = make_searcher(service.feed, DisplayTrayAlert="True")
     program.start()
     search = open_search(program)
     search.start("springfield")
@@ -228,10 +220,8 @@ def test_from_a_name_to_the_balloon(make_program, service):
     wait_until(lambda: search.control("Add Station").enabled, "the controls are on")
     search.click("Add Station")
     search.wait_until_closed()
-    options = Dialog(OPTIONS)
-    options.click("OK")
-    options.wait_until_closed()
-    line, = (program.folder / "Users" / "Default" / "CityCode.cmb").read_text(encoding="utf-8").splitlines()
+    apply_options()
+    line, = saved_stations(program)
     assert line.startswith(place)
     choose(program, "Retrieve Severe Alerts", stations=["S"])
     program.wait_for_picture("new alerts")

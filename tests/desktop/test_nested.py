@@ -4,15 +4,9 @@ import os
 
 import pytest
 
-from feed import FLOOD, TORNADO
+from feed import FLOOD, LAWRENCE, TORNADO
 from harness import LEFT, click, stays, wait_until
-from tray_menu import FIXED, choose, close_menu, open_menu, place_of
-
-LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
-MAP = ("https://www.weatherbug.com/severe-weather/national-alert-map.html?zcode=z4172"
-       "&country=US&country_name=USA&zip=66044")
-ALERT = ("https://www.weatherbug.com/Common/SearchResults.html?zcode=z4172"
-         "&nav_section=45&lang_id=en-us&is_search=true&loc=66044")
+from tray_menu import FIXED, MAP, alert_page, choose, close_menu, open_menu, place_of
 
 
 @pytest.fixture
@@ -54,9 +48,9 @@ def test_exit_ends_at_once_with_its_downloader(waiting, temp_folder, at_start, l
 def test_commands_work_and_retrieving_is_disabled(waiting, feed, browser):
     program, gate = waiting(at_start=False)
     program.click_icon(LEFT)
-    browser.wait_for(MAP)
+    browser.wait_for(MAP + "&zip=66044")
     choose(program, "View National Severe Alerts", stations=["Lawrence"])
-    browser.wait_for(MAP)
+    browser.wait_for(MAP + "&zip=66044")
     menu = open_menu(program)
     click(*place_of(menu, ("(No Alerts Available)", *FIXED), "Retrieve Severe Alerts"))
     assert stays(lambda: feed.codes() == ["66044"], 0.5)
@@ -95,11 +89,11 @@ def test_the_clock_leaves_an_open_menu_alone(make_watcher, feed, browser):
     program.tick(5)
     assert program.answers() and feed.codes() == ["66044"]
     click(*place_of(menu, ("Tornado", *FIXED), "Tornado"))
-    browser.wait_for(ALERT)
+    browser.wait_for(alert_page("66044"))
     program.tick()  # makes up for the minute that fell into the menu
     program.wait_for_picture("new alerts")
     choose(program, "Flood", alerts=["Tornado", "Flood"], stations=["Lawrence"])
-    browser.wait_for(ALERT)
+    browser.wait_for(alert_page("66044"))
 
 
 def test_a_downloader_that_dies_leaves_the_program_usable(waiting, browser):
@@ -107,6 +101,6 @@ def test_a_downloader_that_dies_leaves_the_program_usable(waiting, browser):
     os.kill(program.downloaders()[0], 9)
     wait_until(lambda: not program.downloaders(), "the downloader's end")
     program.click_icon(LEFT)
-    browser.wait_for(MAP)
+    browser.wait_for(MAP + "&zip=66044")
     leave_by_menu(program)
     assert program.wait_for_end(5) == 0

@@ -2,14 +2,12 @@
 
 import pytest
 
-from feed import TORNADO
+from feed import LAWRENCE, PARIS, TORNADO
 from harness import LEFT, find_windows, message_boxes, wait_until
 from options_dialog import Options, answer_yes
 from search_dialog import DIALOG, OPTIONS
 from tray_menu import choose
 
-LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
-PARIS = ("Paris, France (Orly)", "064321")
 OPEN = "Open Skyvane Alerts Options"
 
 # (page stored before, stations watched, how it is opened, page shown)

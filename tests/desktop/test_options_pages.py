@@ -1,6 +1,5 @@
 """Every control of the Options dialog: changed, stored, and shown again by the next start."""
 
-import re
 import struct
 import subprocess
 
@@ -47,7 +46,6 @@ PAGES = {
 STATIONS = [("Lawrence, KS (Downtown)", "66044"), ("Paris (Orly)", "064321"), ("Oslo (Port)", "07")]
 SCRAMBLED = {"anna": "bpqe", "otto": "pvws", "Wind": "Xkqh"}
 ICON_BUTTONS = {"Image4": ("Command3", "Command4"), "Image8": ("Command12", "Command11")}
-RUN_KEY = r"HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\Run"
 
 
 def set_control(options, name, value):
@@ -132,15 +130,6 @@ def take_restart_message(folder):
 
 
 @pytest.fixture
-def run_value():
-    """Asks what Windows starts the program by, or nothing."""
-    yield lambda: [stores.unescape(text) for text in
-                   re.findall(r'"SkyvaneAlerts"="(.*)"', stores.export_registry(RUN_KEY))]
-    subprocess.run(["wine", "reg", "delete", RUN_KEY, "/v", "SkyvaneAlerts", "/f"], stdout=subprocess.DEVNULL,
-                   stderr=subprocess.DEVNULL)
-
-
-@pytest.fixture
 def french_keyboard():
     """A keyboard that has "é" on a key of its own; a program takes the keyboard that it starts with."""
     subprocess.run(["setxkbmap", "fr"], check=True)
@@ -162,8 +151,8 @@ def test_every_control(make_program, feed, app_data_folder, french_keyboard, run
     # What each round says of the store location, the station file with its lines that it leaves, and how
     # Windows then starts the program.
     rounds = [("the Skyvane Live program folder", user_folder,
-               [lines[0].replace(STATIONS[0][0].encode(), b"Home"), lines[2]], [command]),
-              ("your Windows user profile", app_data_folder, [], [])]
+               [lines[0].replace(STATIONS[0][0].encode(), b"Home"), lines[2]], command),
+              ("your Windows user profile", app_data_folder, [], None)]
     expected = {}
 
     program.start(WINEDEBUG="+winmm")

@@ -9,14 +9,13 @@ import zipfile
 import pytest
 
 import stores
-from feed import FLOOD, TORNADO
-from harness import PROGRAM_NAME, Program, click, message_boxes, probe, stays, visible_windows, wait_until
+from feed import FLOOD, LAWRENCE, TORNADO
+from harness import (PROGRAM_NAME, click, message_boxes, processes, station_line, stays, visible_windows,
+                     wait_until)
 from prefix import drive, snapshot
 
 ROOT = pathlib.Path(__file__).parents[2]
-LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
 ENTRY = r"\Software\Microsoft\Windows\CurrentVersion\Uninstall\SkyvaneAlerts"
-RUN_KEY = r"HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\Run"
 SETTINGS_PARENT = stores.REGISTRY_KEY.rsplit("\\", 1)[0]
 WM_CLOSE = "0x10"
 LIMIT = 1_500_000  # bytes, the gazetteer of live alerts apart
@@ -44,8 +43,6 @@ def package(tmp_path_factory):
 def run_setup(package, tmp_path):
     """run_setup(switches...): starts the installer; whatever a test has installed is removed after it."""
     setup = shutil.copy(only(package, "-setup.exe"), tmp_path)
-    subprocess.run(["wine", "reg", "delete", RUN_KEY, "/v", "SkyvaneAlerts", "/f"], stdout=subprocess.DEVNULL,
-                   stderr=subprocess.DEVNULL)
 
     def run(*switches, **options):
         # The switches' blanks part arguments here, so that /D= stands without quotes.
@@ -64,15 +61,7 @@ def install(run_setup, *switches):
 
 def entry(root="HKEY_CURRENT_USER"):
     """The values of the program's entry in the list of installed programs."""
-    lines = stores.export_registry(root + ENTRY).replace("\r", "").split("\n")
-    pairs = [line.split("=", 1) for line in lines if line.startswith('"')]
-    return {key[1:-1]: stores.unescape(value.strip('"')) if value.startswith('"') else value
-            for key, value in pairs}
-
-
-def run_value():
-    lines = stores.export_registry(RUN_KEY).replace("\r", "").split("\n")
-    return [stores.unescape(line.split("=", 1)[1][1:-1]) for line in lines if line.startswith('"SkyvaneAlerts"=')]
+    return stores.registry_values(root + ENTRY)
 
 
 def uninstall(folder, *switches):
@@ -87,19 +76,8 @@ def wait_for_removal(folder):
     place = pathlib.Path(stores.unix_path(folder))
     wait_until(lambda: not (place / "Uninstall.exe").exists(), "the program is removed", 30)
     # The copy of the uninstaller lies in the temporary folder as long as it runs.
-    wait_until(lambda: not running_uninstallers(), "the uninstaller ends", 30)
-
-
-def running_uninstallers():
-    found = []
-    for process in pathlib.Path("/proc").iterdir():
-        if process.name.isdigit():
-            try:
-                if b"\\Un_" in (process / "cmdline").read_bytes():
-                    found.append(process.name)
-            except OSError:
-                pass
-    return found
+    wait_until(lambda: not processes(lambda entry: b"\\Un_" in (entry / "cmdline").read_bytes()),
+               "the uninstaller ends", 30)
 
 
 def press(caption):
@@ -120,30 +98,22 @@ def product():
     return contents(pathlib.Path(os.environ["PRODUCT_DIR"]))
 
 
-def settle(program, feed):
+def settle(program, feed, data_folder):
     """Makes the installed program one that has been used before and watches a station."""
-    data_folder = pathlib.Path(stores.unix_path(probe("folders")[0][1])) / "SkyvaneAlerts"
     data_folder.mkdir(exist_ok=True)
-    (data_folder / "CityCode.cmb").write_text(f"{LAWRENCE[0]}{' ' * 100}ID66044***66044***38.97***-95.23\r\n",
-                                              newline="")
+    (data_folder / "CityCode.cmb").write_bytes(station_line(*LAWRENCE) + b"\r\n")
     program.store.write({"Hosts": {"Feed": feed.address},
                          "Options": {"RetrieveAlertsOnStartup": "True", "SingleClickAction": "No Action"},
                          "Misc": {"Runs": "7"}})
-    return data_folder
 
 
-@pytest.fixture
-def at(make_program):
-    """at(folder, registry): the program in a folder that is there already; it has ended after the test."""
-    opened = []
+def wait_for_run(program, number):
+    wait_until(lambda: program.store.read("Misc", "Runs") == f"{number}", f"the complete start of run {number}")
 
-    def open_program(folder, registry=True):
-        opened.append(Program(folder.resolve(), registry))
-        return opened[-1]
 
-    yield open_program
-    for program in opened:
-        program.kill()
+def close(program):
+    program.post(WM_CLOSE)
+    wait_until(lambda: not program.icon(), "the program ends")
 
 
 def test_same_bytes_whatever_the_circumstances(package, tmp_path):
@@ -174,7 +144,7 @@ def test_small_enough(package):
 
 
 @pytest.mark.parametrize("folder", ["C:\\Pogoda Łódź\\天気 alerts"])
-def test_installed_used_renewed_removed(run_setup, at, feed, app_data_folder, folder):
+def test_installed_used_renewed_removed(run_setup, make_program, feed, app_data_folder, run_value, folder):
     feed.serve("66044", TORNADO)
     stores.delete_registry(SETTINGS_PARENT)
     before = snapshot()
@@ -187,11 +157,11 @@ def test_installed_used_renewed_removed(run_setup, at, feed, app_data_folder, fo
     assert listed["DisplayVersion"] == "1.0.2" and listed["Publisher"] == "Quillmark Software"
     kilobytes = int(listed["EstimatedSize"].removeprefix("dword:"), 16)
     assert abs(kilobytes - (sum(map(len, installed.values())) - len(installed["Uninstall.exe"])) / 1024) < 2
-    assert run_value() == []
+    assert run_value() is None
 
-    program = at(place)
-    data_folder = settle(program, feed)
-    assert data_folder == app_data_folder
+    program = make_program(registry=True, folder=place)
+    data_folder = app_data_folder
+    settle(program, feed, data_folder)
     program.start()
     program.wait_for_picture("new alerts")
     assert [alert[0] for alert in program.store.alerts()] == ["101"]
@@ -206,7 +176,7 @@ def test_installed_used_renewed_removed(run_setup, at, feed, app_data_folder, fo
     install(run_setup)
     assert program.wait_for_end() == 0
     assert {name: data for name, data in contents(place).items() if name in product()} == product()
-    wait_until(lambda: program.store.read("Misc", "Runs") == "9", "the new copy runs by itself")
+    wait_for_run(program, 9)  # by itself
     wait_until(lambda: [alert[0] for alert in program.store.alerts()] == ["101", "102"], "the second alert")
     assert (data_folder / "Sounds" / "Bell.wav").read_bytes() == product()["Sounds/Bell.wav"]
     assert (data_folder / "CityCode.cmb").read_bytes() == stations
@@ -226,13 +196,13 @@ def test_installed_used_renewed_removed(run_setup, at, feed, app_data_folder, fo
     assert before - snapshot() == set() and not place.exists()
 
 
-def test_removed_with_all_settings_when_a_person_says_so(run_setup, at, feed, app_data_folder):
+def test_removed_with_all_settings_when_a_person_says_so(run_setup, make_program, app_data_folder, run_value):
     stores.delete_registry(SETTINGS_PARENT)
     before = snapshot()
     install(run_setup, "/CurrentUser", "/StartWithWindows")
     folder = entry()["InstallLocation"]
     place = pathlib.Path(stores.unix_path(folder)).resolve()
-    assert run_value() == [f'"{folder}\\SVAlerts.exe"']
+    assert run_value() == f'"{folder}\\SVAlerts.exe"'
     # What the users of a program folder that everyone may write to have left in it.
     (place / "anna.ini").write_text("[Misc]\r\nUSEINI=True\r\n", newline="")
     (place / "Users" / "anna").mkdir(parents=True)
@@ -246,10 +216,10 @@ def test_removed_with_all_settings_when_a_person_says_so(run_setup, at, feed, ap
     for file in own_files[1:]:
         file.write_text("a person's")
     (place / "other.ini").write_text("[Misc]\r\nOTHER=program\r\n", newline="")
-    program = at(place)
+    program = make_program(registry=True, folder=place)
     program.store.write({"Misc": {"Runs": "7"}, "Options": {"StartWithWindows": "True"}})
     program.start()
-    wait_until(lambda: program.store.read("Misc", "Runs") == "8", "the start is complete")
+    wait_for_run(program, 8)
 
     uninstall(folder, "/CurrentUser")
     press("Uninstall")
@@ -278,13 +248,13 @@ def wait_for_box():
     return window
 
 
-def test_a_person_installs_over_a_running_copy(run_setup, at, feed, app_data_folder):
+def test_a_person_installs_over_a_running_copy(run_setup, make_program, feed, app_data_folder):
     install(run_setup, "/CurrentUser")
     folder = entry()["InstallLocation"]
-    program = at(pathlib.Path(stores.unix_path(folder)))
-    settle(program, feed)
+    program = make_program(registry=True, folder=pathlib.Path(stores.unix_path(folder)))
+    settle(program, feed, app_data_folder)
     program.start()
-    wait_until(lambda: program.store.read("Misc", "Runs") == "8", "the start is complete")
+    wait_for_run(program, 8)
 
     setup = run_setup("/CurrentUser")
     press("Next >")
@@ -301,9 +271,8 @@ def test_a_person_installs_over_a_running_copy(run_setup, at, feed, app_data_fol
     assert program.wait_for_end() == 0
     press("Finish")  # with the box ticked that starts the program
     assert setup.wait(30) == 0
-    wait_until(lambda: program.store.read("Misc", "Runs") == "9", "the new copy runs")
-    program.post(WM_CLOSE)
-    wait_until(lambda: not program.icon(), "it ends")
+    wait_for_run(program, 9)
+    close(program)
 
 
 def test_a_person_names_a_folder_that_is_not_empty(run_setup, tmp_path):
@@ -321,14 +290,14 @@ def test_a_person_names_a_folder_that_is_not_empty(run_setup, tmp_path):
     assert {name: data for name, data in contents(folder).items() if "/" not in name} == taken
 
 
-def test_a_copy_left_in_another_folder_is_removed_alone(run_setup):
+def test_a_copy_left_in_another_folder_is_removed_alone(run_setup, run_value):
     left, current = "C:\\Left there", "C:\\In use"
     install(run_setup, "/CurrentUser", f"/D={left}")
     before = snapshot()
     install(run_setup, "/CurrentUser", "/StartWithWindows", f"/D={current}")
     uninstall(left)
     assert not pathlib.Path(stores.unix_path(left)).exists()
-    assert entry()["InstallLocation"] == current and run_value() == [f'"{current}\\SVAlerts.exe"']
+    assert entry()["InstallLocation"] == current and run_value() == f'"{current}\\SVAlerts.exe"'
     assert [path for path in before & snapshot() if str(path).endswith("/Skyvane Alerts.lnk")]
 
 
@@ -366,12 +335,12 @@ def test_gives_up_when_the_files_are_in_use(run_setup, feed, tmp_path):
 
 
 @pytest.fixture
-def portable(package, tmp_path, at):
+def portable(package, tmp_path, make_program):
     """The unpacked archive: its folder, and the program in it."""
     with zipfile.ZipFile(only(package, ".zip")) as archive:
         archive.extractall(tmp_path / "stick")
     [folder] = (tmp_path / "stick").iterdir()
-    return at(folder, registry=False)
+    return make_program(folder=folder)
 
 
 def start_portable(program):
@@ -389,8 +358,7 @@ def test_portable_keeps_to_its_folder(portable, feed, app_data_folder):
     start_portable(portable)
     portable.wait_for_picture("new alerts")
     assert [alert[0] for alert in portable.store.alerts()] == ["101"]
-    portable.post(WM_CLOSE)
-    wait_until(lambda: not portable.icon(), "the program ends")
+    close(portable)
     assert snapshot() == before and not app_data_folder.exists()
     assert (portable.folder / "Users" / "Default" / "Sounds" / "Bell.wav").exists()
 
@@ -404,8 +372,7 @@ def test_portable_in_a_folder_that_cannot_be_written(portable, app_data_folder):
         before = snapshot()
         start_portable(portable)
         assert stays(lambda: not message_boxes(), 2) and portable.tooltip() == PROGRAM_NAME
-        portable.post(WM_CLOSE)
-        wait_until(lambda: not portable.icon(), "the program ends")
+        close(portable)
         # Fails, too, where such a folder can be written after all.
         assert contents(portable.folder) == unpacked and not (portable.folder / "Users").exists()
         assert snapshot() == before and not app_data_folder.exists()

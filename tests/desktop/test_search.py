@@ -1,11 +1,9 @@
 """The station search: finding, choosing and adding a station."""
 
-import threading
-
 import harness
 import pytest
 from harness import stays, wait_until
-from loopback import answer
+from loopback import Held, answer
 from search_dialog import (CHOOSER, NOT_FOUND, OPTIONS, Dialog, apply_options, feed, locations,
                            make_searcher, open_search, saved_stations, stations)
 
@@ -137,24 +135,11 @@ def test_adding_ends_in_the_station_file(program, feed):
                                                                "Lawrence, KS (Station 2)"]
 
 
-def hold(feed, part, body):
-    """Holds the answer back; the events tell that it was asked for, and let it go."""
-    asked, gate = threading.Event(), threading.Event()
-
-    def serve(connection):
-        asked.set()
-        gate.wait(30)
-        connection.sendall(answer(200, body))
-
-    feed.answers[part] = serve
-    return asked, gate
-
-
 def test_closing_in_the_middle_of_a_wait(program, feed, temp_folder):
-    asked, gate = hold(feed, "66044", stations(2))
+    held = feed.answers["66044"] = Held(answer(200, stations(2)))
     search = open_search(program)
     search.start("66044")
-    assert asked.wait(15)
+    assert held.asked.wait(15)
     assert not any(search.control(name).enabled for name in ("Search", "Cancel", "Add Station"))
     assert not Dialog(OPTIONS).control(class_name="ComboBox").enabled
     assert program.answers()
@@ -165,7 +150,7 @@ def test_closing_in_the_middle_of_a_wait(program, feed, temp_folder):
     wait_until(lambda: Dialog(OPTIONS).control(class_name="ComboBox").enabled, "the station list is on")
     wait_until(lambda: not program.downloaders(), "the downloader ends")
     assert not list(temp_folder.glob("SVA*.tmp"))
-    gate.set()
+    held.gate.set()
 
     Dialog(OPTIONS).click("Add Station...")
     search.search("10007", "6 weather station(s) found.")
@@ -174,10 +159,10 @@ def test_closing_in_the_middle_of_a_wait(program, feed, temp_folder):
     apply_options()
 
     # Exit in a wait.
-    asked, gate = hold(feed, "66044", stations(2))
+    held = feed.answers["66044"] = Held(answer(200, stations(2)))
     search = open_search(program)
     search.start("66044")
-    assert asked.wait(15)
+    assert held.asked.wait(15)
     harness.probe("post", harness.TRAY_CLASS, 0x111, 111, 0)
     assert program.wait_for_end() == 0
     assert "unhandled" not in program.errors().lower()

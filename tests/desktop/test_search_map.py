@@ -9,8 +9,8 @@ import subprocess
 import pytest
 import stores
 from harness import stays, wait_until
-from search_dialog import (NOT_FOUND, apply_options, data_folder, feed, make_searcher, open_search,
-                           saved_stations, stations)
+from search_dialog import (NOT_FOUND, apply_options, feed, make_searcher, open_search, saved_stations,
+                           stations)
 
 STAND_IN = "{5B1C3C0A-8E0B-4B57-9E0B-6C6A54B0C7D1}"
 
@@ -56,7 +56,7 @@ def test_talk_with_the_map_page(make_searcher, feed, stand_in):
     moved = '<IMG onerror = "setMapCenter(\'{}\',\'-95.5\');" src="#" STYLE="display:none;" >'
     wait_until(lambda: center.read_text() == moved.format("38.0"), "the map moves to the first station")
     addresses = (stand_in / "navigated.txt").read_text().splitlines()
-    page = data_folder(program) / "HTML" / "CitySearch.html"
+    page = program.data_folder() / "HTML" / "CitySearch.html"
     assert addresses[0] == "about:blank" and stores.unix_path(addresses[1]) == str(page)
     text = page.read_text(encoding="utf-8")
     assert text.count('id=\\"S39\\"') == 1 and "[XML]" not in text
@@ -101,7 +101,7 @@ def test_pages_for_the_browser(make_searcher, feed, stand_in):
     for number, (name, document) in enumerate(feeds.items()):
         feed.answers = {f"zipcode={number}": document.encode()}
         search.search(str(number), f"{document.count('<aws:station ')} weather station(s) found.")
-        shutil.copy(data_folder(program) / "HTML" / "CitySearch.html", pages / f"{name}.html")
+        shutil.copy(program.data_folder() / "HTML" / "CitySearch.html", pages / f"{name}.html")
         if number == 0:
             wait_until(center.read_text, "the map is centred")
             shutil.copy(center, pages)

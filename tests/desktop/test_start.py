@@ -5,13 +5,12 @@ import shutil
 
 import pytest
 
-from feed import TORNADO
+from feed import LAWRENCE, TORNADO
 from harness import (RETRIEVER_DELAY_TIMER, WM_TIMER, message_boxes, probe, stays, user_name,
                      wait_for_message_box, wait_until)
 from stores import IniStore, windows_path
 from tray_menu import choose
 
-LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
 FIRST_TIME = ("It looks like this is your first time using Skyvane Alerts.\r\n\r\n"
               "Would you like to set up the Options now?")
 

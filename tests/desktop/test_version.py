@@ -1,11 +1,9 @@
 """The menu's check for a new version, against a maker's web site of the test's."""
 
-import threading
-
 import pytest
 
 from harness import message_boxes, stays, wait_for_message_box, wait_until
-from loopback import Server, answer, redirect
+from loopback import Held, Server, answer, redirect
 from tray_menu import choose
 
 FILE, PAGE = "/SVAlerts.txt", "/Skyvane-Alerts.asp"
@@ -137,19 +135,13 @@ def test_program_folder_that_cannot_be_written(checker, maker):
 
 def test_another_check_waits_for_nothing(checker, maker):
     """While the answer is on its way a second wish does nothing, and the program lives on."""
-    gate = threading.Event()
-
-    def serve_later(connection):
-        gate.wait(30)
-        connection.sendall(answer(200, b"1.0.3"))
-
-    maker.answers[FILE] = serve_later
+    held = maker.answers[FILE] = Held(answer(200, b"1.0.3"))
     choose(checker, "Check for New Version")
-    wait_until(maker.server.targets, "the request")
+    assert held.asked.wait(15)
     choose(checker, "Check for New Version")
     assert stays(lambda: not message_boxes() and checker.answers(), 0.5)
     assert maker.server.targets() == [FILE]
-    gate.set()
+    held.gate.set()
     box = wait_for_message_box()
     assert box.text == offer_text("1.0.3")
     box.answer("No")

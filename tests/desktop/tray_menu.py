@@ -13,8 +13,23 @@ FIXED = (None, "Retrieve Severe Alerts", "View National Severe Alerts", "View We
 HELP = ("Support Forums", "Send Bug Report")
 ADD_STATION = "Add New Station..."
 
+# What the items open.
+WEATHER = "https://www.weatherbug.com"
+MAKER = "https://www.quillmark.example"
+MAP = WEATHER + "/severe-weather/national-alert-map.html?zcode=z4172&country=US&country_name=USA"
+
 # Pixels, at the screen's 96 per inch.
 BORDER, ITEM, SEPARATOR = 3, 16, 9
+
+
+def alert_page(code):
+    return (f"{WEATHER}/Common/SearchResults.html?zcode=z4172&nav_section=45&lang_id=en-us"
+            f"&is_search=true&loc={code}")
+
+
+def station_page(code):
+    return (f"{WEATHER}/Common/SearchResults.html?loc={code}&is_search=true&nav_section=1"
+            f"&loc_country=WORLD&zcode=z4172")
 
 
 def place_of(window, entries, caption):
