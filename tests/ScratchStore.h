@@ -5,6 +5,8 @@
 
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
+#include "stations/StationLineRules.h"
+#include "stations/StationList.h"
 #include "win/Files.h"
 #include "win/modRandomFile.h"
 
@@ -35,6 +37,15 @@ class ScratchStore : public testing::TestWithParam<std::int16_t> {
     static void Use(std::int16_t store) {
         settings::UseIni = store;
         settings::IniUserName = store == settings::kUseIniStore ? "scratch-user" : "";
+    }
+    // Watches a station of each code, called "Place" and its code.
+    static void UseStations(const std::vector<std::string>& codes) {
+        std::vector<std::string> lines;
+        for (const std::string& code : codes)
+            lines.push_back(stations::MakeStationLine(
+                "Place " + code, stations::MakeHiddenText("id", code, "1", "2")));
+        ASSERT_TRUE(stations::WriteStationFile(lines, stations::StationFilePath()));
+        stations::LoadStationList();
     }
     // Writes a document for the test and gives its path.
     static std::string WriteScratchFile(const std::string& text) {

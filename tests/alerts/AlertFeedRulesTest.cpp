@@ -68,12 +68,5 @@ TEST(AlertFeedRules, JudgesStatusTexts) {
     for (const char* text : {"1", "-1", "404", " 12002"}) EXPECT_FALSE(IsSuccess(text)) << text;
 }
 
-TEST(AlertFeedRules, AsksForEachCodeOnce) {
-    EXPECT_FALSE(IsDone("", "1"));
-    EXPECT_TRUE(IsDone(",66044", "66044"));
-    EXPECT_FALSE(IsDone(",66044", "6604"));
-    EXPECT_TRUE(IsDone(",1,2", "1"));
-}
-
 }  // namespace
 }  // namespace alerts

@@ -23,6 +23,8 @@ LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
 PARIS = ("Paris, France (Orly)", "064321")
 TORNADO = ("101", "Tornado Warning", "A tornado was seen near Łódź.")
 FLOOD = ("102", "Flood Watch", "Flooding is possible.")
+# What a program is told that shall retrieve and tell them at once.
+AT_START = {"RetrieveAlertsOnStartup": "True", "DisplayTrayAlert": "True"}
 
 
 class Feed:

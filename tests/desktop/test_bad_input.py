@@ -4,11 +4,10 @@ import random
 
 import pytest
 
-from feed import FLOOD, LAWRENCE, PARIS, TORNADO, document
+from feed import AT_START, FLOOD, LAWRENCE, PARIS, TORNADO, document
 from harness import RIGHT, station_line, wait_for_message_box, wait_until
 from tray_menu import choose, open_menus
 
-AT_START = {"RetrieveAlertsOnStartup": "True", "DisplayTrayAlert": "True"}
 MIB = 1024 * 1024
 
 
@@ -70,7 +69,7 @@ def test_documents_that_do_not_load(make_watcher, feed):
 
 
 def test_odd_but_well_formed_documents(make_watcher, feed):
-    feed.serve("1", ("1", None, "first, no title"), ("2", "Two", "body"), ("3", None, "title carries over"),
+    feed.serve("1", ("1", None, "first, no title"), ("2", "Two & <b>\"\U0001F32A\"", "body"), ("3", None, "title carries over"),
                ("4", "Four", ""), ("5", "Five", None), (None, "Six", "no id"), ("", "", " a  b   c "))
     feed.serve("2")
     feed.serve_raw("3", b"<weather><alerts><alert><id>9</id></alert></alerts></weather>")
@@ -79,7 +78,7 @@ def test_odd_but_well_formed_documents(make_watcher, feed):
     run_cycle(program)
     alerts = program.store.alerts()
     assert [alert and alert[:3] for alert in alerts[:7]] == [
-        ("1", "", "1"), ("2", "Two", "1"), ("3", "Two", "1"), None, ("5", "Six", "1"), ("", "", "1"),
+        ("1", "", "1"), ("2", "Two & <b>\"\U0001F32A\"", "1"), ("3", "Two & <b>\"\U0001F32A\"", "1"), None, ("5", "Six", "1"), ("", "", "1"),
         alerts[6][:3]]
     assert alerts[5][3] == "a b c"
     assert alerts[0][3] == "first, no title"
@@ -129,24 +128,19 @@ def test_settings_of_a_hundred_thousand_characters(make_watcher, feed, registry)
     assert program.store.read("Options", "Icon") == long
 
 
-def test_station_file_of_rubbish(make_watcher, feed):
+@pytest.mark.parametrize("stations", [
+    [random.Random(7).randbytes(300_000), LAWRENCE],
+    [(f"Station {n}", "66044") for n in range(10_000)],
+], ids=["rubbish", "ten thousand lines"])
+def test_station_file(make_watcher, feed, stations):
     feed.serve("66044", TORNADO)
-    rubbish = random.Random(7).randbytes(300_000)
-    program = make_watcher(rubbish, LAWRENCE, options=AT_START)
-    run_cycle(program)
-    assert feed.codes() == ["66044"]
-    program.wait_for_picture("new alerts")
-    assert station_line(*LAWRENCE) in (program.folder / "Users/Default/CityCode.cmb").read_bytes()
-
-
-def test_station_file_of_ten_thousand_lines(make_watcher, feed):
-    feed.serve("66044", TORNADO)
-    stations = [(f"Station {n}", "66044") for n in range(10_000)]
     program = make_watcher(*stations, options=AT_START)
     run_cycle(program, 60)
     assert feed.codes() == ["66044"]
+    program.wait_for_picture("new alerts")
     program.click_icon(RIGHT)
     wait_until(open_menus, "the popup menu")
+    assert station_line(*stations[-1]) in (program.data_folder() / "CityCode.cmb").read_bytes()
 
 
 @pytest.mark.parametrize("registry", [False, True], ids=["ini", "registry"])

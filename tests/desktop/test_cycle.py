@@ -5,28 +5,22 @@ import shutil
 
 import pytest
 
-from feed import FLOOD, LAWRENCE, PARIS, TORNADO, document
+from feed import AT_START, FLOOD, LAWRENCE, PARIS, TORNADO, document
 from harness import message_boxes, stays, wait_for_message_box, wait_until
 from stores import windows_path
 from tray_menu import choose
 
 
-AT_START = {"RetrieveAlertsOnStartup": "True", "DisplayTrayAlert": "True"}
 EACH_MINUTE = {"AutoUpdateInterval": "Every minute"}  # no known interval: every minute
 NEW_ALERTS = ("New severe weather alerts have been discovered.\r\n\r\n"
               "Note: Right-click the Skyvane Alerts system tray icon for more information.")
-FAILED = "\r\n".join([
-    "Skyvane Alerts was not able to retrieve the severe alerts.",
-    "",
-    "Please verify the following:",
-    "",
-    "1) You're connected to the Internet.",
-    "",
-    "2) Your software (e.g. firewall software, security software) is not",
-    "     blocking Internet access to Skyvane Live.",
-    "",
-    "3) Your computer and/or network is not preventing you from",
-    "     viewing https://www.weatherbug.com."])
+FAILED = ("Skyvane Alerts was not able to retrieve the severe alerts.\r\n\r\n"
+          "Please verify the following:\r\n\r\n"
+          "1) You're connected to the Internet.\r\n\r\n"
+          "2) Your software (e.g. firewall software, security software) is not\r\n"
+          "     blocking Internet access to Skyvane Live.\r\n\r\n"
+          "3) Your computer and/or network is not preventing you from\r\n"
+          "     viewing https://www.weatherbug.com.")
 
 
 def time_of(text):
@@ -88,19 +82,11 @@ def test_picture_changes_without_a_balloon_unless_asked_for(make_watcher, feed):
     assert stays(lambda: not program.balloons(), 2)
 
 
-def fail_with_status(feed):
-    feed.serve_raw("66044", b"gone", status=503)
-
-
-def fail_by_cut(feed):
-    feed.serve_cut_off("66044", document(TORNADO))
-
-
-def fail_by_refusal(feed):
-    feed.close()
-
-
-@pytest.mark.parametrize("fail", [fail_with_status, fail_by_cut, fail_by_refusal])
+@pytest.mark.parametrize("fail", [
+    lambda feed: feed.serve_raw("66044", b"gone", status=503),
+    lambda feed: feed.serve_cut_off("66044", document(TORNADO)),
+    lambda feed: feed.close(),
+], ids=["status", "cut", "refusal"])
 def test_failing_server(make_watcher, feed, fail):
     fail(feed)
     before = "11/20/2026 1:02:03 PM"

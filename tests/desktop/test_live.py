@@ -12,7 +12,7 @@ from harness import wait_until
 from loopback import answer
 from search_dialog import CHOOSER, Dialog, apply_options, make_searcher, open_search, saved_stations
 from tray_menu import choose
-from weather_service import YEAR, WeatherService, alert, collection, moment, recorded, vtec
+from weather_service import YEAR, WeatherService, alert, collection, recorded, vtec
 
 LAWRENCE = ("Lawrence, Kansas (Airport)", "66044")
 TORNADO = f"KTOP.TO.W.0045.{YEAR}"
@@ -167,37 +167,6 @@ def test_an_event_through_its_messages(service, start):
         wait_until(lambda: [found[0] for found in stored(program)] == identifiers, what)
         wait_until(lambda: seen(program) == all_seen, what)
         assert program.answers()
-
-
-def test_a_block_page_leaves_what_is_known(service, start):
-    program = start(alert("urn:1", "Tornado Warning", vtec=vtec("NEW", "KTOP.TO.W.0045")))
-    before = program.last_updated()
-    service.replies = [BLOCK_PAGE, BLOCK_PAGE]
-    program.tick(5)
-    wait_until(lambda: len(service.targets()) == 3, "the second try", 30)
-    wait_until(lambda: not program.downloaders(), "the end of the download")
-    assert program.answers()
-    assert (program.last_updated(), seen(program)) == (before, [TORNADO])
-    program.tick(5)
-    wait_until(lambda: stored(program) == [(TORNADO, "Tornado Warning")], "the alert comes back")
-    assert seen(program) == [TORNADO]
-
-
-def test_alerts_of_every_kind(start):
-    marked = "<b>&amp;\"it's\"</b> \U0001F32A \u0007."
-    copy = alert("urn:3", "Flood Watch", severity="Moderate")
-    program = start(
-        alert("urn:1", "Test Message", status="Test"), alert("urn:2", marked, headline=None, description=marked),
-        copy, copy, copy,
-        alert("urn:4", "Heat Advisory", severity="Minor", expires=moment(-1), ends=moment(9)),
-        alert("urn:5", "Frost Advisory", expires=moment(-1)),
-        {**alert("urn:6", "Tsunami Warning", severity="Extreme"),
-         "geometry": {"type": "Polygon", "coordinates": [[[1, 2], [3, 4], [1, 2]]]}})
-    found = program.store.alerts()
-    assert [title for _, title, _, _ in found] == ["Tsunami Warning", marked.replace("\u0007", " "), "Flood Watch",
-                                                   "Heat Advisory"]
-    assert "<b>&amp;\"it's\"</b> \U0001F32A ." in found[1][3]
-    assert len(seen(program)) == 4
 
 
 def test_529_alerts_in_one_answer(service, start):

@@ -54,19 +54,6 @@ def test_own_user_names_ini_file_and_data_folder(make_watcher, feed):
     assert not (program.folder / "Default.ini").exists()
 
 
-def test_exit_leaves_nothing_behind(make_watcher, temp_folder):
-    program = make_watcher(LAWRENCE)
-    for name in ("SVA1.tmp", "SVA2F.tmp", "SVAnot.txt"):
-        (temp_folder / name).write_text("left over")
-    program.start()
-    choose(program, "Exit", stations=["Lawrence"])
-    assert program.wait_for_end() == 0
-    wait_until(lambda: not program.icon(), "the icon goes", 2)
-    assert [file.name for file in temp_folder.glob("SV*.*")] == ["SVAnot.txt"]
-    (temp_folder / "SVAnot.txt").unlink()
-    assert program.downloaders() == []
-
-
 def test_second_copy_ends_in_silence(make_watcher, feed):
     feed.serve("66044", TORNADO)
     program = make_watcher(LAWRENCE, misc={"LastUpdated": "5/2/2008 4:12:10 PM"})
@@ -98,19 +85,23 @@ def test_icon_comes_back_with_a_new_taskbar(make_watcher, feed):
     assert program.wait_for_end() == 0
 
 
-@pytest.mark.parametrize("message, w_param, l_param", [
-    ("0x11", 0, 0),  # Windows asks whether the session may end
-    ("0x16", 1, 0),  # the session ends
-    ("0x10", 0, 0),  # the task manager asks to close
-], ids=["asked", "ending", "closed"])
-def test_end_of_the_session_is_an_exit(make_watcher, temp_folder, message, w_param, l_param):
+@pytest.mark.parametrize("leave", [
+    lambda program: choose(program, "Exit", stations=["Lawrence"]),
+    lambda program: program.post("0x11"),  # Windows asks whether the session may end
+    lambda program: program.post("0x16", 1),  # the session ends
+    lambda program: program.post("0x10"),  # the task manager asks to close
+], ids=["menu", "asked", "ending", "closed"])
+def test_exit_leaves_nothing_behind(make_watcher, temp_folder, leave):
     program = make_watcher(LAWRENCE)
-    (temp_folder / "SVA1.tmp").write_text("left over")
+    for name in ("SVA1.tmp", "SVA2F.tmp", "SVAnot.txt"):
+        (temp_folder / name).write_text("left over")
     program.start()
-    program.post(message, w_param, l_param)
+    leave(program)
     assert program.wait_for_end() == 0
     wait_until(lambda: not program.icon(), "the icon goes", 2)
-    assert not list(temp_folder.glob("SV*.tmp"))
+    assert [file.name for file in temp_folder.glob("SV*.*")] == ["SVAnot.txt"]
+    (temp_folder / "SVAnot.txt").unlink()
+    assert program.downloaders() == []
 
 
 def test_chosen_pictures_replace_the_built_in_ones(make_watcher, feed):

@@ -6,8 +6,6 @@
 
 #include "options/frmOptions.h"
 #include "options/resource.h"
-#include "stations/StationLineRules.h"
-#include "stations/StationList.h"
 #include "tests/Handles.h"
 #include "tests/ScratchStore.h"
 #include "tray/frmTray.h"
@@ -15,7 +13,6 @@
 #include "win/Choice.h"
 #include "win/Dialog.h"
 #include "win/Text.h"
-#include "win/TextRules.h"
 
 namespace options {
 namespace {
@@ -83,27 +80,15 @@ class OptionsFormTest : public tests::ScratchStore {
   protected:
     void SetUp() override {
         ScratchStore::SetUp();
-        win::MakeFolder(State().programFolder + "\\Sounds");
-        win::ReplaceFileWhole(State().programFolder + "\\Sounds\\Bell.wav", "RIFF");
         ASSERT_TRUE(tray::LoadTrayWindow());
         WriteSetting(kLastOption, "General");
     }
     void TearDown() override {
         tray::StopMinuteClock();
         DestroyWindow(tray::TrayWindow());
-        win::DeleteFolder(State().programFolder + "\\Sounds");
         ScratchStore::TearDown();
     }
     static std::map<std::string, std::string> Stored() { return ReadSection(kOptions); }
-    static void UseStations(int count) {
-        std::vector<std::string> lines;
-        for (int i = 0; i < count; ++i)
-            lines.push_back(stations::MakeStationLine(
-                "Place " + win::Decimal(i),
-                stations::MakeHiddenText("id", win::Decimal(i), "1", "2")));
-        stations::WriteStationFile(lines, stations::StationFilePath());
-        stations::LoadStationList();
-    }
 };
 class OptionsDialogTest : public OptionsFormTest {
   protected:
@@ -131,8 +116,6 @@ TEST_P(OptionsDialogTest, WritesNoMoreThanItMust) {
          {{"alertfilters", "wind storm|||||Łódź|||||a|b"}, {"showfilteredwords", "False"}}},
         {[](HWND dialog) { Click(dialog, frmOptions_Command11); },
          {{"icon2", "default"}, {"singleclickaction", "a"}, {"doubleclickaction", "b"}}},
-        {[](HWND dialog) { Choose(dialog, frmOptions_Combo11, "Bell.wav"); },
-         {{"displaytrayalert", "True"}, {"trayalertsound", "Bell.wav"}}},
         {[](HWND dialog) {
              Type(dialog, frmOptions_Text1, "anna");
              Type(dialog, frmOptions_Text2, "Łukasz");  // cannot be scrambled
@@ -196,7 +179,7 @@ TEST_P(OptionsDialogTest, RunsTheClock) {
 }
 
 TEST_P(OptionsDialogTest, KeepsTheStationFileWhenItCannotBeWritten) {
-    UseStations(2);
+    UseStations({"1", "2"});
     const std::string path = stations::StationFilePath();
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
     SetFileAttributesA(tests::ScratchIniPath().c_str(), FILE_ATTRIBUTE_READONLY);
@@ -212,7 +195,7 @@ TEST_P(OptionsDialogTest, KeepsTheStationFileWhenItCannotBeWritten) {
 }
 
 TEST_P(OptionsDialogTest, GoesOnWithoutADataFolder) {
-    UseStations(2);
+    UseStations({"1", "2"});
     const std::string appData = win::Environment("APPDATA");
     SetEnvironmentVariableA("APPDATA", "Z:\\no\\such");
     WithDialog([](HWND dialog) {
@@ -227,7 +210,7 @@ TEST_P(OptionsDialogTest, GoesOnWithoutADataFolder) {
 }
 
 TEST_F(OptionsFormTest, AreAllGivenBack) {
-    UseStations(5);
+    UseStations({"1", "2", "3", "4", "5"});
     const auto openAndClose = [](int times) {
         for (int i = 0; i < times; ++i) WithDialog([](HWND) {});
     };

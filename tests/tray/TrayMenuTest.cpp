@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "stations/StationLineRules.h"
-#include "stations/StationList.h"
 #include "tests/Handles.h"
 #include "tests/ScratchStore.h"
 #include "tray/frmTray.h"
@@ -46,19 +44,14 @@ class TrayMenuTest : public tests::ScratchStore {
         WriteSetting("Alerts", "zipcode" + win::Decimal(n), code);
         WriteSetting("Alerts", "Count", win::Decimal(n));
     }
-    static void UseStations(const std::vector<std::string>& codes) {
-        std::vector<std::string> lines;
-        for (const std::string& code : codes)
-            lines.push_back(stations::MakeStationLine(
-                "Place " + code, stations::MakeHiddenText("id", code, "1", "2")));
-        ASSERT_TRUE(stations::WriteStationFile(lines, stations::StationFilePath()));
-        stations::LoadStationList();
+    static void ListStations(const std::vector<std::string>& codes) {
+        UseStations(codes);
         BuildStationMenu();
     }
 };
 
 TEST_F(TrayMenuTest, PutsAlertsAboveTheFixedItems) {
-    UseStations({"66044"});
+    ListStations({"66044"});
     EXPECT_EQ(TextAt(Popup(), 0), "(No Alerts Available)");
     EXPECT_EQ(TextAt(Popup(), 4), "View Weather");
     StoreAlert(1, "Wind & Hail", "66044");
@@ -78,10 +71,10 @@ TEST_F(TrayMenuTest, PutsAlertsAboveTheFixedItems) {
 }
 
 TEST_F(TrayMenuTest, ListsStationsUpToTheFirstEmptyOne) {
-    UseStations({});
+    ListStations({});
     EXPECT_EQ(GetMenuItemCount(StationMenu()), 1);
     EXPECT_EQ(TextAt(StationMenu(), 0), "Add New Station...");
-    UseStations({"1", "2"});
+    ListStations({"1", "2"});
     EXPECT_EQ(GetMenuItemCount(StationMenu()), 4);
     EXPECT_EQ(TextAt(StationMenu(), 3), "Place 2");
     EXPECT_EQ(GetMenuItemID(StationMenu(), 3), 8002u);
@@ -98,7 +91,7 @@ TEST_F(TrayMenuTest, NumbersAlertsApartFromStationsThatComeLater) {
     BuildAlertsMenu();
     std::vector<std::string> codes;
     for (int i = 0; i < 10000; ++i) codes.push_back(win::Decimal(i));
-    UseStations(codes);
+    ListStations(codes);
     for (int i = 0; i < 50; ++i) {
         const UINT low = GetMenuItemID(Popup(), i) & 0xFFFF;
         EXPECT_TRUE(low < 8000u || low > 8001u + 10000u) << low;
@@ -106,7 +99,7 @@ TEST_F(TrayMenuTest, NumbersAlertsApartFromStationsThatComeLater) {
 }
 
 TEST_F(TrayMenuTest, LeavesNoHandlesBehind) {
-    UseStations({"1"});
+    ListStations({"1"});
     for (int i = 1; i <= 2; ++i) StoreAlert(i, "Alert " + win::Decimal(i), "1");
     const auto rebuild = [](int times) {
         for (int i = 0; i < times; ++i) {

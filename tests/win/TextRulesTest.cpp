@@ -44,10 +44,8 @@ TEST(TextRules, ReadsTheNumberThatATextBeginsWith) {
         int int16;
     };
     const Case cases[] = {{"", 0, 0},
-                          {"0", 0, 0},
                           {"0\r\n", 0, 0},
                           {"abc", 0, 0},
-                          {"1", 1, 1},
                           {"-1", -1, -1},
                           {"404 gone", 404, 404},
                           {" \n 7", 7, 7},
@@ -62,12 +60,6 @@ TEST(TextRules, ReadsTheNumberThatATextBeginsWith) {
         EXPECT_EQ(LeadingInt16(c.text), c.int16) << c.text;
     }
     EXPECT_GT(LeadingNumber(std::string(400, '9')), 1e300);
-}
-
-TEST(TextRules, AddsWithinSixteenBits) {
-    EXPECT_EQ(AddInt16(32766, 1), 32767);
-    EXPECT_EQ(AddInt16(32767, 1), 32767);
-    EXPECT_EQ(AddInt16(0, -1), -1);
 }
 
 TEST(TextRules, KnowsANumberFromEndToEnd) {
