@@ -40,6 +40,7 @@ class Server:
 
     def __init__(self, answers, tls=None):
         self.heads = []
+        self.answers = answers
         outer = self
 
         class Handler(socketserver.BaseRequestHandler):
@@ -48,7 +49,7 @@ class Server:
                     connection = self.request
                     if tls:
                         connection = tls.wrap_socket(connection, server_side=True)
-                    outer.serve(connection, answers)
+                    outer.serve(connection)
 
         self.server = socketserver.ThreadingTCPServer(("127.0.0.1", 0), Handler)
         self.server.daemon_threads = True
@@ -57,7 +58,7 @@ class Server:
         self.scheme = "https" if tls else "http"
         threading.Thread(target=self.server.serve_forever, args=(0.05,), daemon=True).start()
 
-    def serve(self, connection, answers):
+    def serve(self, connection):
         while True:
             head = b""
             while b"\r\n\r\n" not in head:
@@ -67,7 +68,7 @@ class Server:
                 head += received
             head = head.decode("latin-1")
             self.heads.append(head)
-            reply = answers(head) if callable(answers) else answers[head.split(" ")[1]]
+            reply = self.answers(head) if callable(self.answers) else self.answers[head.split(" ")[1]]
             if callable(reply):
                 reply(connection)
                 return

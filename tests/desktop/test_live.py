@@ -91,7 +91,6 @@ def test_locations_and_stations(service, downloader):
 
 @pytest.mark.parametrize("query, status", [
     ("requesttype=1&zipcode=96799", 1013),  # the service answers that it knows no such point
-    ("requesttype=1&CityCode=59105", 1013),
     ("requesttype=6&ZipCode=059105", 1013),
     ("requesttype=6&ZipCode=00000", 1014),
     ("requesttype=7", 1017),

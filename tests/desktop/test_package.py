@@ -12,7 +12,7 @@ import stores
 from feed import FLOOD, LAWRENCE, TORNADO
 from harness import (PROGRAM_NAME, click, message_boxes, processes, station_line, stays, visible_windows,
                      wait_until)
-from prefix import drive, snapshot
+from prefix import snapshot
 
 ROOT = pathlib.Path(__file__).parents[2]
 ENTRY = r"\Software\Microsoft\Windows\CurrentVersion\Uninstall\SkyvaneAlerts"

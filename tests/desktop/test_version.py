@@ -2,7 +2,7 @@
 
 import pytest
 
-from harness import message_boxes, stays, wait_for_message_box, wait_until
+from harness import message_boxes, stays, wait_for_message_box
 from loopback import Held, Server, answer, redirect
 from tray_menu import choose
 
@@ -11,11 +11,7 @@ LATEST = "You are using the latest version of Skyvane Alerts."
 
 
 class Maker(Server):
-    """The maker's web site; `answers` holds what it sends for each address."""
-
-    def __init__(self):
-        self.answers = {}
-        super().__init__(self.answers)
+    """The maker's web site."""
 
     def offer(self, body):
         self.answers[FILE] = answer(200, body)
@@ -23,7 +19,7 @@ class Maker(Server):
 
 @pytest.fixture
 def maker():
-    maker = Maker()
+    maker = Maker({})
     yield maker
     maker.close()
 

@@ -142,10 +142,6 @@ TEST(Stations, ReadsRecordedAnswers) {
         "state=\"New York\" zipcode=\"10007\" station-type=\"NWS\" latitude=\"40.7833\" "
         "longitude=\"-73.9667\"/>";
     EXPECT_NE(xml->find(first), std::string::npos) << *xml;
-    std::size_t count = 0;
-    for (std::size_t at = 0; (at = xml->find("<aws:station ", at)) != std::string::npos; ++at)
-        ++count;
-    EXPECT_EQ(count, 25u);
     EXPECT_LT(xml->find("KNYC"), xml->find("KLGA"));
     for (const char* name : {"problem-outside-us.json", "point-nyc.json"})
         EXPECT_FALSE(StationsXml(Recorded(name), place)) << name;

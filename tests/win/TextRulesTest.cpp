@@ -43,18 +43,10 @@ TEST(TextRules, ReadsTheNumberThatATextBeginsWith) {
         double number;
         int int16;
     };
-    const Case cases[] = {{"", 0, 0},
-                          {"0\r\n", 0, 0},
-                          {"abc", 0, 0},
-                          {"-1", -1, -1},
-                          {"404 gone", 404, 404},
-                          {" \n 7", 7, 7},
-                          {"+3", 3, 3},
-                          {"0.5", 0.5, 0},
-                          {"32767", 32767, 32767},
-                          {"32768", 32768, 0},
-                          {"-32769", -32769, 0},
-                          {"1.2.3", 1.2, 1}};
+    const Case cases[] = {{"", 0, 0},          {"0\r\n", 0, 0},        {"abc", 0, 0},
+                          {"-1", -1, -1},      {"404 gone", 404, 404}, {" \n 7", 7, 7},
+                          {"+3", 3, 3},        {"0.5", 0.5, 0},        {"32767", 32767, 32767},
+                          {"32768", 32768, 0}, {"-32769", -32769, 0},  {"1.2.3", 1.2, 1}};
     for (const Case& c : cases) {
         EXPECT_DOUBLE_EQ(LeadingNumber(c.text), c.number) << c.text;
         EXPECT_EQ(LeadingInt16(c.text), c.int16) << c.text;
