@@ -22,6 +22,9 @@ MINUTE_TIMERS = (3, 2)
 WM_TIMER = 0x113
 RETRIEVER_DELAY_TIMER = 1
 
+# The icon's window, which newer Wines call otherwise.
+ICON_CLASSES = ("__winex11_tray_icon", "__wine_tray_icon")
+
 LEFT, RIGHT = 1, 3
 DOUBLE_CLICK_SECONDS = 0.5
 
@@ -181,7 +184,7 @@ class Program:
 
     def icon(self):
         found = [child for window in visible_windows() for child in window.children
-                 if child.class_name == "__winex11_tray_icon" and child.right > child.left]
+                 if child.class_name in ICON_CLASSES and child.right > child.left]
         assert len(found) <= 1, "more than one icon"
         return found[0] if found else None
 
