@@ -93,6 +93,6 @@ def text_of(path):
 
 def assert_failed(outcome, *accepted):
     """The status is one of the numbers."""
-    assert outcome.status in map(str, accepted)
+    assert outcome.status in map(str, accepted), outcome.status
     assert outcome.data is None
     assert outcome.exit_code == int(outcome.status) % 256  # as much of it as a process of this system can tell
