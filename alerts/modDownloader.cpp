@@ -8,6 +8,7 @@
 #include "win/Messages.h"
 #include "win/modRandomFile.h"
 #include "win/modTimeout.h"
+#include "win/NeverDestroyed.h"
 
 namespace alerts {
 namespace {
@@ -17,19 +18,18 @@ namespace {
 constexpr DWORD kPollMilliseconds = 15;
 
 // The downloads whose waits are on the stack, one inside the other.
-std::vector<const Download*> underWay;
+std::vector<const Download*>& underWay = win::NeverDestroyed<std::vector<const Download*>>();
 
 // Ends the downloaders that still run when this program ends.
 HANDLE DownloaderJob() {
-    static const win::KernelHandle job = [] {
-        win::KernelHandle made(CreateJobObjectA(nullptr, nullptr));
+    static const HANDLE job = [] {
+        const HANDLE made = CreateJobObjectA(nullptr, nullptr);
         JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
         limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
-        SetInformationJobObject(made.Get(), JobObjectExtendedLimitInformation, &limits,
-                                sizeof limits);
+        SetInformationJobObject(made, JobObjectExtendedLimitInformation, &limits, sizeof limits);
         return made;
     }();
-    return job.Get();
+    return job;
 }
 
 // Ends it and sees it gone, so that it holds no file any more.

@@ -5,12 +5,14 @@
 #include "tray/frmTray.h"
 #include "win/Hardening.h"
 #include "win/NamedMutex.h"
+#include "win/NeverDestroyed.h"
 
 namespace {
 
 // True in the first copy of this session; the handle marks it as long as the process lives.
 bool IsFirstCopy() {
-    static const win::NamedMutex mark = win::MakeNamedMutex("Local\\SkyvaneAlerts.FirstCopy");
+    static const win::NamedMutex& mark =
+        win::NeverDestroyed<win::NamedMutex>(win::MakeNamedMutex("Local\\SkyvaneAlerts.FirstCopy"));
     return !mark.existed;
 }
 

@@ -6,6 +6,7 @@
 #include "downloader/NwsMessageRules.h"
 #include "downloader/NwsTimeRules.h"
 #include "downloader/NwsXmlRules.h"
+#include "win/NeverDestroyed.h"
 
 namespace downloader {
 namespace {
@@ -72,7 +73,7 @@ void PutWorstFirst(std::vector<Candidate>& candidates) {
 }
 
 const std::string& Title(const Message& message) {
-    static const std::string unnamed = "Weather alert";
+    static const std::string& unnamed = win::NeverDestroyed<std::string>("Weather alert");
     if (!message.event.empty()) return message.event;
     return message.headline.empty() ? unnamed : message.headline;
 }

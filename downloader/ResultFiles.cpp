@@ -7,6 +7,7 @@
 #include "downloader/StatusCodes.h"
 #include "win/Files.h"
 #include "win/Handle.h"
+#include "win/NeverDestroyed.h"
 #include "win/TextRules.h"
 
 namespace downloader {
@@ -14,8 +15,9 @@ namespace {
 
 constexpr DWORD kGraceMilliseconds = 10'000;  // for writing down a result that came just in time
 
-std::string dataFile;
-win::FileHandle statusFile;  // held, so that nobody can lock us out before the end
+std::string& dataFile = win::NeverDestroyed<std::string>();
+// Held, so that nobody can lock us out before the end.
+win::FileHandle& statusFile = win::NeverDestroyed<win::FileHandle>();
 std::atomic_flag isEnding;
 
 win::FileHandle MakeEmptyFile(const std::string& path) {

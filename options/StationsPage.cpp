@@ -12,12 +12,13 @@
 #include "win/Choice.h"
 #include "win/Dialog.h"
 #include "win/Messages.h"
+#include "win/NeverDestroyed.h"
 
 namespace options {
 namespace {
 
 // The whole lines behind the entries of Combo1, which shows their display texts.
-std::vector<std::string> lines;
+std::vector<std::string>& lines = win::NeverDestroyed<std::vector<std::string>>();
 
 win::ChoiceControl Combo1(HWND page) {
     return win::ComboBox(page, frmOptions_Combo1);

@@ -10,6 +10,7 @@
 #include "win/Files.h"
 #include "win/Images.h"
 #include "win/modOpenDialog.h"
+#include "win/NeverDestroyed.h"
 
 namespace options {
 
@@ -26,8 +27,8 @@ struct IconChoice {
     std::string pending = {};
     bool changed = false;
 };
-IconChoice normal{frmOptions_Image4, kIcon, IDI_NORMAL};
-IconChoice alert{frmOptions_Image8, kIcon2, IDI_NEWALERTS};
+IconChoice& normal = win::NeverDestroyed<IconChoice>(frmOptions_Image4, kIcon, IDI_NORMAL);
+IconChoice& alert = win::NeverDestroyed<IconChoice>(frmOptions_Image8, kIcon2, IDI_NEWALERTS);
 
 void ShowPreview(HWND page, IconChoice& choice, win::Icon icon) {
     SendDlgItemMessageA(page, choice.preview, STM_SETICON, reinterpret_cast<WPARAM>(icon.Get()), 0);

@@ -11,6 +11,7 @@
 #include "win/Dialog.h"
 #include "win/ListView.h"
 #include "win/Messages.h"
+#include "win/NeverDestroyed.h"
 
 namespace search {
 namespace {
@@ -175,7 +176,7 @@ void Form_Unload(HWND owner) {
 }  // namespace
 
 SearchForm& Form() {
-    static SearchForm form;
+    static SearchForm& form = win::NeverDestroyed<SearchForm>();
     return form;
 }
 

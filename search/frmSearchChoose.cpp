@@ -6,6 +6,7 @@
 #include "win/Dialog.h"
 #include "win/ListView.h"
 #include "win/Messages.h"
+#include "win/NeverDestroyed.h"
 
 namespace search {
 namespace {
@@ -16,7 +17,7 @@ struct ChooserForm {
     HWND window = nullptr;
     std::optional<std::size_t> selectedRow = std::nullopt;
 };
-ChooserForm chooser;
+ChooserForm& chooser = win::NeverDestroyed<ChooserForm>();
 
 HWND LocationList() {
     return GetDlgItem(chooser.window, frmSearchChoose_LocationList);

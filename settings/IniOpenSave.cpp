@@ -8,13 +8,14 @@
 #include "settings/modRegistry.h"
 #include "win/Files.h"
 #include "win/Messages.h"
+#include "win/NeverDestroyed.h"
 #include "win/Text.h"
 #include "win/TextRules.h"
 
 namespace settings {
 
 std::int16_t UseIni = kUseRegistryStore;
-std::string IniUserName;
+std::string& IniUserName = win::NeverDestroyed<std::string>();
 
 namespace {
 
@@ -66,8 +67,8 @@ std::string SectionFromSystem(std::string_view section) {
 }
 
 // What the INI file is still to be given: the values of one section.
-std::string heldSection;
-KeyValues heldValues;
+std::string& heldSection = win::NeverDestroyed<std::string>();
+KeyValues& heldValues = win::NeverDestroyed<KeyValues>();
 
 bool IsHeld(std::string_view section) {
     return !heldValues.empty() && win::EqualIgnoringCase(section, heldSection);

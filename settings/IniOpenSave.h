@@ -17,7 +17,7 @@ inline constexpr std::int16_t kUseIniStore = -1;
 inline constexpr std::int16_t kUseRegistryStore = 0;
 extern std::int16_t UseIni;
 // Names the INI file; empty in registry mode. Set by start-up.
-extern std::string IniUserName;
+extern std::string& IniUserName;
 
 // The value, or the empty text when there is none. An INI value is cut to 749 bytes.
 std::string ReadSetting(std::string_view section, std::string_view key);

@@ -1,9 +1,11 @@
 #include "settings/ProgramState.h"
 
+#include "win/NeverDestroyed.h"
+
 namespace settings {
 
 ProgramState& State() {
-    static ProgramState state;
+    static ProgramState& state = win::NeverDestroyed<ProgramState>();
     return state;
 }
 

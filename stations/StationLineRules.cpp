@@ -1,5 +1,6 @@
 #include "stations/StationLineRules.h"
 
+#include "win/NeverDestroyed.h"
 #include "win/TextRules.h"
 
 namespace stations {
@@ -9,7 +10,8 @@ constexpr std::size_t kBlankCount = 100;
 constexpr std::string_view kFieldSeparator = "***";
 
 const std::string& Blanks() {
-    static const std::string blanks(kBlankCount, ' ');
+    static const std::string& blanks =
+        win::NeverDestroyed<std::string>(std::string(kBlankCount, ' '));
     return blanks;
 }
 

@@ -20,6 +20,7 @@
 #include "tray/modTrayMenu.h"
 #include "tray/resource.h"
 #include "win/Messages.h"
+#include "win/NeverDestroyed.h"
 #include "win/Shell.h"
 #include "win/modRandomFile.h"
 
@@ -27,7 +28,7 @@ namespace tray {
 namespace {
 
 constexpr char kRetrieveTag[] = "RetrieveAlerts";
-std::string fireEventTag;
+std::string& fireEventTag = win::NeverDestroyed<std::string>();
 
 void Open(const std::string& address) {
     win::OpenInBrowser(TrayWindow(), address);

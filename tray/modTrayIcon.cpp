@@ -12,6 +12,7 @@
 #include "win/Dates.h"
 #include "win/Images.h"
 #include "win/Messages.h"
+#include "win/NeverDestroyed.h"
 #include "win/TextRules.h"
 
 namespace tray {
@@ -58,7 +59,7 @@ void ShowImage(const win::Icon& image) {
 }  // namespace
 
 TrayImages& Images() {
-    static TrayImages images;
+    static TrayImages& images = win::NeverDestroyed<TrayImages>();
     return images;
 }
 

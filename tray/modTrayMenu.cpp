@@ -15,6 +15,7 @@
 #include "tray/resource.h"
 #include "win/Handle.h"
 #include "win/Messages.h"
+#include "win/NeverDestroyed.h"
 #include "win/Shell.h"
 #include "win/Text.h"
 #include "win/TextRules.h"
@@ -27,11 +28,11 @@ static_assert(mnuExit < kFixedItemsEnd);
 HMENU TrayMenuHandle = nullptr;
 HMENU StationMenuHandle = nullptr;
 std::int16_t AlertItemCount = 0;
-std::string AlertMenuMap;
+std::string& AlertMenuMap = win::NeverDestroyed<std::string>();
 WNDPROC PreviousTrayWindowProc = nullptr;
 
 // The empty menus whose handles number the alert items; each lives as long as its item.
-std::vector<win::Menu> alertHandles;
+std::vector<win::Menu>& alertHandles = win::NeverDestroyed<std::vector<win::Menu>>();
 // Every item takes a menu, of which the system gives a process 10,000 windows and menus in all: a
 // feed must not be able to take them away from the dialogs.
 constexpr std::int16_t kMostAlertItems = 5000;

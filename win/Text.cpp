@@ -1,5 +1,7 @@
 #include "win/Text.h"
 
+#include "win/NeverDestroyed.h"
+
 #include <windows.h>
 
 #include <algorithm>
@@ -41,7 +43,7 @@ std::string ToLower(std::string_view text) {
 }
 
 const std::string& BrokenBar() {
-    static const std::string bar = FromWide(L"\u00A6");
+    static const std::string& bar = NeverDestroyed<std::string>(FromWide(L"\u00A6"));
     return bar;
 }
 
