@@ -10,6 +10,7 @@
 #include "settings/Version.h"
 #include "settings/modRegistry.h"
 #include "stations/StationList.h"
+#include "tray/MinuteClock.h"
 #include "tray/RetrieveAlerts.h"
 #include "tray/TrayCommands.h"
 #include "tray/frmTray.h"
@@ -30,8 +31,8 @@ void UseIniFile(bool defaultUser) {
     IniUserName = defaultUser ? "Default" : ValueOr(win::Environment("Username"), "Default");
 }
 
-void ChooseStore(std::string_view commandLine) {
-    const StoreSwitches switches = ReadStoreSwitches(commandLine);
+void ChooseStore(std::string_view arguments) {
+    const StoreSwitches switches = ReadStoreSwitches(arguments);
     if (switches.useIni) {
         UseIniFile(switches.defaultUser);
     } else {
@@ -74,8 +75,10 @@ void RetrieveAtStart() {
     if (!IsTrue(ReadSetting(kRetrieveAlertsOnStartup))) return;
     if (IsTrue(ReadSetting(kPause30SecondsOnStartup)))
         tray::StartTimer(tray::Timer::TimerRetrieverDelay);
-    else
+    else {
         tray::RetrieveAlerts(false);
+        tray::WaitForRetrieval();
+    }
 }
 
 void CountRun() {
@@ -100,9 +103,9 @@ void MarkAsRunning() {
 
 }  // namespace
 
-void StartUp(std::string_view commandLine) {
+void StartUp(std::string_view arguments) {
     State().programFolder = win::ExecutableFolder();
-    ChooseStore(commandLine);
+    ChooseStore(arguments);
     SettleFolders();
     ReadTraySettings();
     LoadChosenImage(kIcon, tray::Images().ImageIcon);

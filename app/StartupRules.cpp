@@ -6,9 +6,9 @@
 
 namespace app {
 
-StoreSwitches ReadStoreSwitches(std::string_view commandLine) {
-    return {commandLine.find("-i") != std::string_view::npos,
-            commandLine.find("-id") != std::string_view::npos};
+StoreSwitches ReadStoreSwitches(std::string_view arguments) {
+    return {arguments.find("-i") != std::string_view::npos,
+            arguments.find("-id") != std::string_view::npos};
 }
 
 std::optional<std::string> NextRunCount(std::string_view storedCount) {

@@ -5,13 +5,13 @@
 
 namespace app {
 
-// What the command line says of the settings store.
+// What the arguments say about the settings store.
 struct StoreSwitches {
     bool useIni = false;  // "-i" stands anywhere
     bool defaultUser =
         false;  // "-id" stands anywhere; it holds "-i" and so selects the INI file too
 };
-StoreSwitches ReadStoreSwitches(std::string_view commandLine);
+StoreSwitches ReadStoreSwitches(std::string_view arguments);
 
 // The stored run count after one more start; nothing when it must stay: at 32767, where a 16-bit
 // count ends for good, and for a text that is no such number. The empty text is no count either.

@@ -1,8 +1,10 @@
 #include <windows.h>
 
 #include "app/Startup.h"
+#include "settings/ProgramState.h"
 #include "tray/TrayCommands.h"
 #include "tray/frmTray.h"
+#include "win/CommandLineRules.h"
 #include "win/Hardening.h"
 #include "win/NamedMutex.h"
 #include "win/NeverDestroyed.h"
@@ -18,13 +20,13 @@ bool IsFirstCopy() {
 
 }  // namespace
 
-int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR commandLine, int) {
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     win::HardenProcess();
-    const bool isFirstCopy = IsFirstCopy();
+    settings::State().isFirstCopy = IsFirstCopy();
     if (!tray::LoadTrayWindow()) return 1;
     // A second copy ends by the Exit command, in silence, and leaves the first one alone.
-    if (isFirstCopy)
-        app::StartUp(commandLine);
+    if (settings::State().isFirstCopy)
+        app::StartUp(win::ArgumentText(GetCommandLineA(), "SVAlerts.exe"));
     else
         tray::mnuExit_Click();
     MSG message;

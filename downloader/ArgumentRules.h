@@ -12,10 +12,6 @@ struct Job {
     std::string statusFile;
 };
 
-// The command line without the program's name, which may be quoted or hold blanks; `programFile` is
-// its file name ("dl.exe"). Blanks around the argument and one pair of quotes go.
-std::string_view ArgumentText(std::string_view commandLine, std::string_view programFile);
-
 // Splits URL|data file|status file: the last two fields are the files, whatever bars the URL holds.
 // Nothing when a field is missing or empty, or when both files are one.
 std::optional<Job> SplitArgument(std::string_view argument);

@@ -7,6 +7,7 @@
 #include "downloader/Sources.h"
 #include "downloader/StatusCodes.h"
 #include "settings/IniOpenSave.h"
+#include "win/CommandLineRules.h"
 #include "win/Hardening.h"
 #include "win/Text.h"
 
@@ -26,7 +27,7 @@ void EndQuietlyAfterCrashes() {
 }
 
 int Run() {
-    const std::optional<Job> job = SplitArgument(ArgumentText(GetCommandLineA(), "dl.exe"));
+    const std::optional<Job> job = SplitArgument(win::ArgumentText(GetCommandLineA(), "dl.exe"));
     if (!job) return kBadArguments;
     if (const int status = OpenResultFiles(*job); status == kCannotWriteStatusFile)
         return status;

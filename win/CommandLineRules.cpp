@@ -1,0 +1,40 @@
+#include "win/CommandLineRules.h"
+
+#include "win/TextRules.h"
+
+namespace win {
+namespace {
+
+// The end of an unquoted program name. A folder's name may contain spaces, so the name ends after
+// the program's own file name, or at the first space if the program has another name.
+std::size_t EndOfProgramName(std::string_view line, std::string_view programFile) {
+    for (std::size_t at = 0; at + programFile.size() <= line.size(); ++at) {
+        const std::size_t end = at + programFile.size();
+        const bool isWhole = (at == 0 || line[at - 1] == '\\' || line[at - 1] == '/') &&
+                             (end == line.size() || line[end] == ' ');
+        if (isWhole && EqualIgnoringCase(line.substr(at, programFile.size()), programFile))
+            return end;
+    }
+    return line.find(' ');
+}
+
+}  // namespace
+
+std::string_view ArgumentText(std::string_view commandLine, std::string_view programFile) {
+    std::string_view line = TrimBlanks(commandLine);
+    std::size_t end = 0;
+    if (line.starts_with('"')) {
+        end = line.find('"', 1);
+        if (end != std::string_view::npos) ++end;
+    } else {
+        end = EndOfProgramName(line, programFile);
+    }
+    if (end == std::string_view::npos) return {};
+    std::string_view argument = TrimBlanks(line.substr(end));
+    // Typed in a command shell the bars need quotes, which neither a URL nor a file can hold.
+    if (argument.size() >= 2 && argument.front() == '"' && argument.back() == '"')
+        argument = argument.substr(1, argument.size() - 2);
+    return argument;
+}
+
+}  // namespace win
