@@ -24,6 +24,13 @@ bool KeepsAlert(std::string_view lowerBody, const std::vector<std::string>& lowe
                     : std::none_of(lowerWords.begin(), lowerWords.end(), occurs);
 }
 
+std::string OneLine(std::string_view identifier) {
+    std::string line = win::ReplaceAll(identifier, "\r\n", " ");
+    std::ranges::replace_if(
+        line, [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return line;
+}
+
 bool IsSeen(std::string_view seen, std::string_view identifier, std::string_view bar) {
     std::string wanted;
     wanted.append(bar).append(identifier).append(bar);

@@ -15,6 +15,10 @@ std::string TidyBody(std::string_view body);
 bool KeepsAlert(std::string_view lowerBody, const std::vector<std::string>& lowerWords,
                 bool showOnly);
 
+// The identifier with its line breaks as spaces: an INI file would give the list of seen
+// identifiers back that way, and the alert would seem new after each start.
+std::string OneLine(std::string_view identifier);
+
 // Whether the identifier stands, whole, in the list of seen identifiers joined by the bar.
 bool IsSeen(std::string_view seen, std::string_view identifier, std::string_view bar);
 

@@ -1,35 +1,69 @@
 #include "alerts/RetrievalCycle.h"
 
-#include "alerts/AlertFeed.h"
+#include <algorithm>
+#include <iterator>
+
 #include "alerts/AlertFeedRules.h"
+#include "settings/Hosts.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "stations/StationLineRules.h"
 #include "stations/StationList.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace alerts {
+namespace {
 
-CycleOutcome RetrieveStationAlerts() {
-    settings::ProgramState& state = settings::State();
+std::string AlertsAddress(const std::string& stationCode) {
+    return settings::FeedHost() + settings::kFeedRequest + "&requesttype=6&ZipCode=" + stationCode;
+}
+
+}  // namespace
+
+RetrievalCycle::RetrievalCycle() {
     settings::DeleteSettingSection(settings::kAlerts);
-    state.oldAlerts = TrimSeen(state.oldAlerts);
-    CycleOutcome outcome;
-    std::string done;
-    for (std::size_t i = 0; i < state.stationCount; ++i) {
-        const std::string line = stations::StationAt(i);
-        if (!stations::HasHiddenFields(line)) continue;
-        const std::string code = stations::HiddenField(line, stations::kCode);
-        if (IsDone(done, code)) continue;
-        const std::int16_t newAlerts = FetchStationAlerts(code);
-        outcome.failed = newAlerts < 0;
-        if (outcome.failed) break;
-        done.append(",").append(code);
-        outcome.newAlerts = win::AddInt16(outcome.newAlerts, newAlerts);
+}
+
+std::optional<CycleOutcome> RetrievalCycle::Continue() {
+    if (reader_) {
+        if (!reader_->ReadSome()) return std::nullopt;
+        std::ranges::copy(reader_->Identifiers(), std::back_inserter(identifiers_));
+        reader_.reset();
+        download_.reset();
+        done_.append(",").append(code_);
     }
+    if (!download_ && !StartNextStation()) return End(false);
+    if (!download_->IsDone()) return std::nullopt;
+    if (!download_->Succeeded()) return End(true);
+    reader_.emplace(download_->DataFile(), code_);
+    return std::nullopt;
+}
+
+// Starts the download of the next station whose code this cycle has not fetched yet; false after
+// the last one.
+bool RetrievalCycle::StartNextStation() {
+    while (next_ < settings::State().stationCount) {
+        const std::string line = stations::StationAt(next_++);
+        if (!stations::HasHiddenFields(line)) continue;
+        code_ = stations::HiddenField(line, stations::kCode);
+        if (IsDone(done_, code_)) continue;
+        download_.emplace(AlertsAddress(code_), "SVL");
+        return true;
+    }
+    return false;
+}
+
+// The list of seen alerts changes only here: the alerts of a cycle that fails are not announced, so
+// they must not count as seen.
+CycleOutcome RetrievalCycle::End(bool failed) {
+    download_.reset();
     settings::StoreHeldSettings();
-    if (!outcome.failed) settings::WriteSetting(settings::kOldAlerts, state.oldAlerts);
-    return outcome;
+    if (failed) return {true, 0};
+    std::string& seen = settings::State().oldAlerts;
+    seen = TrimSeen(seen);
+    const std::int16_t newAlerts = AddUnseen(seen, identifiers_, win::BrokenBar());
+    settings::WriteSetting(settings::kOldAlerts, seen);
+    return {false, newAlerts};
 }
 
 }  // namespace alerts

@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 
-#include "alerts/AlertFeedRules.h"
 #include "alerts/VersionRules.h"
 #include "alerts/modDownloader.h"
 #include "settings/Hosts.h"
@@ -45,9 +44,11 @@ void Check(HWND owner, bool interactive) {
         if (interactive) TellFailure();
         return;
     }
-    WaitForStatus(statusFile, RunDownloader(DownloadArgument(
-                                  settings::MakerHost() + "/SVAlerts.txt", dataFile, statusFile)));
-    // What the status says is not looked at: the data file alone decides.
+    win::KernelHandle downloader =
+        StartDownloader(settings::MakerHost() + "/SVAlerts.txt", dataFile, statusFile);
+    PauseAfterStart();
+    // The status itself does not count: the data file alone decides.
+    WaitForStatus(statusFile, downloader);
     const std::optional<std::string> text = win::ReadWholeFile(dataFile);
     if (!text || IsVersionTooLong(*text)) {
         if (interactive) TellFailure();

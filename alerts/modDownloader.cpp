@@ -1,11 +1,13 @@
 #include "alerts/modDownloader.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "alerts/AlertFeedRules.h"
 #include "settings/ProgramState.h"
 #include "win/Files.h"
 #include "win/Messages.h"
+#include "win/TextRules.h"
 #include "win/modRandomFile.h"
 #include "win/modTimeout.h"
 #include "win/NeverDestroyed.h"
@@ -13,11 +15,10 @@
 namespace alerts {
 namespace {
 
-// How long a wait sleeps between two looks at the status file; the end of the downloader cuts it
-// short.
+// How long a wait sleeps between two looks at the status file; the downloader's end cuts it short.
 constexpr DWORD kPollMilliseconds = 15;
 
-// The downloads whose waits are on the stack, one inside the other.
+// The downloads that have not been destroyed yet.
 std::vector<const Download*>& underWay = win::NeverDestroyed<std::vector<const Download*>>();
 
 // Ends the downloaders that still run when this program ends.
@@ -27,69 +28,101 @@ HANDLE DownloaderJob() {
         JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
         limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
         SetInformationJobObject(made, JobObjectExtendedLimitInformation, &limits, sizeof limits);
-        return made;
+        return made;  // the system closes it when the process ends
     }();
     return job;
 }
 
-// Ends it and sees it gone, so that it holds no file any more.
+// Ends the downloader and waits until it is gone, so that it holds no file any more.
 void EndDownloader(const win::KernelHandle& downloader) {
     constexpr DWORD enough = 2000;
     if (downloader && TerminateProcess(downloader.Get(), 1))
         WaitForSingleObject(downloader.Get(), enough);
 }
 
+// The status, once the file has content. A virus scanner may hold the new file for a moment: a file
+// that cannot be read is not a success.
+std::optional<std::string> ReadStatus(const std::string& statusFile) {
+    if (!win::FileHasContent(statusFile)) return std::nullopt;
+    auto text = win::ReadWholeFile(statusFile);
+    return text && !text->empty() ? text : std::nullopt;
+}
+
 }  // namespace
 
-win::KernelHandle RunDownloader(const std::string& argument) {
-    const std::string program = settings::State().programFolder + "\\dl.exe";
-    std::string commandLine = program + " " + argument;
+win::KernelHandle StartDownloader(const std::string& address, const std::string& dataFile,
+                                  const std::string& statusFile) {
+    const std::string& folder = settings::State().programFolder;
+    const std::string program = folder + "\\dl.exe";
+    std::string commandLine = program + " " + DownloadArgument(address, dataFile, statusFile);
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW | STARTF_FORCEOFFFEEDBACK;
     startup.wShowWindow = SW_SHOWMINIMIZED;
     PROCESS_INFORMATION process{};
-    win::KernelHandle downloader;
-    // The program is named apart from its command line, so that a blank in the path names no other.
+    // The program is named apart from its command line, so that a space in the path names no other.
     if (CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                       settings::State().programFolder.c_str(), &startup, &process)) {
+                       folder.c_str(), &startup, &process)) {
         CloseHandle(process.hThread);
-        downloader.Reset(process.hProcess);
-        AssignProcessToJobObject(DownloaderJob(), downloader.Get());
+        AssignProcessToJobObject(DownloaderJob(), process.hProcess);
+        return win::KernelHandle(process.hProcess);
     }
-    win::PumpPendingMessages();
-    win::PauseTicks(1);
-    return downloader;
+    // Never 0, which would be a success.
+    const DWORD error = std::max<DWORD>(GetLastError(), ERROR_INVALID_FUNCTION);
+    win::DeleteFileQuietly(dataFile);
+    win::OverwriteFile(statusFile, win::Decimal(error));
+    return {};
 }
 
-std::string WaitForStatus(const std::string& statusFile, win::KernelHandle downloader,
-                          IsGivenUp isGivenUp) {
+void PauseAfterStart() {
+    win::PumpPendingMessages();
+    win::PauseTicks(1);
+}
+
+std::optional<std::string> WaitForStatus(const std::string& statusFile,
+                                         win::KernelHandle& downloader, IsGivenUp isGivenUp) {
+    const bool started = static_cast<bool>(downloader);
     for (;;) {
         if (isGivenUp && isGivenUp()) {
             EndDownloader(downloader);
-            return {};
+            return std::nullopt;
         }
-        if (win::FileHasContent(statusFile)) {
-            // A virus scanner may hold the new file for a moment: unread is not success.
-            if (const auto text = win::ReadWholeFile(statusFile)) return *text;
-        }
+        if (auto status = ReadStatus(statusFile)) return status;
+        // Without a downloader, and with no room even for its status, nothing would ever come.
+        if (!started) return std::nullopt;
         win::PumpOrWait(kPollMilliseconds, downloader.Get());
-        // An ended downloader would end every further sleep at once.
+        // A downloader that has ended would end every further sleep at once.
         if (downloader && WaitForSingleObject(downloader.Get(), 0) == WAIT_OBJECT_0)
             downloader.Reset();
     }
 }
 
-Download::Download(const std::string& address, const std::string& prefix, IsGivenUp isGivenUp)
+Download::Download(const std::string& address, const std::string& prefix)
     : dataFile_(win::MakeTempFileName(prefix)), statusFile_(win::MakeTempFileName(prefix)) {
     underWay.push_back(this);
-    if (dataFile_.empty() || statusFile_.empty())
-        return;  // no room, say: no status would ever come
-    const std::string status = WaitForStatus(
-        statusFile_, RunDownloader(DownloadArgument(address, dataFile_, statusFile_)), isGivenUp);
-    if (isGivenUp && isGivenUp()) return;
-    succeeded_ = IsSuccess(status);
+    // Without temporary files, in a full folder for example, no status would ever come.
+    done_ = dataFile_.empty() || statusFile_.empty();
+    if (done_) return;
+    downloader_ = StartDownloader(address, dataFile_, statusFile_);
+    done_ = !downloader_;
+}
+
+bool Download::IsDone() {
+    if (done_) return true;
+    if (const auto status = ReadStatus(statusFile_)) Finish(status);
+    return done_;
+}
+
+void Download::Wait(IsGivenUp isGivenUp) {
+    if (done_) return;
+    PauseAfterStart();
+    Finish(WaitForStatus(statusFile_, downloader_, isGivenUp));
     win::PauseTicks(1);
+}
+
+void Download::Finish(const std::optional<std::string>& status) {
+    done_ = true;
+    succeeded_ = status && IsSuccess(*status);
 }
 
 Download::~Download() {

@@ -1,4 +1,5 @@
 #pragma once
+#include <optional>
 #include <string>
 
 #include "win/Handle.h"
@@ -6,36 +7,51 @@
 // The contract with dl.exe, the only program that opens a network connection.
 namespace alerts {
 
-// Starts dl.exe with the argument text and lets messages run for a moment. The handle is the
-// running downloader's, empty when it could not be started.
-win::KernelHandle RunDownloader(const std::string& argument);
+// Starts dl.exe for the address and returns its process at once. If it cannot be started (missing,
+// blocked), the result is empty, the data file is deleted and the status file holds the system's
+// error number, as after a failed download.
+win::KernelHandle StartDownloader(const std::string& address, const std::string& dataFile,
+                                  const std::string& statusFile);
 
-// Asked now and then during a wait: true gives the fetch up.
+// Lets messages run for the moment that every waiting caller gives a new downloader.
+void PauseAfterStart();
+
+// Polled during a wait; true cancels the download.
 using IsGivenUp = bool (*)();
 
-// Waits, letting messages run, until the status file has content that can be read, and gives it.
-// There is no time limit: the downloader owns time-outs. A fetch that is given up ends its
-// downloader and has an empty status.
-std::string WaitForStatus(const std::string& statusFile, win::KernelHandle downloader,
-                          IsGivenUp isGivenUp = nullptr);
+// Waits, letting messages run, until the status file has content that can be read, and returns
+// that. There is no time limit: the downloader owns time-outs. Empty when the download is
+// cancelled, which ends the downloader. `downloader` must be the result of StartDownloader.
+std::optional<std::string> WaitForStatus(const std::string& statusFile,
+                                         win::KernelHandle& downloader,
+                                         IsGivenUp isGivenUp = nullptr);
 
-// One address fetched into a temporary file, which goes with this object.
+// One address downloaded into a temporary file. Its two files are deleted with it.
 class Download {
   public:
-    // Fetches the address, letting messages run; the files are named by the prefix. A fetch that
-    // is given up has not succeeded.
-    Download(const std::string& address, const std::string& prefix, IsGivenUp isGivenUp = nullptr);
+    // Starts the download; the temporary files are named by the prefix.
+    Download(const std::string& address, const std::string& prefix);
     Download(const Download&) = delete;
     Download& operator=(const Download&) = delete;
     ~Download();
 
+    // Whether the downloader has reported its status. Never waits.
+    bool IsDone();
+    // Waits, letting messages run, until the download is done or cancelled.
+    void Wait(IsGivenUp isGivenUp = nullptr);
+    // False until the download is done, and for one that failed or was cancelled.
     bool Succeeded() const { return succeeded_; }
+
     const std::string& DataFile() const { return dataFile_; }
     void DeleteFiles() const;
 
   private:
+    void Finish(const std::optional<std::string>& status);
+
     std::string dataFile_;
     std::string statusFile_;
+    win::KernelHandle downloader_;
+    bool done_ = false;
     bool succeeded_ = false;
 };
 

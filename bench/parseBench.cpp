@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string>
 
-#include "alerts/AlertFeed.h"
+#include "alerts/AlertReader.h"
 #include "bench/Stopwatch.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
@@ -40,7 +40,10 @@ double TimeOnce(int alerts) {
     win::DeleteFileQuietly(win::ExecutableFolder() + "\\" + settings::IniUserName + ".ini");
     settings::State().oldAlerts.clear();
     const double began = bench::Milliseconds();
-    const int found = alerts::ParseAlerts(path, "66044");
+    alerts::AlertReader reader(path, "66044");
+    while (!reader.ReadSome()) {
+    }
+    const auto found = static_cast<int>(reader.Identifiers().size());
     settings::StoreHeldSettings();
     const double ended = bench::Milliseconds();
     if (found != alerts) {

@@ -4,7 +4,7 @@
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "settings/modRegistry.h"
-#include "tray/frmTray.h"
+#include "tray/MinuteClock.h"
 #include "win/Choice.h"
 #include "win/Dialog.h"
 

@@ -86,8 +86,8 @@ std::optional<Target> FindTarget(const std::string& text) {
     if (win::IsNumeric(text)) return Target{{text, true}, true};
     LocationTable table;
     {
-        const alerts::Download download(FeedAddress(LocationQuery(text)), kTempPrefix,
-                                        IsFormClosing);
+        alerts::Download download(FeedAddress(LocationQuery(text)), kTempPrefix);
+        download.Wait(IsFormClosing);
         if (Form().isClosing) return std::nullopt;
         if (!download.Succeeded()) {
             SetStatus("Server not found!");
@@ -110,7 +110,8 @@ std::optional<Target> FindTarget(const std::string& text) {
 // Fetches the stations of the place, shows them on the map and keeps them in the table.
 bool LookUpStations(const Place& place) {
     SetStatus("Searching for available weather stations...");
-    const alerts::Download download(FeedAddress(StationQuery(place)), kTempPrefix, IsFormClosing);
+    alerts::Download download(FeedAddress(StationQuery(place)), kTempPrefix);
+    download.Wait(IsFormClosing);
     if (Form().isClosing) return false;
     const win::XmlDocument document = win::LoadXmlFile(download.DataFile());
     if (Form().isClosing) return false;

@@ -21,6 +21,13 @@ struct ProgramState {
     std::string autoUpdateInterval;
     bool automaticUpdate = false;    // whether the minute clock goes on
     std::int16_t minuteCounter = 0;  // minutes since the last cycle; reset by every cycle
+    // When the last cycle ended or the minute clock was started, by GetTickCount64, which counts
+    // sleep; read by the minute clock.
+    std::uint64_t lastCycleEnd = 0;
+
+    // False in a second copy of the program, which ends at once; set by the entry point, read by
+    // the shutdown.
+    bool isFirstCopy = true;
 
     // Set by the retrieval cycle, cleared by the tray window: ImageIcon2 is on the tray icon.
     bool newAlertIconShown = false;

@@ -23,6 +23,14 @@ int IntervalMinutes(std::string_view intervalName) {
     return 0;
 }
 
+bool IsRetrievalDue(int minuteCounter, int intervalMinutes, bool hasSlept,
+                    std::uint64_t millisecondsSinceLastCycle) {
+    constexpr std::uint64_t minute = 60'000;
+    return minuteCounter > intervalMinutes - 1 ||
+           (hasSlept &&
+            millisecondsSinceLastCycle >= static_cast<std::uint64_t>(intervalMinutes) * minute);
+}
+
 std::string TrayTip(std::string_view lastUpdated, std::string_view dateOfText,
                     std::string_view today) {
     if (lastUpdated.empty()) return {};

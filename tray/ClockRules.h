@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -7,6 +8,12 @@ namespace tray {
 // The minutes of an interval name. Any other text, "Never" among them, gives 0, which makes every
 // tick retrieve: whoever sets "Never" stops the clock instead.
 int IntervalMinutes(std::string_view intervalName);
+
+// Whether a minute tick must retrieve: `minuteCounter` (this minute included) has reached the
+// interval, or the computer has slept, when the counter stood still, and the interval has passed by
+// the clock.
+bool IsRetrievalDue(int minuteCounter, int intervalMinutes, bool hasSlept,
+                    std::uint64_t millisecondsSinceLastCycle);
 
 // The tooltip for the stored time of the last update; empty when there is none. `dateOfText` and
 // `today` are short dates: an update of today shows its time alone, an older one has " @ " for

@@ -1,5 +1,11 @@
 #include "tray/RetrieveAlerts.h"
 
+#include <windows.h>
+
+#include <memory>
+#include <utility>
+#include <vector>
+
 #include "alerts/AlertFeedRules.h"
 #include "alerts/RetrievalCycle.h"
 #include "settings/Hosts.h"
@@ -11,6 +17,7 @@
 #include "win/Dates.h"
 #include "win/Files.h"
 #include "win/Messages.h"
+#include "win/NeverDestroyed.h"
 #include "win/modPlaySound.h"
 
 namespace tray {
@@ -25,16 +32,26 @@ constexpr char kNewAlertsMessage[] =
     "New severe weather alerts have been discovered.\r\n\r\n"
     "Note: Right-click the Skyvane Alerts system tray icon for more information.";
 
-// Asks once: a cycle that the clock starts while the question stands must not pile up another.
+// A cycle on its way, and what belongs to its end.
+struct RunningCycle {
+    alerts::RetrievalCycle cycle;
+    bool interactive;
+    void (*whenEnded)();
+};
+
+// The newest one last.
+std::vector<std::unique_ptr<RunningCycle>>& cycles =
+    win::NeverDestroyed<std::vector<std::unique_ptr<RunningCycle>>>();
+
+bool askingForStation = false;
+
 void OfferStationChoice() {
-    static bool asking = false;
-    if (asking) return;
-    asking = true;
+    askingForStation = true;
     if (win::Ask(nullptr, kNoStationQuestion, MB_ICONINFORMATION)) {
         settings::WriteSetting(settings::kLastOption, settings::kStationsPage);
         ShowOptions();
     }
-    asking = false;
+    askingForStation = false;
 }
 
 void RecordUpdate() {
@@ -63,20 +80,58 @@ void AnnounceNewAlerts() {
     PlayChosenSound();
 }
 
-}  // namespace
-
-void RetrieveAlerts(bool interactive) {
-    settings::ProgramState& state = settings::State();
-    if (state.stationCount == 0) OfferStationChoice();
-    alerts::CycleOutcome outcome;
-    if (state.stationCount > 0) outcome = alerts::RetrieveStationAlerts();
+void EndCycle(const alerts::CycleOutcome& outcome, bool interactive, void (*whenEnded)()) {
     if (!outcome.failed) {
         RecordUpdate();
         if (outcome.newAlerts > 0) AnnounceNewAlerts();
-    } else if (interactive) {
-        win::Tell(nullptr, alerts::FailureMessage(settings::WeatherHost()), MB_ICONINFORMATION);
     }
-    state.minuteCounter = 0;
+    settings::State().lastCycleEnd = GetTickCount64();
+    if (outcome.failed && interactive)
+        win::Tell(nullptr, alerts::FailureMessage(settings::WeatherHost()), MB_ICONINFORMATION);
+    settings::State().minuteCounter = 0;
+    if (whenEnded) whenEnded();
+}
+
+// Takes a step of the newest cycle. The open menu gets all input: neither a message box nor a new
+// menu item may come up from inside its loop.
+void CALLBACK ContinueCycle(HWND, UINT, UINT_PTR timer, DWORD) {
+    static bool isStepping = false;
+    if (isStepping || IsTrayMenuOpen() || cycles.empty()) return;
+    isStepping = true;
+    const auto outcome = cycles.back()->cycle.Continue();
+    isStepping = false;
+    if (!outcome) return;
+    const auto ended = std::move(cycles.back());
+    cycles.pop_back();
+    if (cycles.empty()) KillTimer(nullptr, timer);
+    EndCycle(*outcome, ended->interactive, ended->whenEnded);
+}
+
+void StartCycle(bool interactive, void (*whenEnded)()) {
+    constexpr UINT stepMilliseconds = 10;
+    cycles.emplace_back(new RunningCycle{{}, interactive, whenEnded});
+    if (cycles.size() == 1) SetTimer(nullptr, 0, stepMilliseconds, ContinueCycle);
+}
+
+}  // namespace
+
+void RetrieveAlerts(bool interactive, void (*whenEnded)()) {
+    if (settings::State().stationCount == 0) {
+        if (askingForStation) {  // one question is enough
+            if (whenEnded) whenEnded();
+            return;
+        }
+        OfferStationChoice();
+    }
+    if (settings::State().stationCount > 0)
+        StartCycle(interactive, whenEnded);
+    else
+        EndCycle({}, interactive, whenEnded);
+}
+
+void WaitForRetrieval() {
+    constexpr DWORD longestSleep = 1000;
+    while (!cycles.empty()) win::PumpOrWait(longestSleep);
 }
 
 }  // namespace tray

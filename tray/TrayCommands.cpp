@@ -88,8 +88,7 @@ void RunFiredEvent() {
     if (fireEventTag != kRetrieveTag) return;
     EnableRetrieveItem(false);
     win::PumpPendingMessages();
-    RetrieveAlerts(true);
-    EnableRetrieveItem(true);
+    RetrieveAlerts(true, [] { EnableRetrieveItem(true); });
 }
 
 void ShutDown() {
@@ -97,7 +96,8 @@ void ShutDown() {
     RemoveMenuSubclass();
     alerts::AbandonDownloads();
     settings::StoreHeldSettings();
-    win::DeleteTempFiles("SVA");
+    // The search of the copy that goes on may wait for such files.
+    if (settings::State().isFirstCopy) win::DeleteTempFiles("SVA");
     settings::State().runningMutex.Reset();
     StopExplorerMonitor(TrayWindow());
     ExitProcess(0);

@@ -1,11 +1,12 @@
 #include "tray/frmTray.h"
 
 #include <array>
+#include <bitset>
 
 #include "settings/Catalogue.h"
 #include "settings/Hosts.h"
 #include "settings/ProgramState.h"
-#include "tray/ClockRules.h"
+#include "tray/MinuteClock.h"
 #include "tray/RetrieveAlerts.h"
 #include "tray/TrayCommands.h"
 #include "tray/modExplorerMonitor.h"
@@ -13,7 +14,6 @@
 #include "tray/modTrayMenu.h"
 #include "tray/resource.h"
 #include "win/Messages.h"
-#include "win/TextRules.h"
 
 namespace tray {
 namespace {
@@ -46,6 +46,16 @@ void PerformClickAction(const std::string& action) {
         mnuVisitQuillmark_Click();
 }
 
+// What fired while the menu was open. Inside the menu's loop a new window would get no input and
+// nothing below that loop would go on.
+bool doubleClickPostponed = false;
+std::bitset<static_cast<std::size_t>(Timer::Count)> postponedTimers;
+
+void PerformDoubleClick() {
+    doubleClickPostponed = IsTrayMenuOpen();
+    if (!doubleClickPostponed) PerformClickAction(settings::State().doubleClickAction);
+}
+
 void OpenTrayMenu() {
     static int clicks = 0;
     const int thisClick = ++clicks;
@@ -68,7 +78,7 @@ void Form_MouseMove(int x) {
         case WM_LBUTTONDBLCLK:
             if (!IsTimerRunning(Timer::Timer1)) break;  // the single-click action has run
             StopTimer(Timer::Timer1);
-            PerformClickAction(settings::State().doubleClickAction);
+            PerformDoubleClick();
             break;
         case WM_RBUTTONDOWN:
             OpenTrayMenu();
@@ -78,38 +88,14 @@ void Form_MouseMove(int x) {
     }
 }
 
-void MinuteTick() {
-    settings::ProgramState& state = settings::State();
-    state.minuteCounter = win::AddInt16(state.minuteCounter, 1);
-    if (state.minuteCounter <= IntervalMinutes(state.autoUpdateInterval) - 1) return;
-    // Inside the open menu's loop a retrieval would take its mouse and keys: the next minute will
-    // do.
-    if (IsTrayMenuOpen()) return;
-    RetrieveAlerts(false);
-    state.minuteCounter = 0;
-}
-
-// The two halves of the minute clock alternate, and stop by themselves once the flag is cleared.
-void UpdateTimer(Timer other) {
-    MinuteTick();
-    if (settings::State().automaticUpdate) StartTimer(other);
-}
-
-void OnTimer(Timer timer) {
-    if (!IsTimerRunning(timer)) return;  // stopped while its message was on the way
-    StopTimer(timer);
+void RunTimer(Timer timer) {
     switch (timer) {
         case Timer::TimerRetrieverDelay:
-            if (IsTrayMenuOpen())
-                StartTimer(timer);
-            else
-                RetrieveAlerts(false);
+            RetrieveAlerts(false);
             break;
         case Timer::TimerUpdate1:
-            UpdateTimer(Timer::TimerUpdate2);
-            break;
         case Timer::TimerUpdate2:
-            UpdateTimer(Timer::TimerUpdate1);
+            TickMinuteClock(timer);
             break;
         case Timer::TimerFireEvent:
             RunFiredEvent();
@@ -123,6 +109,32 @@ void OnTimer(Timer timer) {
         case Timer::Count:
             break;
     }
+}
+
+// The clock counts its minutes under the open menu too, and nothing may keep the program from
+// ending.
+bool MustWaitForMenu(Timer timer) {
+    return IsTrayMenuOpen() && timer != Timer::TimerUpdate1 && timer != Timer::TimerUpdate2 &&
+           timer != Timer::TimerUnload;
+}
+
+void OnTimer(Timer timer) {
+    if (!IsTimerRunning(timer)) return;  // stopped while its message was on the way
+    StopTimer(timer);
+    if (MustWaitForMenu(timer))
+        postponedTimers.set(static_cast<std::size_t>(timer));
+    else
+        RunTimer(timer);
+}
+
+void OnMenuClosed() {
+    BuildPostponedAlertsMenu();
+    for (std::size_t i = 0; i < postponedTimers.size(); ++i)
+        if (postponedTimers.test(i)) {
+            postponedTimers.reset(i);
+            RunTimer(static_cast<Timer>(i));
+        }
+    if (doubleClickPostponed) PerformDoubleClick();
 }
 
 LRESULT CALLBACK TrayProcedure(HWND self, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -143,8 +155,11 @@ LRESULT CALLBACK TrayProcedure(HWND self, UINT message, WPARAM wParam, LPARAM lP
         case WM_ENDSESSION:  // Windows may end the process as soon as this returns
             if (wParam) ShutDown();
             return 0;
-        case kRebuildAlertItems:
-            BuildAlertsMenu();
+        case WM_POWERBROADCAST:
+            if (wParam == PBT_APMRESUMEAUTOMATIC) NoteSleep();
+            return TRUE;
+        case kTrayMenuClosed:
+            OnMenuClosed();
             return 0;
         default:
             return DefWindowProcA(self, message, wParam, lParam);
@@ -187,20 +202,6 @@ bool IsTimerRunning(Timer timer) {
 
 void SetTimerInterval(Timer timer, UINT milliseconds) {
     StateOf(timer).interval = milliseconds;
-}
-
-void StartMinuteClock() {
-    settings::ProgramState& state = settings::State();
-    if (state.automaticUpdate) return;
-    state.automaticUpdate = true;
-    state.minuteCounter = 0;
-    StartTimer(Timer::TimerUpdate1);
-}
-
-void StopMinuteClock() {
-    settings::State().automaticUpdate = false;
-    StopTimer(Timer::TimerUpdate1);
-    StopTimer(Timer::TimerUpdate2);
 }
 
 }  // namespace tray

@@ -36,8 +36,4 @@ bool IsTimerRunning(Timer timer);
 // The interval that the timer starts with from now on, in milliseconds.
 void SetTimerInterval(Timer timer, UINT milliseconds);
 
-// Switches the minute clock on, with its count reset, or off; a clock that already runs goes on.
-void StartMinuteClock();
-void StopMinuteClock();
-
 }  // namespace tray

@@ -181,6 +181,10 @@ void BuildAlertsMenu() {
     if (AlertItemCount > 0) ShowNoAlertsItem(false);
 }
 
+void BuildPostponedAlertsMenu() {
+    if (std::exchange(rebuildWhenClosed, false)) BuildAlertsMenu();
+}
+
 bool IsTrayMenuOpen() {
     return popupOpen;
 }
@@ -196,9 +200,8 @@ void ShowTrayMenu() {
     TrackPopupMenu(TrayMenuHandle, TPM_RIGHTBUTTON, cursor.x, cursor.y, 0, TrayWindow(), nullptr);
     popupOpen = false;
     PostMessageA(TrayWindow(), WM_NULL, 0, 0);  // without it the next popup may vanish at once
-    // Posted behind the chosen command, which must still find its item.
-    if (std::exchange(rebuildWhenClosed, false))
-        PostMessageA(TrayWindow(), kRebuildAlertItems, 0, 0);
+    // Posted after the chosen command, which must still find its item.
+    PostMessageA(TrayWindow(), kTrayMenuClosed, 0, 0);
 }
 
 void EnableRetrieveItem(bool enable) {

@@ -5,8 +5,8 @@
 // alerts at the top and the "View Weather" submenu are built here.
 namespace tray {
 
-// Posted to the tray window to build the alert items once the popup has closed.
-inline constexpr UINT kRebuildAlertItems = WM_APP + 1;
+// Posted to the tray window once the popup has closed, after the command that was chosen.
+inline constexpr UINT kTrayMenuClosed = WM_APP + 1;
 
 // Finds the popup, inserts the empty "View Weather" submenu and subclasses the tray window.
 void SetUpTrayMenus();
@@ -17,8 +17,11 @@ void RemoveMenuSubclass();
 // Builds the station items from the station list. Lets messages run.
 void BuildStationMenu();
 
-// Builds the alert items from the Alerts section; put off while the popup is open.
+// Builds the alert items from the Alerts section; postponed while the popup is open.
 void BuildAlertsMenu();
+
+// Builds them if that was postponed.
+void BuildPostponedAlertsMenu();
 
 // Shows the popup at the cursor and returns when it is closed; nothing when it is open already.
 void ShowTrayMenu();

@@ -18,12 +18,14 @@ void CALLBACK AnswerBox(HWND, UINT, UINT_PTR, DWORD) {
     EndDialog(box, IDNO);
 }
 
-// The check that nobody asked for. There is no downloader here: what it would leave lies ready.
+// The check that the user did not start. The downloader here does nothing: its files lie ready.
 class SilentVersionCheck : public tests::ScratchStore {
   protected:
     void SetUp() override {
         ScratchStore::SetUp();
         settings::State().programFolder = settings::State().dataFolder;
+        CopyFileA("c:\\windows\\system32\\hostname.exe",
+                  (settings::State().programFolder + "\\dl.exe").c_str(), FALSE);
         settings::WriteSetting(settings::kVersion, "1.0.2");
         boxesAnswered = 0;
         timer_ = SetTimer(nullptr, 0, 20, AnswerBox);

@@ -8,7 +8,7 @@
 #include "options/resource.h"
 #include "tests/Handles.h"
 #include "tests/ScratchStore.h"
-#include "tray/frmTray.h"
+#include "tray/MinuteClock.h"
 #include "tray/modTrayIcon.h"
 #include "win/Choice.h"
 #include "win/Dialog.h"
