@@ -12,7 +12,7 @@ include(cmake/delayed.cmake)
 delay_load(SVAlerts comctl32 ImageList_Create@20 ImageList_Destroy@4 ImageList_ReplaceIcon@12
   InitCommonControlsEx@4)
 delay_load(SVAlerts comdlg32 GetOpenFileNameA@4)
-delay_load(SVAlerts ole32 CoCreateInstance@20 CoInitializeEx@8)
+delay_load(SVAlerts ole32 CoCreateInstance@20 CoInitializeEx@8 CreateStreamOnHGlobal@12)
 delay_load(SVAlerts oleaut32 SysAllocStringLen@8 SysFreeString@4 SysStringLen@4 VarDateFromStr@16
   VariantChangeType@16 VariantClear@4 VariantInit@4 VariantTimeToSystemTime@12)
 delay_load(SVAlerts uxtheme EnableThemeDialogTexture@8)

@@ -1,5 +1,7 @@
 #include "win/XmlDocument.h"
 
+#include <objbase.h>
+
 #include "win/Com.h"
 #include "win/Files.h"
 #include "win/Messages.h"
@@ -23,26 +25,38 @@ bool IsLoaded(const XmlDocument& document) {
            SUCCEEDED(error->get_errorCode(&code)) && code == 0;
 }
 
+// The file's bytes, once checked; null when the XML library must not have them. The library gets
+// these bytes and not the path: the file may change.
+Microsoft::WRL::ComPtr<IStream> SafeBytesOf(const std::string& path) {
+    const std::optional<std::string> bytes = ReadWholeFile(path);
+    Microsoft::WRL::ComPtr<IStream> stream;
+    if (!bytes || !IsSafeXml(*bytes) || FAILED(CreateStreamOnHGlobal(nullptr, TRUE, &stream)) ||
+        FAILED(stream->Write(bytes->data(), static_cast<ULONG>(bytes->size()), nullptr)) ||
+        FAILED(stream->Seek({}, STREAM_SEEK_SET, nullptr)))
+        return nullptr;
+    return stream;
+}
+
 }  // namespace
 
 XmlDocument LoadXmlFile(const std::string& path) {
-    {
-        const std::optional<std::string> bytes = ReadWholeFile(path);
-        if (!bytes || !IsSafeXml(*bytes)) return nullptr;
-    }
     EnsureCom();
+    const Microsoft::WRL::ComPtr<IStream> bytes = SafeBytesOf(path);
     XmlDocument document;
-    if (FAILED(CoCreateInstance(CLSID_DOMDocument, nullptr, CLSCTX_INPROC_SERVER,
-                                IID_IXMLDOMDocument,
-                                reinterpret_cast<void**>(document.GetAddressOf()))))
+    if (!bytes || FAILED(CoCreateInstance(CLSID_DOMDocument, nullptr, CLSCTX_INPROC_SERVER,
+                                          IID_IXMLDOMDocument,
+                                          reinterpret_cast<void**>(document.GetAddressOf()))))
         return nullptr;
-    const BasicString source(path);
-    VARIANT sourceVariant;
-    VariantInit(&sourceVariant);
-    V_VT(&sourceVariant) = VT_BSTR;
-    V_BSTR(&sourceVariant) = source.Get();
+    // Both are on by default: a schema that the document names would be fetched.
+    if (FAILED(document->put_resolveExternals(VARIANT_FALSE)) ||
+        FAILED(document->put_validateOnParse(VARIANT_FALSE)))
+        return nullptr;
+    VARIANT source;
+    VariantInit(&source);
+    V_VT(&source) = VT_UNKNOWN;
+    V_UNKNOWN(&source) = bytes.Get();
     VARIANT_BOOL began = VARIANT_FALSE;
-    if (FAILED(document->load(sourceVariant, &began)) || began == VARIANT_FALSE) return nullptr;
+    if (FAILED(document->load(source, &began)) || began == VARIANT_FALSE) return nullptr;
     return IsLoaded(document) ? document : nullptr;
 }
 

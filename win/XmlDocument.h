@@ -16,7 +16,7 @@ using XmlNode = Microsoft::WRL::ComPtr<IXMLDOMNode>;
 using XmlNodeList = Microsoft::WRL::ComPtr<IXMLDOMNodeList>;
 
 // The document in the file; null when it is missing, not well-formed, or has a document type
-// declaration. Lets messages run while it loads.
+// declaration. Nothing that the document refers to is opened. Lets messages run while it loads.
 XmlDocument LoadXmlFile(const std::string& path);
 
 // The nodes of a selection path, in document order; null when there are none to be had. Prefixes

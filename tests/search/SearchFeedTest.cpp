@@ -1,6 +1,7 @@
 #include "search/SearchFeed.h"
 
 #include "tests/ScratchStore.h"
+#include "win/Com.h"
 
 namespace search {
 namespace {
@@ -39,6 +40,48 @@ TEST_F(SearchFeedTest, ReadsTheElementsNamedAsTheFirst) {
     const auto other = win::LoadXmlFile(WriteScratchFile("<weather><l a='1'/></weather>"));
     ASSERT_TRUE(other);
     EXPECT_TRUE(ReadRows(other, "aws:weather/").empty());
+}
+
+// Makes documents that follow outside references, as those of Windows do and Wine's do not.
+class FollowingDocuments final : public IClassFactory {
+  public:
+    STDMETHODIMP QueryInterface(REFIID, void** result) override {
+        *result = this;
+        return S_OK;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return 2; }
+    STDMETHODIMP_(ULONG) Release() override { return 1; }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+    STDMETHODIMP CreateInstance(IUnknown*, REFIID wanted, void** result) override {
+        CLSID library;
+        CLSIDFromProgID(L"Msxml2.DOMDocument.3.0", &library);
+        win::XmlDocument document;
+        CoCreateInstance(library, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument,
+                         reinterpret_cast<void**>(document.GetAddressOf()));
+        document->put_resolveExternals(VARIANT_TRUE);
+        document->put_validateOnParse(VARIANT_TRUE);
+        return document->QueryInterface(wanted, result);
+    }
+};
+
+TEST_F(SearchFeedTest, DocumentsOpenNothingElse) {
+    win::EnsureCom();
+    FollowingDocuments factory;
+    DWORD registration = 0;
+    ASSERT_EQ(CoRegisterClassObject(CLSID_DOMDocument, &factory, CLSCTX_INPROC_SERVER,
+                                    REGCLS_MULTIPLEUSE, &registration),
+              S_OK);
+    const auto document = Load("");
+    CoRevokeClassObject(registration);
+    ASSERT_TRUE(document);
+    VARIANT_BOOL resolves = VARIANT_TRUE, validates = VARIANT_TRUE;
+    document->get_resolveExternals(&resolves);
+    document->get_validateOnParse(&validates);
+    EXPECT_FALSE(resolves) << "a schema that the document names would be fetched";
+    EXPECT_FALSE(validates);
+    BSTR address = nullptr;
+    EXPECT_NE(document->get_url(&address), S_OK) << "loaded by its path, not from checked bytes";
+    SysFreeString(address);
 }
 
 }  // namespace
