@@ -96,15 +96,10 @@ def test_five_thousand_alerts(make_watcher, feed):
     wait_until(open_menus, "the popup menu")
 
 
-@pytest.mark.parametrize("element", ["id", "title", "html-msg-body", "name of an element"])
+@pytest.mark.parametrize("element", ["id", "html-msg-body"])
 def test_one_element_of_sixteen_mebibytes(make_watcher, feed, element):
-    huge = "x" * (16 * MIB - 2000)
-    if element == "name of an element":
-        named = f"<{huge[:8 * MIB]}/></aws:alerts>".encode()
-        feed.serve_raw("66044", GOOD.replace(b"</aws:alerts>", named))
-    else:
-        alert = dict(zip(("id", "title", "html-msg-body"), TORNADO), **{element: huge})
-        feed.serve("66044", tuple(alert.values()))
+    alert = dict(zip(("id", "title", "html-msg-body"), TORNADO), **{element: "x" * (16 * MIB - 2000)})
+    feed.serve("66044", tuple(alert.values()))
     feed.serve("064321", FLOOD)
     program = make_watcher(LAWRENCE, PARIS, options=AT_START)
     run_cycle(program, 60)

@@ -37,9 +37,10 @@ TEST(XmlGuardRules, RefusesDocumentTypesHoweverTheyAreWritten) {
           // Encodings in which the declaration would not read as ASCII.
           std::string("<?xml version='1.0' encoding='utf-7'?>+ADwAIQ-DOCTYPE a><a/>"),
           std::string("<?xml version='1.0' encoding='ebcdic-cp-us'?><a/>"), std::string(),
-          // A comment of two wide characters whose halves read as its end and an element.
-          Wide("<!-- ", false) + std::string("\x2D\x2D\x3E\x3C", 4) +
-              Wide("x --><!DOCTYPE a><a/>", false).substr(2),
+          // A comment with wide characters whose low bytes, or all bytes, read as its end and an
+          // element.
+          Wide("<!-- ", false) + "----> <a" + Wide(" --><!DOCTYPE a><a/>", false).substr(2),
+          Wide("<!-- ", true) + "---- >a<" + Wide(" --><!DOCTYPE a><a/>", true).substr(2),
           std::string("no markup"), std::string("<!-- never closed <a/>"), std::string("<?xml ")})
         EXPECT_FALSE(IsSafeXml(text)) << text;
 }
