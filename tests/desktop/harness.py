@@ -20,6 +20,7 @@ TRAY_CLASS = "SkyvaneAlertsTray"
 # The minute clock's two timers, of which one runs at a time, the first one first.
 MINUTE_TIMERS = (3, 2)
 WM_TIMER = 0x113
+ICON_CALLBACK, LEFT_DOWN, LEFT_DOUBLE, RIGHT_DOWN = 0x200, 0x201, 0x203, 0x204
 RETRIEVER_DELAY_TIMER = 1
 
 # The icon's window, which newer Wines call otherwise.
@@ -222,6 +223,10 @@ class Program:
     def balloons(self):
         """Texts of the balloons that stand."""
         return [window.text for window in find_windows("tooltips_class32")]
+
+    def icon_message(self, *numbers):
+        """What the taskbar posts for the mouse on the icon, without the mouse."""
+        probe("post", TRAY_CLASS, *(field for number in numbers for field in (ICON_CALLBACK, 0, number)))
 
     # The tray window.
 

@@ -11,6 +11,7 @@
 //   folders                                the user's temporary and application data folders
 //   rows TITLE                             the rows of the window's list: "selected" or nothing,
 //                                          icon, texts
+//   run PROGRAM                            starts it by its path alone, without quotes
 //   catch ADDRESS                          as the browser: notes the address in opened.txt
 #include <windows.h>
 #include <commctrl.h>
@@ -185,6 +186,17 @@ void PrintRows(const char* title) {
     CloseHandle(process);
 }
 
+int Run(char* program) {
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessA(program, program, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &process))
+        return 5;
+    WaitForSingleObject(process.hProcess, INFINITE);
+    return 0;
+}
+
 std::string BesideThis(const char* name) {
     char path[MAX_PATH];
     GetModuleFileNameA(nullptr, path, MAX_PATH);
@@ -221,6 +233,8 @@ int main(int count, char** arguments) {
         PrintRows(arguments[2]);
     } else if (command == "folders") {
         Print(Escaped(std::getenv("TEMP")) + "\t" + Escaped(std::getenv("APPDATA")) + "\n");
+    } else if (command == "run" && count == 3) {
+        return Run(arguments[2]);
     } else if (command == "catch") {
         Catch();
     } else {

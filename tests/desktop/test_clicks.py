@@ -2,9 +2,13 @@
 
 import time
 
+import pytest
+
 from feed import FLOOD, LAWRENCE, PARIS, TORNADO
-from harness import DOUBLE_CLICK_SECONDS, LEFT, stays
-from tray_menu import MAKER, MAP, alert_page, choose, open_menu, station_page
+from harness import DOUBLE_CLICK_SECONDS, LEFT, LEFT_DOUBLE, LEFT_DOWN, RIGHT_DOWN, find_windows, point_at, stays, wait_until
+from options_dialog import Options
+from search_dialog import DIALOG, OPTIONS
+from tray_menu import MAKER, MAP, alert_page, choose, close_menu, open_menu, open_menus, station_page
 
 
 def test_single_click_waits_for_a_double_click(make_watcher, browser):
@@ -52,6 +56,24 @@ def test_each_menu_item_opens_its_address(make_watcher, feed, browser):
     ]:
         choose(program, *path, alerts=alerts, stations=stations)
         browser.wait_for(address)
+
+
+@pytest.mark.parametrize("second", [(0,), (LEFT_DOUBLE,)], ids=["single", "double"])
+def test_action_under_the_open_menu_waits_for_its_end(make_watcher, feed, second):
+    feed.serve("66044", TORNADO)
+    action = "Open Skyvane Alerts Options"
+    program = make_watcher(LAWRENCE, options={"SingleClickAction": action, "DoubleClickAction": action})
+    program.start()
+    point_at(100, 100)
+    program.icon_message(LEFT_DOWN, RIGHT_DOWN)
+    wait_until(open_menus, "the popup menu")
+    program.icon_message(*second)
+    assert stays(lambda: open_menus() and not find_windows(DIALOG, OPTIONS), 3 * DOUBLE_CLICK_SECONDS)
+    close_menu()
+    Options().close("Cancel")
+    assert stays(lambda: not find_windows(DIALOG, OPTIONS), 2 * DOUBLE_CLICK_SECONDS), "it runs twice"
+    program.tick(5)
+    program.wait_for_picture("new alerts")
 
 
 def test_right_click_restores_the_normal_picture(make_watcher, feed):

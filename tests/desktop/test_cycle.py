@@ -118,6 +118,26 @@ def test_failure_of_a_later_station_keeps_what_came_before(make_watcher, feed):
     assert [alert[0] for alert in program.store.alerts()] == ["101"]
     assert program.last_updated() is None
     assert program.icon_picture() == "normal"
+    feed.serve("2")
+    feed.serve("3")
+    program.tick(5)
+    program.wait_for_picture("new alerts")  # what the failed cycle could not announce
+    assert program.store.read("Misc", "OldAlerts") == "101"
+
+
+def test_downloader_that_cannot_be_started(make_watcher):
+    program = make_watcher(LAWRENCE, registry=True)
+    (program.folder / "dl.exe").unlink()
+    program.start()
+    choose(program, "Retrieve Severe Alerts", stations=["Lawrence"])
+    message = wait_for_message_box()
+    assert message.text == FAILED
+    message.answer("OK")
+    choose(program, "Check for New Version", stations=["Lawrence"])
+    message = wait_for_message_box()
+    assert message.text.startswith("The attempt to check for an updated version of Skyvane Alerts failed!")
+    message.answer("OK")
+    assert program.icon_picture() == "normal" and program.last_updated() is None
 
 
 def test_station_codes_are_fetched_once_in_list_order(make_watcher, feed):

@@ -5,7 +5,8 @@ import os
 import pytest
 
 from feed import FLOOD, LAWRENCE, TORNADO
-from harness import LEFT, click, stays, wait_until
+from harness import LEFT, click, find_windows, stays, wait_until
+from search_dialog import DIALOG
 from tray_menu import FIXED, MAP, alert_page, choose, close_menu, open_menu, place_of
 
 
@@ -77,6 +78,29 @@ def test_the_clock_goes_on(waiting, feed):
     feed.serve("66044", FLOOD)
     program.tick(5)
     wait_until(lambda: program.store.read("Misc", "OldAlerts") == "101¦102", "the next cycle")
+
+
+@pytest.mark.parametrize("by_clock", [True, False], ids=["clock", "command"])
+@pytest.mark.parametrize("window", ["Options", "About", "Check for New Version"])
+def test_retrievals_go_on_whatever_window_is_open(make_watcher, feed, window, by_clock):
+    feed.serve("66044", TORNADO)
+    gate = feed.hold("66044")
+    program = make_watcher(LAWRENCE)
+    program.store.write({"Hosts": {"Maker": "gone://"}})
+    program.start()
+    if by_clock:
+        program.tick(5)
+    else:
+        choose(program, "Retrieve Severe Alerts", stations=["Lawrence"])
+    wait_until(feed.codes, "the request")
+    choose(program, window, stations=["Lawrence"])
+    wait_until(lambda: find_windows(DIALOG), "the window")
+    gate.set()
+    program.wait_for_picture("new alerts")
+    feed.serve("66044", FLOOD)
+    program.tick(5)  # and the next one, with the window still open
+    wait_until(lambda: program.store.read("Misc", "OldAlerts") == "101¦102", "the next cycle")
+    assert find_windows(DIALOG)
 
 
 def test_the_clock_leaves_an_open_menu_alone(make_watcher, feed, browser):

@@ -1,7 +1,9 @@
 """From start to Exit."""
 
+import os
 import pathlib
 import shutil
+import subprocess
 
 import pytest
 
@@ -54,8 +56,19 @@ def test_own_user_names_ini_file_and_data_folder(make_watcher, feed):
     assert not (program.folder / "Default.ini").exists()
 
 
-def test_second_copy_ends_in_silence(make_watcher, feed):
+def test_folder_name_is_no_switch(make_program, tmp_path):
+    program = make_program(registry=True, folder=tmp_path / "my -id folder")
+    program.store.write({"Misc": {"Runs": "2"}})
+    program.launched.append(subprocess.Popen(["wine", os.environ["PROBE"], "run",
+                                              windows_path(program.folder / "SVAlerts.exe")], cwd=program.folder))
+    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the start is complete")
+    assert program.store.read("Misc", "UseINI") == "False"
+
+
+def test_second_copy_ends_in_silence(make_watcher, feed, temp_folder):
     feed.serve("66044", TORNADO)
+    in_use = temp_folder / "SVA7.tmp"
+    in_use.write_text("the first copy's search waits for it")
     program = make_watcher(LAWRENCE, misc={"LastUpdated": "5/2/2008 4:12:10 PM"})
     program.start()
     wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the start is complete")
@@ -63,6 +76,7 @@ def test_second_copy_ends_in_silence(make_watcher, feed):
     program.store.write({"Options": {"RetrieveAlertsOnStartup": "True"}})
     second = program.launch(*program.arguments)
     assert second.wait(15) == 0
+    assert in_use.exists()
     program.store.write({"Options": {"RetrieveAlertsOnStartup": "False"}})
     settings["Options"]["retrievealertsonstartup"] = "False"
     assert program.store.sections() == settings
@@ -74,8 +88,9 @@ def test_second_copy_ends_in_silence(make_watcher, feed):
 def test_icon_comes_back_with_a_new_taskbar(make_watcher, feed):
     feed.serve("66044", TORNADO)
     program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
-    program.start()
+    program.start(WINEDEBUG="fixme+all")  # Wine writes down the calls that do nothing there
     program.wait_for_picture("new alerts")
+    assert "ChangeWindowMessageFilterEx" in program.errors()  # for a program with more rights than the taskbar
     probe("forget-icon", "SkyvaneAlertsTray")  # what the end of the taskbar does to the icon
     wait_until(lambda: not program.icon(), "the icon is gone")
     program.send("TaskbarCreated")

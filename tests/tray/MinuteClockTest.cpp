@@ -1,0 +1,55 @@
+#include "tray/MinuteClock.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/ScratchStore.h"
+#include "tray/RetrieveAlerts.h"
+
+namespace tray {
+namespace {
+
+class MinuteClockTest : public tests::ScratchStore {
+  protected:
+    void SetUp() override {
+        ScratchStore::SetUp();
+        ASSERT_TRUE(LoadTrayWindow());
+        UseStations({"1"});
+        settings::State().autoUpdateInterval = "Every 5 minutes";
+        StartMinuteClock();
+    }
+    void TearDown() override {
+        StopMinuteClock();
+        DestroyWindow(TrayWindow());
+        ScratchStore::TearDown();
+    }
+    // Whether the next minute retrieves; there is no downloader here, so that the cycle fails at
+    // once.
+    static bool RetrievesNow() {
+        std::uint64_t& lastEnd = settings::State().lastCycleEnd;
+        const std::uint64_t before = lastEnd;
+        const Timer half =
+            IsTimerRunning(Timer::TimerUpdate1) ? Timer::TimerUpdate1 : Timer::TimerUpdate2;
+        SendMessageA(TrayWindow(), WM_TIMER, static_cast<WPARAM>(half) + 1, 0);
+        WaitForRetrieval();
+        return lastEnd != before;
+    }
+};
+
+TEST_F(MinuteClockTest, RetrievesAfterALongSleep) {
+    constexpr std::uint64_t minute = 60'000;
+    const auto sleep = [](std::uint64_t milliseconds) {
+        settings::State().lastCycleEnd -= milliseconds;
+        SendMessageA(TrayWindow(), WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC, 0);
+    };
+    EXPECT_FALSE(RetrievesNow());
+    sleep(4 * minute);
+    EXPECT_FALSE(RetrievesNow());
+    sleep(minute);
+    EXPECT_TRUE(RetrievesNow());
+    EXPECT_FALSE(RetrievesNow());
+    settings::State().lastCycleEnd -= 5 * minute;  // a busy computer has not slept
+    EXPECT_FALSE(RetrievesNow());
+}
+
+}  // namespace
+}  // namespace tray
