@@ -15,6 +15,7 @@
 #include "search/resource.h"
 #include "settings/ProgramState.h"
 #include "win/Files.h"
+#include "win/LateFunctions.h"
 #include "win/ListView.h"
 #include "win/TextRules.h"
 #include "win/XmlDocument.h"
@@ -50,8 +51,8 @@ double TimeXml(const std::string& path) {
             attributes->get_item(i, &attribute);
             attribute->get_baseName(&name);
             attribute->get_text(&text);
-            SysFreeString(name);
-            SysFreeString(text);
+            win::late::SysFreeString(name);
+            win::late::SysFreeString(text);
         }
     }
     return bench::Milliseconds() - began;
@@ -104,7 +105,7 @@ int main() {
     const std::string path = win::ExecutableFolder() + "\\stations.xml";
     win::ReplaceFileWhole(path, MakeAnswer());
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES};
-    InitCommonControlsEx(&controls);
+    win::late::InitCommonControlsEx(&controls);
     MakeForm();
     for (int round = -1; round < 15; ++round) {
         const double xml = TimeXml(path);

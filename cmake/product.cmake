@@ -4,19 +4,10 @@ set(productDir ${CMAKE_BINARY_DIR}/product)
 
 list(REMOVE_ITEM windowsFiles ${CMAKE_SOURCE_DIR}/win/Terminate.cpp)
 add_library(program STATIC ${windowsFiles})
-target_link_libraries(program PUBLIC rules
-  comctl32 comdlg32 ole32 oleaut32 shell32 winmm advapi32 user32 gdi32 uxtheme uuid)
+# All that a program needs at its start; win/LateFunctions.h has what is loaded later.
+target_link_libraries(program PUBLIC rules shell32 advapi32 user32 gdi32 uuid)
 
 add_executable(SVAlerts WIN32 ${appFiles} app/SVAlerts.rc win/Terminate.cpp)
-include(cmake/delayed.cmake)
-delay_load(SVAlerts comctl32 ImageList_Create@20 ImageList_Destroy@4 ImageList_ReplaceIcon@12
-  InitCommonControlsEx@4)
-delay_load(SVAlerts comdlg32 GetOpenFileNameA@4)
-delay_load(SVAlerts ole32 CoCreateInstance@20 CoInitializeEx@8 CreateStreamOnHGlobal@12)
-delay_load(SVAlerts oleaut32 SysAllocStringLen@8 SysFreeString@4 SysStringLen@4 VarDateFromStr@16
-  VariantChangeType@16 VariantClear@4 VariantInit@4 VariantTimeToSystemTime@12)
-delay_load(SVAlerts uxtheme EnableThemeDialogTexture@8)
-delay_load(SVAlerts winmm sndPlaySoundA@8)
 target_link_libraries(SVAlerts PRIVATE program)
 
 add_library(fetch STATIC ${downloaderFiles})

@@ -2,7 +2,6 @@
 
 #include <windows.h>
 #include <commctrl.h>
-#include <uxtheme.h>
 
 #include <array>
 #include <string>
@@ -15,6 +14,7 @@
 #include "tray/resource.h"
 #include "win/Dialog.h"
 #include "win/Files.h"
+#include "win/LateFunctions.h"
 #include "win/Messages.h"
 #include "win/Shell.h"
 
@@ -71,7 +71,7 @@ void CreateFrames() {
         form.frames[i] =
             CreateDialogParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kPages[i].frame),
                                form.window, kPages[i].procedure, 0);
-        EnableThemeDialogTexture(form.frames[i], ETDT_ENABLETAB);
+        win::late::EnableThemeDialogTexture(form.frames[i], ETDT_ENABLETAB);
         // Behind the tabs in the Tab order, before the buttons.
         SetWindowPos(form.frames[i], Tabs(), room.left, room.top, room.right - room.left,
                      room.bottom - room.top, SWP_NOACTIVATE);

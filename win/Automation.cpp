@@ -43,34 +43,36 @@ std::optional<Variant> Invoke(const Automation& object, std::optional<DISPID> me
 
 Variant::Variant(std::string_view text) {
     const std::wstring wide = ToWide(text);
-    VariantInit(&value_);
+    late::VariantInit(&value_);
     V_VT(&value_) = VT_BSTR;
-    V_BSTR(&value_) = SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
+    V_BSTR(&value_) = late::SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
 }
 
 Variant::Variant(bool truth) {
-    VariantInit(&value_);
+    late::VariantInit(&value_);
     V_VT(&value_) = VT_BOOL;
     V_BOOL(&value_) = truth ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
 std::string Variant::Text() const {
     Variant text;
-    if (FAILED(VariantChangeType(text.Get(), const_cast<VARIANT*>(&value_), 0, VT_BSTR)) ||
+    if (FAILED(late::VariantChangeType(text.Get(), const_cast<VARIANT*>(&value_), 0, VT_BSTR)) ||
         !V_BSTR(text.Get()))
         return {};
-    return FromWide({V_BSTR(text.Get()), SysStringLen(V_BSTR(text.Get()))});
+    return FromWide({V_BSTR(text.Get()), late::SysStringLen(V_BSTR(text.Get()))});
 }
 
 bool Variant::IsTrue() const {
     Variant truth;
-    return SUCCEEDED(VariantChangeType(truth.Get(), const_cast<VARIANT*>(&value_), 0, VT_BOOL)) &&
+    return SUCCEEDED(
+               late::VariantChangeType(truth.Get(), const_cast<VARIANT*>(&value_), 0, VT_BOOL)) &&
            V_BOOL(truth.Get()) != VARIANT_FALSE;
 }
 
 Automation Variant::Object() const {
     Variant object;
-    if (FAILED(VariantChangeType(object.Get(), const_cast<VARIANT*>(&value_), 0, VT_DISPATCH)))
+    if (FAILED(
+            late::VariantChangeType(object.Get(), const_cast<VARIANT*>(&value_), 0, VT_DISPATCH)))
         return nullptr;
     return V_DISPATCH(object.Get());
 }

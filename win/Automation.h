@@ -1,11 +1,12 @@
 #pragma once
 #include <windows.h>
-#include <oleauto.h>
 #include <wrl/client.h>
 
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "win/LateFunctions.h"
 
 // Objects that are spoken to by the names of their members.
 namespace win {
@@ -15,14 +16,14 @@ using Automation = Microsoft::WRL::ComPtr<IDispatch>;
 // Owns one value of such a call.
 class Variant {
   public:
-    Variant() { VariantInit(&value_); }
+    Variant() { late::VariantInit(&value_); }
     explicit Variant(std::string_view text);
     explicit Variant(bool truth);
     explicit Variant(const char* text) = delete;  // would be taken for a truth value
-    Variant(Variant&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
+    Variant(Variant&& other) noexcept : value_(other.value_) { late::VariantInit(&other.value_); }
     Variant(const Variant&) = delete;
     Variant& operator=(const Variant&) = delete;
-    ~Variant() { VariantClear(&value_); }
+    ~Variant() { late::VariantClear(&value_); }
 
     VARIANT* Get() { return &value_; }
     // The value as text, as a truth value, as an object; empty, false or null when it is none.

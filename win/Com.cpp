@@ -1,7 +1,5 @@
 #include "win/Com.h"
 
-#include <objbase.h>
-
 #include <utility>
 
 #include "win/Text.h"
@@ -9,22 +7,22 @@
 namespace win {
 
 void EnsureCom() {
-    static const HRESULT once = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    static const HRESULT once = late::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     static_cast<void>(once);
 }
 
 BasicString::BasicString(std::string_view text) {
     const std::wstring wide = ToWide(text);
-    value_ = SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
+    value_ = late::SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
 }
 
 BSTR* BasicString::Receive() {
-    SysFreeString(std::exchange(value_, nullptr));
+    late::SysFreeString(std::exchange(value_, nullptr));
     return &value_;
 }
 
 std::string BasicString::Text() const {
-    return value_ ? FromWide({value_, SysStringLen(value_)}) : std::string();
+    return value_ ? FromWide({value_, late::SysStringLen(value_)}) : std::string();
 }
 
 }  // namespace win

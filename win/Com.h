@@ -1,9 +1,8 @@
 #pragma once
-#include <windows.h>
-#include <oleauto.h>
-
 #include <string>
 #include <string_view>
+
+#include "win/LateFunctions.h"
 
 namespace win {
 
@@ -17,7 +16,7 @@ class BasicString {
     explicit BasicString(std::string_view text);
     BasicString(const BasicString&) = delete;
     BasicString& operator=(const BasicString&) = delete;
-    ~BasicString() { SysFreeString(value_); }
+    ~BasicString() { late::SysFreeString(value_); }
     BSTR Get() const { return value_; }
     BSTR* Receive();
     // The text in the process's code page.

@@ -1,8 +1,6 @@
 #include "win/Dates.h"
 
-#include <windows.h>
-#include <oleauto.h>
-
+#include "win/LateFunctions.h"
 #include "win/Text.h"
 
 namespace win {
@@ -60,8 +58,8 @@ std::string ShortDateOf(std::string_view text) {
     std::wstring wide = ToWide(text);
     DATE date = 0;
     SYSTEMTIME time;
-    if (FAILED(VarDateFromStr(wide.data(), LOCALE_USER_DEFAULT, 0, &date)) ||
-        !VariantTimeToSystemTime(date, &time))
+    if (FAILED(late::VarDateFromStr(wide.data(), LOCALE_USER_DEFAULT, 0, &date)) ||
+        !late::VariantTimeToSystemTime(date, &time))
         return {};
     return ShortDate(time);
 }

@@ -1,8 +1,7 @@
 #include "win/Dialog.h"
 
-#include <commctrl.h>
-
 #include "win/Images.h"
+#include "win/LateFunctions.h"
 #include "win/Messages.h"
 
 namespace win {
@@ -47,7 +46,7 @@ static void PresentDialog(HWND dialog, int iconResource) {
 
 bool ShowModal(const DialogForm& form, HWND owner, bool (*translate)(const MSG&)) {
     INITCOMMONCONTROLSEX controls{sizeof controls, form.controlClasses | ICC_STANDARD_CLASSES};
-    InitCommonControlsEx(&controls);
+    late::InitCommonControlsEx(&controls);
     const HWND dialog = CreateDialogParamA(
         GetModuleHandleA(nullptr), MAKEINTRESOURCEA(form.resource), owner, form.procedure, 0);
     if (!dialog) return false;

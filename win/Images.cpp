@@ -15,11 +15,11 @@ Icon LoadIconResource(int identifier, int pixels) {
 
 ImageList LoadSmallIcons(std::initializer_list<int> identifiers) {
     const int size = SmallIconSize();
-    ImageList list(ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK,
-                                    static_cast<int>(identifiers.size()), 0));
+    ImageList list(late::ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK,
+                                          static_cast<int>(identifiers.size()), 0));
     for (const int identifier : identifiers) {
         const Icon icon = LoadIconResource(identifier, size);
-        ImageList_ReplaceIcon(list.Get(), -1, icon.Get());
+        late::ImageList_ReplaceIcon(list.Get(), -1, icon.Get());
     }
     return list;
 }

@@ -1,11 +1,9 @@
 #pragma once
-#include <windows.h>
-#include <commctrl.h>
-
 #include <initializer_list>
 #include <string>
 
 #include "win/Handle.h"
+#include "win/LateFunctions.h"
 
 namespace win {
 
@@ -18,7 +16,7 @@ Icon LoadIconResource(int identifier, int pixels);
 struct ImageListTraits {
     using Type = HIMAGELIST;
     static Type Empty() { return nullptr; }
-    static void Close(Type list) { ImageList_Destroy(list); }
+    static void Close(Type list) { late::ImageList_Destroy(list); }
 };
 using ImageList = UniqueHandle<ImageListTraits>;
 

@@ -1,7 +1,5 @@
 #include "win/XmlDocument.h"
 
-#include <objbase.h>
-
 #include "win/Com.h"
 #include "win/Files.h"
 #include "win/Messages.h"
@@ -30,7 +28,8 @@ bool IsLoaded(const XmlDocument& document) {
 Microsoft::WRL::ComPtr<IStream> SafeBytesOf(const std::string& path) {
     const std::optional<std::string> bytes = ReadWholeFile(path);
     Microsoft::WRL::ComPtr<IStream> stream;
-    if (!bytes || !IsSafeXml(*bytes) || FAILED(CreateStreamOnHGlobal(nullptr, TRUE, &stream)) ||
+    if (!bytes || !IsSafeXml(*bytes) ||
+        FAILED(late::CreateStreamOnHGlobal(nullptr, TRUE, &stream)) ||
         FAILED(stream->Write(bytes->data(), static_cast<ULONG>(bytes->size()), nullptr)) ||
         FAILED(stream->Seek({}, STREAM_SEEK_SET, nullptr)))
         return nullptr;
@@ -43,16 +42,16 @@ XmlDocument LoadXmlFile(const std::string& path) {
     EnsureCom();
     const Microsoft::WRL::ComPtr<IStream> bytes = SafeBytesOf(path);
     XmlDocument document;
-    if (!bytes || FAILED(CoCreateInstance(CLSID_DOMDocument, nullptr, CLSCTX_INPROC_SERVER,
-                                          IID_IXMLDOMDocument,
-                                          reinterpret_cast<void**>(document.GetAddressOf()))))
+    if (!bytes || FAILED(late::CoCreateInstance(CLSID_DOMDocument, nullptr, CLSCTX_INPROC_SERVER,
+                                                IID_IXMLDOMDocument,
+                                                reinterpret_cast<void**>(document.GetAddressOf()))))
         return nullptr;
     // Both are on by default: a schema that the document names would be fetched.
     if (FAILED(document->put_resolveExternals(VARIANT_FALSE)) ||
         FAILED(document->put_validateOnParse(VARIANT_FALSE)))
         return nullptr;
     VARIANT source;
-    VariantInit(&source);
+    late::VariantInit(&source);
     V_VT(&source) = VT_UNKNOWN;
     V_UNKNOWN(&source) = bytes.Get();
     VARIANT_BOOL began = VARIANT_FALSE;
@@ -92,7 +91,7 @@ XmlAttributes NodeAttributes(const XmlNode& node) {
 std::optional<std::string> DocumentUtf8(const XmlDocument& document) {
     BasicString text;
     if (FAILED(document->get_xml(text.Receive()))) return std::nullopt;
-    return ToUtf8({text.Get(), SysStringLen(text.Get())});
+    return ToUtf8({text.Get(), late::SysStringLen(text.Get())});
 }
 
 std::string BaseName(const XmlNode& node) {

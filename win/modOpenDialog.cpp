@@ -1,12 +1,11 @@
 #include "win/modOpenDialog.h"
 
-#include <commdlg.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <utility>
 
 #include "win/Com.h"
+#include "win/LateFunctions.h"
 
 namespace win {
 namespace {
@@ -55,7 +54,7 @@ std::string ShowOpenFileDialog(HWND owner, const OpenFileRequest& request) {
     dialog.Flags =
         OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
     centringHook = SetWindowsHookExA(WH_CBT, CentreOnActivation, nullptr, GetCurrentThreadId());
-    const bool chosen = GetOpenFileNameA(&dialog);
+    const bool chosen = late::GetOpenFileNameA(&dialog);
     if (centringHook) UnhookWindowsHookEx(std::exchange(centringHook, nullptr));
     return chosen ? std::string(path) : std::string();
 }
