@@ -7,11 +7,13 @@
 //   post   WINDOW-CLASS  COMMAND      posts a menu command to the window
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <vector>
 
+#include "tests/TrayIconWindow.h"
 #include "win/Files.h"
 #include "win/Handle.h"
 #include "win/TextRules.h"
@@ -52,9 +54,10 @@ win::KernelHandle Launch(const std::string& program, const std::string& argument
 
 win::KernelHandle started;
 
-// Each icon in the notification area is a window of this class, made by Wine's shell.
 bool IconStands() {
-    return FindWindowA("__winex11_tray_icon", nullptr) != nullptr;
+    return std::ranges::any_of(tests::kTrayIconClasses, [](const std::string& name) {
+        return FindWindowA(name.c_str(), nullptr) != nullptr;
+    });
 }
 
 double Start(const std::string& program, const std::string& arguments) {

@@ -23,9 +23,6 @@ WM_TIMER = 0x113
 ICON_CALLBACK, LEFT_DOWN, LEFT_DOUBLE, RIGHT_DOWN = 0x200, 0x201, 0x203, 0x204
 RETRIEVER_DELAY_TIMER = 1
 
-# The icon's window, which newer Wines call otherwise.
-ICON_CLASSES = ("__winex11_tray_icon", "__wine_tray_icon")
-
 LEFT, RIGHT = 1, 3
 DOUBLE_CLICK_SECONDS = 0.5
 
@@ -69,6 +66,7 @@ class Window:
     bottom: int
     enabled: bool
     ticked: bool
+    is_icon: bool
     control: int
     class_name: str
     text: str
@@ -82,7 +80,7 @@ def visible_windows():
     """The visible top-level windows, each with everything visible in it."""
     top_level = []
     for fields in probe("windows"):
-        window = Window(*map(int, fields[:9]), *fields[9:], [])
+        window = Window(*map(int, fields[:10]), *fields[10:], [])
         (top_level[-1].children if window.parent else top_level).append(window)
     return top_level
 
@@ -184,8 +182,9 @@ class Program:
     # The icon.
 
     def icon(self):
-        found = [child for window in visible_windows() for child in window.children
-                 if child.class_name in ICON_CLASSES and child.right > child.left]
+        """The icon's window: a child of the taskbar's or, in newer Wines, one by itself."""
+        found = [window for top in visible_windows() for window in (top, *top.children)
+                 if window.is_icon and window.right > window.left]
         assert len(found) <= 1, "more than one icon"
         return found[0] if found else None
 

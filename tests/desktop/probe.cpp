@@ -17,6 +17,7 @@
 #include <commctrl.h>
 #include <shellapi.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
@@ -24,6 +25,7 @@
 #include <string_view>
 
 #include "tests/HandleCounts.h"
+#include "tests/TrayIconWindow.h"
 
 namespace {
 
@@ -85,12 +87,13 @@ BOOL CALLBACK PrintWindow(HWND window, LPARAM top) {
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
     const bool ticked = !std::wcscmp(className, L"Button") && Ask(window, BM_GETCHECK);
+    const std::string name = Utf8(className);
+    const bool isIcon = std::ranges::count(tests::kTrayIconClasses, name) > 0;
     char numbers[160];
-    std::snprintf(numbers, sizeof numbers, "%ld\t%lu\t%ld\t%ld\t%ld\t%ld\t%d\t%d\t%d\t",
+    std::snprintf(numbers, sizeof numbers, "%ld\t%lu\t%ld\t%ld\t%ld\t%ld\t%d\t%d\t%d\t%d\t",
                   static_cast<long>(top), process, place.left, place.top, place.right, place.bottom,
-                  IsWindowEnabled(window), ticked, GetDlgCtrlID(window));
-    Print(numbers + Escaped(Utf8(className)) + "\t" + Escaped(Utf8(TextOf(window, className))) +
-          "\n");
+                  IsWindowEnabled(window), ticked, isIcon, GetDlgCtrlID(window));
+    Print(numbers + Escaped(name) + "\t" + Escaped(Utf8(TextOf(window, className))) + "\n");
     if (!top) EnumChildWindows(window, PrintWindow, reinterpret_cast<LPARAM>(window));
     return TRUE;
 }

@@ -1,0 +1,10 @@
+#pragma once
+#include <string>
+
+namespace tests {
+
+// The classes of the window that Wine makes for an icon in the notification area; newer versions
+// of Wine use the second.
+inline const std::string kTrayIconClasses[] = {"__winex11_tray_icon", "__wine_tray_icon"};
+
+}  // namespace tests
