@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <utility>
+
 #include "alerts/AlertFeedRules.h"
 #include "settings/IniOpenSave.h"
 #include "win/Text.h"
@@ -34,19 +36,21 @@ bool AlertFilter::Keeps(const std::string& body) const {
 AlertReader::AlertReader(const std::string& dataFile, const std::string& stationCode)
     : stationCode_(stationCode),
       filter_(ReadFilter()),
-      document_(win::LoadXmlFile(dataFile)),
-      number_(win::LeadingInt16(settings::ReadSetting(settings::kAlertCount))) {
-    if (document_) nodes_ = win::SelectNodes(document_, "aws:weather/aws:alerts/aws:alert/*");
-}
+      document_(win::StartLoadingXml(dataFile)),
+      number_(win::LeadingInt16(settings::ReadSetting(settings::kAlertCount))) {}
 
 bool AlertReader::ReadSome() {
-    if (!document_) return true;
+    const win::XmlState state = win::StateOf(document_);
+    if (state != win::XmlState::Loaded) return state == win::XmlState::Failed;
+    if (!nodes_) nodes_ = win::SelectNodes(document_, "aws:weather/aws:alerts/aws:alert/*");
     const ULONGLONG end = GetTickCount64() + kStepMilliseconds;
     while (nodes_) {
         const win::XmlNode node = win::NextNode(nodes_);
         if (!node) break;
         Take(node);
-        if (GetTickCount64() >= end) return false;
+        if (GetTickCount64() < end) continue;
+        settings::HoldSettings(settings::kAlerts, std::exchange(values_, {}));
+        return false;
     }
     values_.emplace_back(settings::kAlertCount.key, win::Decimal(number_));
     settings::HoldSettings(settings::kAlerts, values_);

@@ -41,7 +41,7 @@ class AlertReader {
     std::int16_t number_ = 0;
     std::string identifier_;
     std::string title_;  // carries over to an alert without a title of its own
-    settings::KeyValues values_;
+    settings::KeyValues values_;  // of the present step
     std::vector<std::string> identifiers_;
 };
 

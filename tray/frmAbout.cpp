@@ -20,11 +20,13 @@ HWND openBox = nullptr;
 // What a link shows, which is also where it leads.
 std::string LinkText(int control) {
     const std::string markup = win::ControlText(openBox, control);
-    return win::ReplaceAll(win::ReplaceAll(markup, "<a>", ""), "</a>", "");
+    const std::string text = win::ReplaceAll(win::ReplaceAll(markup, "<a>", ""), "</a>", "");
+    return std::string(win::TrimBlanks(text));
 }
 
+// The control may draw a link wider than it measures it and cut its end off: the space gives room.
 void ShowLink(int control, const std::string& text) {
-    win::SetControlText(openBox, control, "<a>" + text + "</a>");
+    win::SetControlText(openBox, control, "<a>" + text + " </a>");
 }
 
 void OpenWeatherHome() {

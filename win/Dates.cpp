@@ -20,25 +20,6 @@ SYSTEMTIME Now() {
     return now;
 }
 
-// The short date that the text begins with, when it is that of one of the last days.
-std::string RecentDateOf(std::string_view text) {
-    constexpr int days = 31;
-    constexpr ULONGLONG day = 24ULL * 60 * 60 * 10'000'000;
-    SYSTEMTIME time = Now();
-    ULARGE_INTEGER ticks;
-    FILETIME fileTime;
-    SystemTimeToFileTime(&time, &fileTime);
-    ticks.LowPart = fileTime.dwLowDateTime;
-    ticks.HighPart = fileTime.dwHighDateTime;
-    for (int i = 0; i < days; ++i, ticks.QuadPart -= day) {
-        fileTime = {ticks.LowPart, ticks.HighPart};
-        FileTimeToSystemTime(&fileTime, &time);
-        std::string date = ShortDate(time);
-        if (text.starts_with(date + " ")) return date;
-    }
-    return {};
-}
-
 }  // namespace
 
 std::string GeneralDateNow() {
@@ -53,8 +34,8 @@ std::string ShortDateToday() {
 }
 
 std::string ShortDateOf(std::string_view text) {
-    // The usual case needs no reading of dates, whose library (COM with it) is then never loaded.
-    if (std::string recent = RecentDateOf(text); !recent.empty()) return recent;
+    // The usual case: it does without the library that reads dates, and COM with it.
+    if (std::string today = ShortDateToday(); text.starts_with(today + " ")) return today;
     std::wstring wide = ToWide(text);
     DATE date = 0;
     SYSTEMTIME time;

@@ -12,17 +12,6 @@ namespace {
 constexpr long kLoaded = 4;
 constexpr DWORD kPollMilliseconds = 10;
 
-bool IsLoaded(const XmlDocument& document) {
-    long state = 0;
-    // Loading may go on in the background; letting messages run is what carries it along.
-    while (SUCCEEDED(document->get_readyState(&state)) && state != kLoaded)
-        PumpOrWait(kPollMilliseconds);
-    Microsoft::WRL::ComPtr<IXMLDOMParseError> error;
-    long code = 0;
-    return SUCCEEDED(document->get_parseError(&error)) && error &&
-           SUCCEEDED(error->get_errorCode(&code)) && code == 0;
-}
-
 // The file's bytes, once checked; null when the XML library must not have them. The library gets
 // these bytes and not the path: the file may change.
 Microsoft::WRL::ComPtr<IStream> SafeBytesOf(const std::string& path) {
@@ -38,7 +27,7 @@ Microsoft::WRL::ComPtr<IStream> SafeBytesOf(const std::string& path) {
 
 }  // namespace
 
-XmlDocument LoadXmlFile(const std::string& path) {
+XmlDocument StartLoadingXml(const std::string& path) {
     EnsureCom();
     const Microsoft::WRL::ComPtr<IStream> bytes = SafeBytesOf(path);
     XmlDocument document;
@@ -56,7 +45,24 @@ XmlDocument LoadXmlFile(const std::string& path) {
     V_UNKNOWN(&source) = bytes.Get();
     VARIANT_BOOL began = VARIANT_FALSE;
     if (FAILED(document->load(source, &began)) || began == VARIANT_FALSE) return nullptr;
-    return IsLoaded(document) ? document : nullptr;
+    return document;
+}
+
+XmlState StateOf(const XmlDocument& document) {
+    long state = 0;
+    if (!document || FAILED(document->get_readyState(&state))) return XmlState::Failed;
+    if (state != kLoaded) return XmlState::Loading;
+    Microsoft::WRL::ComPtr<IXMLDOMParseError> error;
+    long code = 0;
+    const bool isWhole = SUCCEEDED(document->get_parseError(&error)) && error &&
+                         SUCCEEDED(error->get_errorCode(&code)) && code == 0;
+    return isWhole ? XmlState::Loaded : XmlState::Failed;
+}
+
+XmlDocument LoadXmlFile(const std::string& path) {
+    XmlDocument document = StartLoadingXml(path);
+    while (StateOf(document) == XmlState::Loading) PumpOrWait(kPollMilliseconds);
+    return StateOf(document) == XmlState::Loaded ? document : nullptr;
 }
 
 XmlNodeList SelectNodes(const XmlDocument& document, const char* path) {

@@ -15,6 +15,13 @@ using XmlDocument = Microsoft::WRL::ComPtr<IXMLDOMDocument>;
 using XmlNode = Microsoft::WRL::ComPtr<IXMLDOMNode>;
 using XmlNodeList = Microsoft::WRL::ComPtr<IXMLDOMNodeList>;
 
+// Starts loading the document in the file; null when the file is missing or cannot be a document.
+XmlDocument StartLoadingXml(const std::string& path);
+
+// How far that has come. Loading may go on in the background; messages carry it along.
+enum class XmlState { Loading, Loaded, Failed };
+XmlState StateOf(const XmlDocument& document);
+
 // The document in the file; null when it is missing, not well-formed, or has a document type
 // declaration. Nothing that the document refers to is opened. Lets messages run while it loads.
 XmlDocument LoadXmlFile(const std::string& path);
