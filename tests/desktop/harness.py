@@ -48,12 +48,29 @@ def stays(condition, seconds):
     return True
 
 
+class Probe:
+    """The helper inside Wine, which stays: to start a process for each look would cost more than the look."""
+
+    process = None
+
+    def ask(self, arguments):
+        if not self.process or self.process.poll() is not None:
+            self.process = subprocess.Popen(["wine", os.environ["PROBE"], "serve"], stdin=subprocess.PIPE,
+                                            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.process.stdin.write("\t".join(map(str, arguments)).encode() + b"\n")
+        self.process.stdin.flush()
+        rows = []
+        while (line := self.process.stdout.readline()) != b".\n":
+            assert line, f"probe {arguments}: {self.process.wait()}"
+            rows.append([stores.unescape(field) for field in line.decode("utf-8").rstrip("\n").split("\t")])
+        return rows
+
+
+the_probe = Probe()
+
+
 def probe(*arguments):
-    result = subprocess.run(["wine", os.environ["PROBE"], *map(str, arguments)], stdout=subprocess.PIPE,
-                            stderr=subprocess.DEVNULL, timeout=60)
-    assert result.returncode == 0, f"probe {arguments}: {result.returncode}"
-    text = result.stdout.decode("utf-8")
-    return [[stores.unescape(field) for field in line.split("\t")] for line in text.split("\n")[:-1]]
+    return the_probe.ask(arguments)
 
 
 @dataclass
@@ -90,6 +107,16 @@ def find_windows(class_name, text=None):
             if window.class_name == class_name and text in (None, window.text)]
 
 
+def settled(find):
+    """What `find` finds, once it holds still: the window manager moves a new window to its place, and a
+    click must not come before that."""
+    found = find()
+    if not found:
+        return None
+    time.sleep(0.1)
+    return found if find() == found else None
+
+
 def point_at(x, y):
     subprocess.run(["xdotool", "mousemove", str(x), str(y)], check=True)
 
@@ -110,7 +137,7 @@ class MessageBox:
     def __init__(self, window):
         self.title = window.text
         statics = [child.text for child in window.children if child.class_name == "Static"]
-        self.text = max(statics, key=len)
+        self.text = max(statics, key=len, default="")
         self.buttons = {child.text.replace("&", ""): child for child in window.children
                         if child.class_name == "Button"}
 
@@ -131,7 +158,7 @@ def message_boxes(title=PROGRAM_NAME):
 
 def wait_for_message_box(title=PROGRAM_NAME):
     def find():
-        found = message_boxes(title)
+        found = [MessageBox(window) for window in settled(lambda: find_windows("#32770", title)) or []]
         return found[0] if found and found[0].buttons else None
     return wait_until(find, "a message box")
 
@@ -248,7 +275,8 @@ class Program:
         self.store.write({"Misc": {"LastUpdated": ""}, "Alerts": {"Count": "0"}, **sections})
         self.tick()
         wait_until(self.last_updated, "the cycle's end")
-        assert self.answers()
+        # What follows the time of the update, the sound last, waits for the taskbar and answers meanwhile.
+        assert stays(self.answers, 0.3)
 
     # State and end.
 

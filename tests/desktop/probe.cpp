@@ -1,5 +1,5 @@
-// The tests' eyes and hands inside Wine: what another process can learn of a Windows program and do
-// to it. Each command prints lines of fields parted by tabs; \n, \r, \t and \\ stand escaped in
+// What the tests see and do inside Wine: what another process can learn of a Windows program and do
+// to it. Each command prints lines of fields separated by tabs; \n, \r, \t and \\ are escaped in
 // texts.
 //
 //   windows                                the visible windows and what is in them; the text of a
@@ -13,6 +13,8 @@
 //                                          icon, texts
 //   run PROGRAM                            starts it by its path alone, without quotes
 //   catch ADDRESS                          as the browser: notes the address in opened.txt
+//   serve                                  runs commands from the standard input, one a line with
+//                                          its words separated by tabs; a line "." ends each answer
 #include <windows.h>
 #include <commctrl.h>
 #include <shellapi.h>
@@ -20,9 +22,11 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <cwchar>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tests/HandleCounts.h"
 #include "tests/TrayIconWindow.h"
@@ -189,7 +193,7 @@ void PrintRows(const char* title) {
     CloseHandle(process);
 }
 
-int Run(char* program) {
+int StartProgram(char* program) {
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
@@ -218,30 +222,47 @@ void Catch() {
     WriteFile(file, line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
 }
 
-}  // namespace
-
-int main(int count, char** arguments) {
-    const std::string command = count > 1 ? arguments[1] : "";
+int Run(int count, char** arguments) {
+    const std::string command = count > 0 ? arguments[0] : "";
     if (command == "windows") {
         EnumWindows(PrintWindow, 0);
-    } else if (command == "send" && count == 6) {
-        Send(arguments + 2);
-    } else if (command == "post" && count >= 6) {
-        Post(count - 2, arguments + 2);
-    } else if (command == "counts" && count == 3) {
-        PrintCounts(arguments[2]);
-    } else if (command == "forget-icon" && count == 3) {
-        ForgetIcon(arguments[2]);
-    } else if (command == "rows" && count == 3) {
-        PrintRows(arguments[2]);
+    } else if (command == "send" && count == 5) {
+        Send(arguments + 1);
+    } else if (command == "post" && count >= 5) {
+        Post(count - 1, arguments + 1);
+    } else if (command == "counts" && count == 2) {
+        PrintCounts(arguments[1]);
+    } else if (command == "forget-icon" && count == 2) {
+        ForgetIcon(arguments[1]);
+    } else if (command == "rows" && count == 2) {
+        PrintRows(arguments[1]);
     } else if (command == "folders") {
         Print(Escaped(std::getenv("TEMP")) + "\t" + Escaped(std::getenv("APPDATA")) + "\n");
-    } else if (command == "run" && count == 3) {
-        return Run(arguments[2]);
+    } else if (command == "run" && count == 2) {
+        return StartProgram(arguments[1]);
     } else if (command == "catch") {
         Catch();
     } else {
         return 2;
     }
     return 0;
+}
+
+int Serve() {
+    static char line[65536];
+    while (std::fgets(line, sizeof line, stdin)) {
+        std::vector<char*> words;
+        for (char* word = std::strtok(line, "\t\n"); word; word = std::strtok(nullptr, "\t\n"))
+            words.push_back(word);
+        if (const int status = Run(static_cast<int>(words.size()), words.data())) return status;
+        Print(".\n");
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    if (count == 2 && std::string_view(arguments[1]) == "serve") return Serve();
+    return Run(count - 1, arguments + 1);
 }

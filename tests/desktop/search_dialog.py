@@ -8,7 +8,7 @@ from urllib.parse import urlsplit
 
 import harness
 import pytest
-from harness import click, find_windows, wait_until
+from harness import click, find_windows, settled, wait_until
 from loopback import Server, answer
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "demo"))
@@ -100,7 +100,7 @@ class Dialog:
 
     def __init__(self, title):
         self.title = title
-        wait_until(self.window, title)
+        wait_until(lambda: settled(self.window), title)
 
     def window(self):
         found = find_windows(DIALOG, self.title)

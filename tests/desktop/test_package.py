@@ -10,8 +10,8 @@ import pytest
 
 import stores
 from feed import FLOOD, LAWRENCE, TORNADO
-from harness import (PROGRAM_NAME, click, message_boxes, processes, station_line, stays, visible_windows,
-                     wait_until)
+from harness import (PROGRAM_NAME, click, message_boxes, processes, settled, station_line, stays,
+                     visible_windows, wait_until)
 from prefix import snapshot
 
 ROOT = pathlib.Path(__file__).parents[2]
@@ -87,7 +87,7 @@ def press(caption):
         return [child for window in visible_windows() for child in window.children
                 if child.class_name == "Button" and child.text.replace("&", "") == caption and child.enabled]
 
-    click(*wait_until(find, f"the button {caption}")[0].center())
+    click(*wait_until(lambda: settled(find), f"the button {caption}")[0].center())
 
 
 def contents(folder):
