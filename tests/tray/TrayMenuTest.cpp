@@ -23,6 +23,8 @@ class TrayMenuTest : public tests::ScratchStore {
         SetUpTrayMenus();
     }
     void TearDown() override {
+        WriteSetting("Alerts", "Count", "0");
+        BuildAlertsMenu();  // the program's count of alert items outlives this window
         RemoveMenuSubclass();
         StopExplorerMonitor(TrayWindow());
         DestroyWindow(TrayWindow());
