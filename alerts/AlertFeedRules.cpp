@@ -70,6 +70,17 @@ std::string TrimSeen(std::string_view seen) {
                                                        : seen);
 }
 
+std::string_view FitSeen(std::string_view seen, std::size_t longest, std::string_view bar) {
+    const std::size_t length = win::CountChars(seen);
+    if (length <= longest) return seen;
+    // Looking from the bar before the part that fits: an identifier that begins there is whole.
+    const std::size_t barLength = win::CountChars(bar);
+    const std::string_view fits =
+        win::WithoutFirstChars(seen, length - std::min(length, longest + barLength));
+    const std::size_t first = fits.find(bar);
+    return first == std::string_view::npos ? std::string_view() : fits.substr(first + bar.size());
+}
+
 bool IsDone(std::string_view done, std::string_view code) {
     return (std::string(done) + ",").find("," + std::string(code) + ",") != std::string::npos;
 }

@@ -34,6 +34,10 @@ std::int16_t AddUnseen(std::string& seen, const std::vector<std::string>& identi
 // behind the first 249 stays, even where that cuts an identifier in two.
 std::string TrimSeen(std::string_view seen);
 
+// The newest whole identifiers of the list of seen ones, joined by the bar, that have no more than
+// `longest` characters together.
+std::string_view FitSeen(std::string_view seen, std::size_t longest, std::string_view bar);
+
 // Whether the station code stands in the list of those that this cycle has asked for, each with a
 // comma before it.
 bool IsDone(std::string_view done, std::string_view code);

@@ -62,7 +62,8 @@ CycleOutcome RetrievalCycle::End(bool failed) {
     std::string& seen = settings::State().oldAlerts;
     seen = TrimSeen(seen);
     const std::int16_t newAlerts = AddUnseen(seen, identifiers_, win::BrokenBar());
-    settings::WriteSetting(settings::kOldAlerts, seen);
+    settings::WriteSetting(settings::kOldAlerts,
+                           FitSeen(seen, settings::LongestValue(), win::BrokenBar()));
     return {false, newAlerts};
 }
 

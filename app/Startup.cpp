@@ -42,7 +42,9 @@ void ChooseStore(std::string_view arguments) {
         else
             UseIniFile(false);
     }
-    WriteSetting(kUseIniRecord, BooleanText(UseIni == kUseIniStore));
+    // Reading first lets messages run while another program holds the INI file.
+    const char* const useIni = BooleanText(UseIni == kUseIniStore);
+    if (ReadSetting(kUseIniRecord) != useIni) WriteSetting(kUseIniRecord, useIni);
     ExportStoreChoice();
 }
 
@@ -82,9 +84,10 @@ void RetrieveAtStart() {
 }
 
 void CountRun() {
-    const std::string runs = ReadSetting(kRuns);
-    if (!runs.empty()) {
-        if (const auto next = NextRunCount(runs)) WriteSetting(kRuns, *next);
+    const auto runs = TryReadSetting(kRuns);
+    if (!runs) return;  // unreadable settings do not make this the first run
+    if (!runs->empty()) {
+        if (const auto next = NextRunCount(*runs)) WriteSetting(kRuns, *next);
         return;
     }
     WriteSetting(kRuns, "1");

@@ -57,8 +57,7 @@ void Command9_Click(HWND page) {
 
 void Command10_Click(HWND page) {
     if (!win::Ask(GetParent(page),
-                  "Are you sure you want to remove the selected word(s)/phrase(s)?",
-                  MB_ICONQUESTION))
+                  "Are you sure you want to remove the selected word(s)/phrase(s)?", 0))
         return;
     const win::ChoiceControl list = List2(page);
     for (int i = win::CountChoices(list) - 1; i >= 0; --i)

@@ -17,6 +17,10 @@
 namespace options {
 namespace {
 
+// Whether the station file was read. Until then the page changes nothing, so that nothing is
+// written over a file whose stations are not known.
+bool isRead = false;
+
 // The whole lines behind the entries of Combo1, which shows their display texts.
 std::vector<std::string>& lines = win::NeverDestroyed<std::vector<std::string>>();
 
@@ -27,6 +31,7 @@ win::ChoiceControl Combo1(HWND page) {
 void EnableStationButtons(HWND page) {
     for (const int button : {frmOptions_Command23, frmOptions_Command7, frmOptions_Command5})
         win::EnableControl(page, button, !lines.empty());
+    win::EnableControl(page, frmOptions_Command6, isRead);
 }
 
 void ShowLines(HWND page, int selected) {
@@ -76,8 +81,7 @@ void Command23_Click(HWND page) {
 void Command7_Click(HWND page) {
     const std::size_t selected = Selected(page);
     if (selected >= lines.size() ||
-        !win::Ask(GetParent(page), RemoveQuestion(stations::DisplayText(lines[selected])),
-                  MB_ICONQUESTION))
+        !win::Ask(GetParent(page), RemoveQuestion(stations::DisplayText(lines[selected])), 0))
         return;
     lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(selected));
     ChangeLines(page, selected);
@@ -85,7 +89,7 @@ void Command7_Click(HWND page) {
 
 void Command5_Click(HWND page) {
     if (!win::Ask(GetParent(page), "Are you sure you want to remove all saved weather stations?",
-                  MB_ICONQUESTION))
+                  0))
         return;
     lines.clear();
     ChangeLines(page, 0);
@@ -94,6 +98,7 @@ void Command5_Click(HWND page) {
 }  // namespace
 
 INT_PTR CALLBACK StationsProcedure(HWND page, UINT message, WPARAM wParam, LPARAM) {
+    if (message == WM_TIMER) LoadStations(page);
     if (message != WM_COMMAND || HIWORD(wParam) != BN_CLICKED) return FALSE;
     switch (LOWORD(wParam)) {
         case frmOptions_Command6:
@@ -114,15 +119,25 @@ INT_PTR CALLBACK StationsProcedure(HWND page, UINT message, WPARAM wParam, LPARA
 }
 
 void LoadStations(HWND page) {
-    lines = stations::ReadStationFile(stations::StationFilePath());
+    constexpr UINT_PTR retryTimer = 1;
+    constexpr UINT retryMilliseconds = 1000;
+    auto read = stations::ReadStationFile(stations::StationFilePath());
+    isRead = read.has_value();
+    lines = std::move(read).value_or(std::vector<std::string>());
     ShowLines(page, 0);
+    if (isRead)
+        KillTimer(page, retryTimer);
+    else
+        SetTimer(page, retryTimer, retryMilliseconds, nullptr);
+    tray::LoadUnreadStations();
 }
 
 void ApplyStations(HWND) {
-    stations::WriteStationFile(lines, stations::StationFilePath());
+    const bool isWritten = stations::WriteStationFile(lines, stations::StationFilePath());
     stations::SetStationList(lines);
     stations::LoadStationList();
     tray::BuildStationMenu();
+    if (!isWritten) MarkChanged(Page::Stations);  // for a later Apply
 }
 
 void SetCombo1City(HWND page, const std::string& line) {

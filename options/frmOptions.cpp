@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -129,8 +130,10 @@ void Apply() {
         win::Tell(form.window, RestartMessage(settings::State().storeFilesInProgramFolder),
                   MB_ICONINFORMATION, "Skyvane Live");
     }
-    form.anythingChanged = false;
-    win::EnableControl(form.window, frmOptions_ApplyButton, false);
+    // What could not be stored, or was changed meanwhile, is left for a later Apply.
+    form.anythingChanged =
+        std::find(form.changed.begin(), form.changed.end(), true) != form.changed.end();
+    win::EnableControl(form.window, frmOptions_ApplyButton, form.anythingChanged);
 }
 
 void Command1_Click() {

@@ -3,8 +3,9 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <utility>
+#include <set>
 
+#include "settings/IniFile.h"
 #include "settings/modRegistry.h"
 #include "win/Files.h"
 #include "win/Messages.h"
@@ -33,45 +34,27 @@ std::string DefaultIniPath() {
     return win::ExecutableFolder() + "\\" + IniUserName + ".ini";
 }
 
-// A value that was cut in the middle of a character loses the torn rest.
-std::string WithoutTornEnd(std::string value) {
-    if (value.size() < kIniValueLimit - 3) return value;
-    while (!value.empty() && value.back() == '\0') value.pop_back();
-    if (win::IsUtf8(value)) return value;
-    for (std::size_t cut = 1; cut <= 3; ++cut)
-        if (win::IsUtf8(std::string_view(value).substr(0, value.size() - cut)))
-            return value.substr(0, value.size() - cut);
-    return value;
-}
-
-// The INI file's text; nothing when it is not plain text that the text rules can edit.
-std::optional<std::string> ReadIniText() {
-    const std::string path = DefaultIniPath();
-    if (!win::FileExists(path)) return std::string();
-    // Alerts gather in the file, up to 32,767 of them.
-    constexpr std::uint64_t longest = 256u << 20;
-    std::optional<std::string> text = win::ReadWholeFile(path, longest);
-    const bool isWide = text && (text->starts_with("\xFF\xFE") || text->starts_with("\xFE\xFF"));
-    return isWide ? std::nullopt : text;
-}
-
-// A section as the system reads it, for a file that is not plain text.
-std::string SectionFromSystem(std::string_view section) {
-    std::string lines(32767, '\0');
-    const DWORD length =
-        GetPrivateProfileSectionA(std::string(section).c_str(), lines.data(),
-                                  static_cast<DWORD>(lines.size()), DefaultIniPath().c_str());
-    lines.resize(length);
-    std::replace(lines.begin(), lines.end(), '\0', '\n');
-    return std::string("[").append(section).append("]\n").append(lines);
-}
-
 // What the INI file is still to be given: the values of one section.
 std::string& heldSection = win::NeverDestroyed<std::string>();
 KeyValues& heldValues = win::NeverDestroyed<KeyValues>();
 
 bool IsHeld(std::string_view section) {
     return !heldValues.empty() && win::EqualIgnoringCase(section, heldSection);
+}
+
+// The last of the values of each key, in any order.
+KeyValues LastOfEachKey(const KeyValues& values) {
+    std::map<std::string, std::string> last;
+    for (const auto& [key, value] : values) last.insert_or_assign(win::AsciiUpper(key), value);
+    return {last.begin(), last.end()};
+}
+
+// Settings whose INI file could not be read when they were last asked for. They are not written:
+// nothing may replace what was not read.
+std::set<std::string>& unread = win::NeverDestroyed<std::set<std::string>>();
+
+std::string UnreadName(std::string_view section, std::string_view key) {
+    return win::AsciiLower(std::string(section).append("\n").append(key));
 }
 
 // A held value, as it will read once it is in the file.
@@ -81,17 +64,30 @@ std::optional<std::string> HeldValue(std::string_view section, std::string_view 
         return win::EqualIgnoringCase(value.first, key);
     });
     if (last == heldValues.rend()) return std::nullopt;
-    return ReadIniSection(MergeIniSection("", section, {*last}), section).front().second;
+    return CutIniValue(last->second);
 }
 
 }  // namespace
 
+std::optional<std::string> TryReadSetting(std::string_view section, std::string_view key) {
+    if (auto held = HeldValue(section, key)) return held;
+    if (UseIni == kUseRegistryStore)
+        return ReadRegistryText(RegistryPath(section), std::string(key));
+    if (UseIni != kUseIniStore) return std::string();
+    auto value = ReadIniValue(DefaultIniPath(), section, win::ToLower(key));
+    if (value)
+        unread.erase(UnreadName(section, key));
+    else
+        unread.insert(UnreadName(section, key));
+    return value;
+}
+
+std::optional<std::string> TryReadSetting(const Setting& setting) {
+    return TryReadSetting(setting.section, setting.key);
+}
+
 std::string ReadSetting(std::string_view section, std::string_view key) {
-    if (const auto held = HeldValue(section, key)) return *held;
-    std::string ownKey(key);
-    if (UseIni == kUseIniStore) return IniReadValue(section, ownKey, "");
-    if (UseIni == kUseRegistryStore) return ReadRegistryText(RegistryPath(section), ownKey);
-    return {};
+    return TryReadSetting(section, key).value_or(std::string());
 }
 
 std::string ReadSetting(const Setting& setting) {
@@ -100,10 +96,10 @@ std::string ReadSetting(const Setting& setting) {
 
 void WriteSetting(std::string_view section, std::string_view key, std::string_view value) {
     if (IsHeld(section)) StoreHeldSettings();  // the order counts
-    if (UseIni == kUseIniStore)
-        IniWriteValue(section, key, value, "");
-    else if (UseIni == kUseRegistryStore)
+    if (UseIni == kUseRegistryStore)
         WriteRegistryTexts(RegistryPath(section), {{std::string(key), std::string(value)}});
+    else if (UseIni == kUseIniStore && !unread.contains(UnreadName(section, key)))
+        IniWriteValue(section, key, value, "");
 }
 
 void WriteSetting(const Setting& setting, std::string_view value) {
@@ -123,43 +119,39 @@ void HoldSettings(std::string_view section, const KeyValues& values) {
 }
 
 void StoreHeldSettings() {
-    const KeyValues values = std::exchange(heldValues, {});
-    if (values.empty()) return;
-    const std::optional<std::string> text = ReadIniText();
-    if (text &&
-        win::ReplaceFileWhole(DefaultIniPath(), MergeIniSection(*text, heldSection, values)))
-        return;
-    for (const auto& [key, value] : values) IniWriteValue(heldSection, key, value, "");
+    if (heldValues.empty() || WriteIniValues(DefaultIniPath(), heldSection, heldValues))
+        heldValues.clear();
+    else
+        heldValues = LastOfEachKey(heldValues);
 }
 
 std::map<std::string, std::string> ReadSection(std::string_view section) {
-    if (IsHeld(section)) StoreHeldSettings();
     KeyValues values;
-    if (UseIni == kUseRegistryStore) {
-        values = ReadRegistryTexts(RegistryPath(section));
-    } else if (UseIni == kUseIniStore) {
-        const std::optional<std::string> text = ReadIniText();
-        values = ReadIniSection(text ? *text : SectionFromSystem(section), section);
-    }
+    if (UseIni == kUseRegistryStore) values = ReadRegistryTexts(RegistryPath(section));
+    if (UseIni == kUseIniStore)
+        values = ReadIniFileSection(DefaultIniPath(), section).value_or(KeyValues());
     std::map<std::string, std::string> result;
     for (auto& [key, value] : values) result.emplace(win::AsciiLower(key), std::move(value));
+    if (IsHeld(section))
+        for (const auto& [key, value] : heldValues)
+            result.insert_or_assign(win::AsciiLower(key), CutIniValue(value));
     return result;
+}
+
+std::size_t LongestValue() {
+    return UseIni == kUseIniStore ? kIniValueLimit : std::string::npos;
 }
 
 std::string IniReadValue(std::string_view section, std::string& key, const std::string& file) {
     key = win::ToLower(key);
-    char buffer[kIniValueLimit + 1] = {};
-    const DWORD length =
-        GetPrivateProfileStringA(std::string(section).c_str(), key.c_str(), "", buffer,
-                                 sizeof buffer, (file.empty() ? DefaultIniPath() : file).c_str());
-    return WithoutTornEnd(std::string(buffer, length));
+    return ReadIniValue(file.empty() ? DefaultIniPath() : file, section, key)
+        .value_or(std::string());
 }
 
 void IniWriteValue(std::string_view section, std::string_view key, std::string_view value,
                    const std::string& file) {
-    WritePrivateProfileStringA(std::string(section).c_str(), win::AsciiUpper(key).c_str(),
-                               IniSafeValue(value).c_str(),
-                               (file.empty() ? DefaultIniPath() : file).c_str());
+    WriteIniValues(file.empty() ? DefaultIniPath() : file, section,
+                   {{std::string(key), std::string(value)}});
 }
 
 std::string ValueOr(const std::string& value, std::string_view defaultValue) {

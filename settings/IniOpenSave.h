@@ -1,6 +1,7 @@
 #pragma once
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,11 +20,21 @@ extern std::int16_t UseIni;
 // Names the INI file; empty in registry mode. Set by start-up.
 extern std::string& IniUserName;
 
-// The value, or the empty text when there is none. An INI value is cut to 749 bytes.
+// The value, or the empty text if there is none or the store cannot be read. An INI value has 749
+// characters at most. Messages run while an INI file that another program holds is waited for.
 std::string ReadSetting(std::string_view section, std::string_view key);
 std::string ReadSetting(const Setting& setting);
 
-// Writes the value; one that cannot be written is lost silently.
+// The same, but nothing if the store cannot be read: for a reader to whom an absent value means
+// more than a default.
+std::optional<std::string> TryReadSetting(std::string_view section, std::string_view key);
+std::optional<std::string> TryReadSetting(const Setting& setting);
+
+// The most characters that the store keeps of a value.
+std::size_t LongestValue();
+
+// Writes the value. It is lost silently if it cannot be written, or if the INI file could not be
+// read when the setting was last asked for.
 void WriteSetting(std::string_view section, std::string_view key, std::string_view value);
 void WriteSetting(const Setting& setting, std::string_view value);
 
@@ -32,8 +43,9 @@ void WriteSetting(const Setting& setting, std::string_view value);
 void DeleteSettingSection(std::string_view section);
 
 // Many values of one section, with the result of writing them one by one. The registry and readers
-// get them at once; an INI file gets them when StoreHeldSettings is called or the section is used
-// otherwise, so that it is rewritten once for a whole cycle.
+// get them at once; an INI file gets them when StoreHeldSettings is called or another section is
+// held, so that it is rewritten once for a whole cycle. Values that cannot be written then stay
+// held.
 void HoldSettings(std::string_view section, const KeyValues& values);
 void StoreHeldSettings();
 
@@ -41,11 +53,11 @@ void StoreHeldSettings();
 std::map<std::string, std::string> ReadSection(std::string_view section);
 
 // One value of an INI file; an empty file name means the program's own. `key` is changed to lower
-// case. A missing value, section or file gives the empty text.
+// case. The empty text if the value, section or file is missing or the file cannot be read.
 std::string IniReadValue(std::string_view section, std::string& key, const std::string& file);
 
-// Writes one value under the key in upper case; reading relies on the profile functions ignoring
-// case.
+// Writes one value, cut at 749 characters, under the key in upper case; reading relies on the
+// profile functions ignoring case. The file stays as it is if the value cannot be written.
 void IniWriteValue(std::string_view section, std::string_view key, std::string_view value,
                    const std::string& file);
 

@@ -64,7 +64,7 @@ KeyValues ReadIniSection(std::string_view fileText, std::string_view section) {
         if (key.empty()) continue;
         std::string_view value = Trim(line.substr(line.find('=') + 1));
         if (IsQuoted(value)) value = value.substr(1, value.size() - 2);
-        values.emplace_back(win::AsciiLower(key), win::FitBytes(value, kIniValueLimit));
+        values.emplace_back(win::AsciiLower(key), win::FirstChars(value, kIniValueLimit));
     }
     return values;
 }
@@ -118,10 +118,15 @@ std::string MergeIniSection(std::string_view fileText, std::string_view section,
     return result.append(fileText);
 }
 
-std::string IniSafeValue(std::string_view value) {
-    std::string safe = win::ReplaceAll(value, "\r\n", " ");
-    for (char& c : safe)
+std::string CutIniValue(std::string_view value) {
+    std::string text = win::ReplaceAll(value, "\r\n", " ");
+    for (char& c : text)
         if (c == '\r' || c == '\n' || c == '\0') c = ' ';
+    return std::string(win::FirstChars(text, kIniValueLimit));
+}
+
+std::string IniSafeValue(std::string_view value) {
+    const std::string safe = CutIniValue(value);
     const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
     const bool endsBlank = !safe.empty() && (isBlank(safe.front()) || isBlank(safe.back()));
     return endsBlank || IsQuoted(safe) ? "\"" + safe + "\"" : safe;

@@ -69,11 +69,11 @@ std::string ReadRegistryText(const std::string& path, const std::string& name) {
     if (!key) return {};
     std::string data(256, '\0');
     for (;;) {
-        DWORD type = 0;
         DWORD length = static_cast<DWORD>(data.size());
-        const LSTATUS status = RegQueryValueExA(key.Get(), name.c_str(), nullptr, &type,
-                                                reinterpret_cast<BYTE*>(data.data()), &length);
-        if (status == ERROR_SUCCESS) return type == REG_SZ ? TextOf(data, length) : std::string();
+        // Expands the variables in a text of the type REG_EXPAND_SZ.
+        const LSTATUS status = RegGetValueA(key.Get(), nullptr, name.c_str(), RRF_RT_REG_SZ,
+                                            nullptr, data.data(), &length);
+        if (status == ERROR_SUCCESS) return TextOf(data, length);
         if (status != ERROR_MORE_DATA) return {};
         data.resize(std::max<std::size_t>(length, data.size() * 2));
     }
@@ -97,7 +97,10 @@ KeyValues ReadRegistryTexts(const std::string& path) {
         if (RegEnumValueA(key.Get(), index, name.data(), &nameLength, nullptr, &type,
                           reinterpret_cast<BYTE*>(data.data()), &length) != ERROR_SUCCESS)
             return values;
-        if (type == REG_SZ) values.emplace_back(name.substr(0, nameLength), TextOf(data, length));
+        const std::string valueName = name.substr(0, nameLength);
+        if (type == REG_SZ) values.emplace_back(valueName, TextOf(data, length));
+        if (type == REG_EXPAND_SZ)
+            values.emplace_back(valueName, ReadRegistryText(path, valueName));
     }
 }
 

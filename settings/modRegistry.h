@@ -24,7 +24,8 @@ void RegistryDeleteValue(std::uint32_t root, const std::string& subkey, const st
 std::string RegistryReadValue(std::uint32_t root, const std::string& subkey,
                               const std::string& name);
 
-// A text value, or the empty text.
+// A text value, with the variables in it expanded if it is of the type REG_EXPAND_SZ; the empty
+// text if there is none.
 std::string ReadRegistryText(const std::string& path, const std::string& name);
 
 // Every text value of the key.

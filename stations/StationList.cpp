@@ -7,20 +7,33 @@
 
 namespace stations {
 
+static bool isUnread = false;
+
 std::string StationFilePath() {
     return settings::State().dataFolder + "\\CityCode.cmb";
 }
 
 void LoadStationList() {
-    const std::string path = StationFilePath();
-    if (!win::FileExists(path)) return;
     // Messages run before the list changes hands, so that no one meets it half filled.
     win::PumpPendingMessages();
-    std::vector<std::string> lines = ReadStationFile(path);
+    const std::string path = StationFilePath();
+    auto lines = ReadStationFile(path);
+    isUnread = !lines;
+    if (!lines || win::IsFileMissing(path)) return;
     settings::ProgramState& state = settings::State();
-    state.stationCount = lines.size();
-    lines.resize(GrownArraySize(lines.size()));
-    state.stations = std::move(lines);
+    state.stationCount = lines->size();
+    lines->resize(GrownArraySize(lines->size()));
+    state.stations = std::move(*lines);
+}
+
+bool IsStationListUnread() {
+    return isUnread;
+}
+
+bool LoadUnreadStationList() {
+    if (!isUnread) return false;
+    LoadStationList();
+    return !isUnread;
 }
 
 void SetStationList(const std::vector<std::string>& entries) {
@@ -29,8 +42,11 @@ void SetStationList(const std::vector<std::string>& entries) {
     if (entries.empty()) state.stations.resize(1);
 }
 
-std::vector<std::string> ReadStationFile(const std::string& path) {
-    return ReadStationLines(win::ReadWholeFile(path).value_or(std::string()));
+std::optional<std::vector<std::string>> ReadStationFile(const std::string& path) {
+    if (win::IsFileMissing(path)) return std::vector<std::string>();
+    const auto text = win::ReadWholeFile(path);
+    if (!text) return std::nullopt;
+    return ReadStationLines(*text);
 }
 
 bool WriteStationFile(const std::vector<std::string>& entries, const std::string& path) {

@@ -11,6 +11,7 @@
 #include "settings/Hosts.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
+#include "stations/StationList.h"
 #include "tray/TrayCommands.h"
 #include "tray/modTrayIcon.h"
 #include "tray/modTrayMenu.h"
@@ -116,6 +117,9 @@ void StartCycle(bool interactive, void (*whenEnded)()) {
 }  // namespace
 
 void RetrieveAlerts(bool interactive, void (*whenEnded)()) {
+    LoadUnreadStations();
+    if (settings::State().stationCount == 0 && stations::IsStationListUnread())
+        return EndCycle({true, 0}, interactive, whenEnded);
     if (settings::State().stationCount == 0) {
         if (askingForStation) {  // one question is enough
             if (whenEnded) whenEnded();

@@ -151,13 +151,19 @@ void BuildStationMenu() {
     if (AlertItemsCollide()) BuildAlertsMenu();
 }
 
+void LoadUnreadStations() {
+    if (stations::LoadUnreadStationList()) BuildStationMenu();
+}
+
 void BuildAlertsMenu() {
     if (popupOpen) {
         rebuildWhenClosed = true;
         return;
     }
+    const auto storedCount = settings::TryReadSetting(settings::kAlertCount);
+    if (!storedCount) return;  // unreadable alerts do not make the old ones go away
     RemoveAlertItems();
-    const std::int16_t count = win::LeadingInt16(settings::ReadSetting(settings::kAlertCount));
+    const std::int16_t count = win::LeadingInt16(*storedCount);
     if (count <= 0) return;
     const auto section = settings::ReadSection(settings::kAlerts);
     AlertMenuMap.clear();
@@ -191,6 +197,7 @@ bool IsTrayMenuOpen() {
 
 void ShowTrayMenu() {
     if (popupOpen) return;
+    LoadUnreadStations();
     constexpr UINT noDefaultItem = static_cast<UINT>(-1);
     SetMenuDefaultItem(TrayMenuHandle, AlertItemCount > 0 ? noDefaultItem : mnuAlertsAvailable,
                        FALSE);

@@ -16,9 +16,9 @@ std::uint64_t Join64(DWORD high, DWORD low) {
 // A virus scanner or a backup may hold a file for a moment, which a few tries outlast. Moving a
 // file over one that is held may also count as denied.
 template <class Attempt>
-bool TryPatiently(Attempt attempt) {
+bool TryPatiently(Attempt attempt, int triesLeft = 5) {
     constexpr DWORD milliseconds = 10;
-    for (int triesLeft = 5;; --triesLeft) {
+    for (;; --triesLeft) {
         if (attempt()) return true;
         const DWORD error = GetLastError();
         if (triesLeft == 0 || (error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED))
@@ -70,6 +70,14 @@ bool IsRealFolder(DWORD attributes) {
 
 }  // namespace
 
+bool IsMissingError(unsigned long error) {
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
+
+bool IsFileMissing(const std::string& path) {
+    return Attributes(path) == INVALID_FILE_ATTRIBUTES && IsMissingError(GetLastError());
+}
+
 bool FileExists(const std::string& path) {
     const DWORD attributes = Attributes(path);
     return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
@@ -105,11 +113,13 @@ bool ReplaceFileWhole(const std::string& path, std::string_view text) {
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY))
         return false;
     const std::string beside = path + ".new";
-    if (WriteNewFile(beside, text) && TryPatiently([&] {
-            return MoveFileExA(beside.c_str(), path.c_str(),
-                               MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
-        }))
-        return true;
+    const auto putInPlace = [&] {
+        return MoveFileExA(beside.c_str(), path.c_str(),
+                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+    };
+    // What is not written is lost: this is worth half a second.
+    constexpr int tries = 50;
+    if (WriteNewFile(beside, text) && TryPatiently(putInPlace, tries)) return true;
     DeleteFileA(beside.c_str());
     return false;
 }

@@ -8,6 +8,13 @@
 // Files and folders. Nothing here reports an error beyond its result: the program goes on.
 namespace win {
 
+// Whether the error (of GetLastError) says that there is no such file, and not merely that it
+// cannot be reached now.
+bool IsMissingError(unsigned long error);
+
+// Whether there is certainly no file or folder of this name.
+bool IsFileMissing(const std::string& path);
+
 bool FileExists(const std::string& path);
 bool FolderExists(const std::string& path);
 
