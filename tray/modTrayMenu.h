@@ -17,15 +17,11 @@ void RemoveMenuSubclass();
 // Builds the station items from the station list. Lets messages run.
 void BuildStationMenu();
 
-<<<<<<< HEAD
-// Builds the alert items from the Alerts section; postponed while the popup is open.
-=======
 // Loads the station list if its file could not be read so far, and shows it in the menus. Lets
 // messages run.
 void LoadUnreadStations();
 
-// Builds the alert items from the Alerts section; put off while the popup is open.
->>>>>>> fe47df8 (Never take an unreadable settings or station file for an empty one)
+// Builds the alert items from the Alerts section; postponed while the popup is open.
 void BuildAlertsMenu();
 
 // Builds them if that was postponed.

@@ -60,6 +60,18 @@ TEST(AlertFeedRules, TrimsTheSeenListByCharacters) {
     EXPECT_EQ(TrimSeen(bars).size(), 252 * bar.size());
 }
 
+TEST(AlertFeedRules, FitsTheNewestWholeIdentifiers) {
+    for (const auto& [seen, longest, fitting] : {std::tuple{"a|bc|def", 8, "a|bc|def"},
+                                                 {"a|bc|def", 7, "bc|def"},
+                                                 {"a|bc|def", 6, "bc|def"},
+                                                 {"a|bc|def", 5, "def"},
+                                                 {"a|bc|def", 2, ""},
+                                                 {"abcd", 3, ""},
+                                                 {"Ł|ŁŁ", 2, "ŁŁ"}})
+        EXPECT_EQ(FitSeen(Bars(seen), longest, bar), Bars(fitting)) << seen << longest;
+    EXPECT_EQ(FitSeen("a", std::string::npos, bar), "a");
+}
+
 TEST(AlertFeedRules, JudgesStatusTexts) {
     for (const char* text : {"0", "0\r\n", "", "fine", "00"}) EXPECT_TRUE(IsSuccess(text)) << text;
     for (const char* text : {"1", "-1", "404", " 12002"}) EXPECT_FALSE(IsSuccess(text)) << text;

@@ -190,7 +190,7 @@ TEST_P(OptionsDialogTest, KeepsTheStationFileWhenItCannotBeWritten) {
     });
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
     SetFileAttributesA(tests::ScratchIniPath().c_str(), FILE_ATTRIBUTE_NORMAL);
-    EXPECT_EQ(stations::ReadStationFile(path).size(), 2u);
+    EXPECT_EQ(stations::ReadStationFile(path)->size(), 2u);
     EXPECT_EQ(State().stationCount, 2u);
 }
 

@@ -3,9 +3,30 @@
 
 #include "settings/modRegistry.h"
 #include "tests/ScratchStore.h"
+#include "win/Handle.h"
+#include "win/Text.h"
+#include "win/TextRules.h"
 
 namespace settings {
 namespace {
+
+std::string Repeat(std::string_view text, std::size_t times) {
+    std::string result;
+    for (std::size_t i = 0; i < times; ++i) result += text;
+    return result;
+}
+
+// What another program does that keeps a file to itself.
+win::FileHandle HoldFile(const std::string& path) {
+    return win::FileHandle(
+        CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+}
+
+win::FileHandle held;
+void CALLBACK LetGo(HWND, UINT, UINT_PTR timer, DWORD) {
+    KillTimer(nullptr, timer);
+    held.Reset();
+}
 
 class Store : public tests::ScratchStore {};
 class EitherStore : public Store {
@@ -25,11 +46,12 @@ TEST_P(EitherStore, GivesBackWhatItTook) {
         EXPECT_EQ(ReadSetting("Options", "LASTupdated"), value);
     }
     const bool isIni = GetParam() == kUseIniStore;
-    WriteSetting("Options", "Long", std::string(800, 'x'));
-    EXPECT_EQ(ReadSetting("Options", "Long").size(), isIni ? 749u : 800u);
-    // What an INI file makes of a line this long is the system's affair; the rest must stay.
-    WriteSetting("Options", "Long", std::string(100000, 'x'));
-    EXPECT_LE(ReadSetting("Options", "Long").size(), isIni ? 749u : 100000u);
+    // Longer values than an INI file keeps would crash the readers of some systems.
+    for (const std::size_t length : {800u, 100000u}) {
+        WriteSetting("Options", "Long", Repeat("Ł", length));
+        EXPECT_EQ(ReadSetting("Options", "Long"), Repeat("Ł", isIni ? 749 : length));
+        EXPECT_LE(win::ReadWholeFile(tests::ScratchIniPath()).value_or("").size(), 2000u);
+    }
     EXPECT_EQ(ReadSetting("Options", "LastUpdated"), "last");
 }
 
@@ -38,20 +60,20 @@ TEST_P(EitherStore, WritesManyAsIfOneByOne) {
     WriteSetting("Alerts", "keep", "kept");
     WriteSetting("Misc", "Runs", "7");
     HoldSettings("Alerts", {{"title1", "first"}, {"body1", "a\r\n[Misc]\r\nRuns=0"}});
-    HoldSettings("Alerts", {{"title1", "new & Łódź"}, {"Long", std::string(800, 'x')}});
+    HoldSettings("Alerts", {{"title1", "new & Łódź"}, {"Long", Repeat("Ł", 800)}});
     const bool isIni = GetParam() == kUseIniStore;
     for (const bool stored : {false, true}) {
         if (stored) StoreHeldSettings();
         EXPECT_EQ(ReadSetting("alerts", "Title1"), "new & Łódź");
         EXPECT_EQ(ReadSetting("Alerts", "body1"),
                   isIni ? "a [Misc] Runs=0" : "a\r\n[Misc]\r\nRuns=0");
-        EXPECT_EQ(ReadSetting("Alerts", "Long").size(), isIni ? 749u : 800u);
+        EXPECT_EQ(ReadSetting("Alerts", "Long"), Repeat("Ł", isIni ? 749 : 800));
+        EXPECT_EQ(ReadSection("Alerts").at("title1"), "new & Łódź");
         EXPECT_EQ(ReadSetting("Alerts", "keep"), "kept");
     }
     EXPECT_EQ(ReadSetting("Misc", "Runs"), "7");
     const auto section = ReadSection("Alerts");
     EXPECT_EQ(section.size(), 4u);
-    EXPECT_EQ(section.at("title1"), "new & Łódź");
     EXPECT_EQ(section.at("body1"), ReadSetting("Alerts", "Body1"));
 }
 
@@ -67,10 +89,12 @@ TEST_F(Store, WritesUpperCaseKeysIntoTheUsersOwnFile) {
     EXPECT_NE(text.find("[Misc]\r\nLASTUPDATED=now\r\n"), std::string::npos) << text;
 }
 
-TEST_F(Store, NeverGivesHalfACharacter) {
-    std::string value(748, 'x');
-    WriteSetting("Options", "k", value + "Ł");
-    EXPECT_EQ(ReadSetting("Options", "k"), value);
+TEST_F(Store, CutsTheLongValuesOfOthersByCharacters) {
+    for (const char* start : {"", "x", "xx", "xxx"}) {  // the system may give a part of a character
+        const std::string value = start + Repeat("\xF0\x9F\x8C\xAA", 800);
+        win::ReplaceFileWhole(tests::ScratchIniPath(), "[Options]\r\nk=" + value);
+        EXPECT_EQ(ReadSetting("Options", "k"), win::FirstChars(value, 749));
+    }
 }
 
 TEST_F(Store, DoesNothingWithoutAChoice) {
@@ -87,6 +111,65 @@ TEST_F(Store, LeavesAWideIniFileAsItIs) {
     StoreHeldSettings();
     EXPECT_EQ(ReadSetting("A", "k"), "v");
     EXPECT_TRUE(win::ReadWholeFile(tests::ScratchIniPath()).value_or("").starts_with(wide));
+}
+
+TEST_F(Store, KeepsAnIniFileThatItCannotReplace) {
+    WriteSetting("Options", "k", "old");
+    const std::string before = win::ReadWholeFile(tests::ScratchIniPath()).value_or("");
+    const std::string inTheWay = tests::ScratchIniPath() + ".new";
+    win::MakeFolder(inTheWay);  // as a full disk does, this leaves no room beside the file
+    WriteSetting("Options", "k", "new");
+    for (const char* count : {"1", "2"}) {
+        HoldSettings("Alerts", {{"Count", count}});
+        StoreHeldSettings();
+    }
+    EXPECT_EQ(win::ReadWholeFile(tests::ScratchIniPath()), before);
+    EXPECT_EQ(ReadSetting("Alerts", "Count"), "2");
+    win::DeleteFolder(inTheWay);
+    StoreHeldSettings();
+    EXPECT_EQ(win::ReadWholeFile(tests::ScratchIniPath()), before + "[Alerts]\r\nCOUNT=2\r\n");
+}
+
+TEST_F(Store, DoesNotRewriteWhatIsThere) {
+    WriteSetting("Options", "k", "v");
+    const win::FileHandle reader(CreateFileA(tests::ScratchIniPath().c_str(), GENERIC_READ,
+                                             FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    const ULONGLONG start = GetTickCount64();
+    WriteSetting("Options", "k", "v");
+    EXPECT_LT(GetTickCount64() - start, 300u);  // replacing it is tried for half a second
+}
+
+TEST_F(Store, WaitsForAHeldIniFileAndNeverWritesOverIt) {
+    WriteSetting("Misc", "Runs", "7");
+    EXPECT_EQ(ReadSetting("Misc", "Runs"), "7");
+    held = HoldFile(tests::ScratchIniPath());
+    SetTimer(nullptr, 0, 300, LetGo);
+    EXPECT_EQ(ReadSetting("Misc", "Runs"), "7");
+    EXPECT_FALSE(held) << "read without waiting";
+    EXPECT_EQ(ReadSetting("Misc", "Never written"), "");
+
+    const std::string before = win::ReadWholeFile(tests::ScratchIniPath()).value_or("");
+    held = HoldFile(tests::ScratchIniPath());
+    EXPECT_EQ(TryReadSetting("Misc", "Runs"), std::nullopt);
+    const ULONGLONG start = GetTickCount64();
+    for (int i = 0; i < 20; ++i) EXPECT_EQ(ReadSetting("Misc", "Runs"), "");
+    EXPECT_LT(GetTickCount64() - start, 1000u) << "waited for each value";
+    held.Reset();
+    WriteSetting("Misc", "Runs", "1");
+    EXPECT_EQ(win::ReadWholeFile(tests::ScratchIniPath()), before);
+    EXPECT_EQ(ReadSetting("Misc", "Runs"), "7");
+    WriteSetting("Misc", "Runs", "8");
+    EXPECT_EQ(ReadSetting("Misc", "Runs"), "8");
+}
+
+TEST_F(Store, ReadsTextsWithVariablesFromTheRegistry) {
+    Use(kUseRegistryStore);
+    WriteSetting("Options", "k", "v");
+    RegistrySetValue(kCurrentUser, "Software\\VB and VBA Program Settings\\Skyvane Alerts\\Options",
+                     "Icon", "%windir%\\x.ico", REG_EXPAND_SZ);
+    const std::string expanded = win::Environment("windir") + "\\x.ico";
+    EXPECT_EQ(ReadSetting(kIcon), expanded);
+    EXPECT_EQ(ReadSection("Options").at("icon"), expanded);
 }
 
 TEST_F(Store, WalksRegistryValues) {
