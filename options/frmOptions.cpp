@@ -105,17 +105,32 @@ void LoadRemainingFrames(const std::string& shownKey) {
     win::EnableControl(form.window, frmOptions_ApplyButton, false);
 }
 
+// Shows and loads the pages. As long as the settings cannot be read, nothing can be changed, and a
+// timer calls this again.
+void LoadPages() {
+    constexpr UINT_PTR retryTimer = 1;
+    constexpr UINT retryMilliseconds = 1000;
+    const auto stored = settings::TryReadSetting(settings::kLastOption);
+    const std::size_t first = PageOf(stored.value_or(std::string()));
+    const std::string key = PageKey(kPages[first].tabText);
+    SendMessageA(Tabs(), TCM_SETCURSEL, first, 0);
+    ShowPage(key);
+    for (const HWND frame : form.frames) EnableWindow(frame, stored.has_value());
+    if (!stored) {
+        SetTimer(form.window, retryTimer, retryMilliseconds, nullptr);
+        return;
+    }
+    KillTimer(form.window, retryTimer);
+    LoadFrame(first);
+    LoadRemainingFrames(key);
+}
+
 void Initialise(HWND dialog) {
     form = OptionsForm();
     form.window = dialog;
     CreateFrames();
-    const std::string stored = settings::ReadSetting(settings::kLastOption);
-    const std::size_t first = PageOf(stored);
-    const std::string key = PageKey(kPages[first].tabText);
-    SendMessageA(Tabs(), TCM_SETCURSEL, first, 0);
-    ShowPage(key);
-    LoadFrame(first);
-    LoadRemainingFrames(key);
+    win::EnableControl(form.window, frmOptions_ApplyButton, false);
+    LoadPages();
 }
 
 void Apply() {
@@ -186,6 +201,9 @@ INT_PTR CALLBACK OptionsProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
     switch (message) {
         case WM_INITDIALOG:
             Initialise(dialog);
+            return TRUE;
+        case WM_TIMER:
+            LoadPages();
             return TRUE;
         case WM_COMMAND:
             RunCommand(LOWORD(wParam));

@@ -48,7 +48,7 @@ void Command1_Click();
 
 // Centres the map on the selected station.
 void CenterMap();
-// Returns the map to its overall view.
+// Returns the map to its overall view. Nothing needs it at present: a new list has a new page.
 void ResetMap();
 // Looks which station was clicked on the map, and selects it.
 void CityClickedTimer_Timer();

@@ -100,13 +100,9 @@ inline constexpr std::string_view kVisitAction = "Visit ";
 inline constexpr std::string_view kStartupSingleClickAction = kViewNationalAction;
 inline constexpr std::string_view kStartupDoubleClickAction = kNoAction;
 
-// Keys of the Options dialog's pages as kLastOption holds them.
-inline constexpr std::string_view kGeneralPage = "General";
+// The Stations page of the Options dialog as kLastOption holds it. Each page's key is the text of
+// its tab without blanks.
 inline constexpr std::string_view kStationsPage = "Stations";
-inline constexpr std::string_view kAlertFiltersPage = "AlertFilters";
-inline constexpr std::string_view kTrayIconPage = "TrayIcon";
-inline constexpr std::string_view kTrayAlertsPage = "TrayAlerts";
-inline constexpr std::string_view kInternetPage = "Internet";
 
 // The registry value, outside the store, that starts the program with Windows.
 inline constexpr char kRunKey[] = "Software\\microsoft\\windows\\currentversion\\run";

@@ -8,6 +8,7 @@
 #include "stations/StationLineRules.h"
 #include "stations/StationList.h"
 #include "win/Files.h"
+#include "win/Handle.h"
 #include "win/modRandomFile.h"
 
 // A settings store and a data folder for one test. The INI file stands beside the test program,
@@ -16,6 +17,12 @@ namespace tests {
 
 inline std::string ScratchIniPath() {
     return win::ExecutableFolder() + "\\scratch-user.ini";
+}
+
+// Keeps a file to itself, as a virus scanner or a backup does.
+inline win::FileHandle HoldFile(const std::string& path) {
+    return win::FileHandle(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                       OPEN_EXISTING, 0, nullptr));
 }
 
 class ScratchStore : public testing::TestWithParam<std::int16_t> {

@@ -4,6 +4,7 @@
 // Two ways of waiting while the user interface stays alive.
 namespace win {
 
+// For waits of a fixed length; none is needed at present, only the tests call it.
 // Lets messages run until the clock (seconds since midnight) stands `seconds` past the start, which
 // is rounded to a whole second: a tiny wait ends at once or takes up to half a second. A wait that
 // spans midnight lasts until the same clock value the next day; that is how it is meant.

@@ -73,6 +73,14 @@ def probe(*arguments):
     return the_probe.ask(arguments)
 
 
+def hold(file, seconds):
+    """A process that keeps the file to itself."""
+    holder = subprocess.Popen(["wine", os.environ["PROBE"], "hold", stores.windows_path(file), str(seconds)],
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+    assert holder.stdout.readline().strip() == b"held"
+    return holder
+
+
 @dataclass
 class Window:
     parent: int

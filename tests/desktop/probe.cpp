@@ -12,6 +12,7 @@
 //   rows TITLE                             the rows of the window's list: "selected" or nothing,
 //                                          icon, texts
 //   run PROGRAM                            starts it by its path alone, without quotes
+//   hold FILE SECONDS                      keeps the file to itself for so long
 //   catch ADDRESS                          as the browser: notes the address in opened.txt
 //   serve                                  runs commands from the standard input, one a line with
 //                                          its words separated by tabs; a line "." ends each answer
@@ -222,6 +223,15 @@ void Catch() {
     WriteFile(file, line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
 }
 
+// Keeps a file to itself, as a virus scanner or a backup does.
+void Hold(const char* path, const char* seconds) {
+    const HANDLE file =
+        CreateFileA(path, GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) std::exit(3);
+    Print("held\n");
+    Sleep(1000 * std::strtoul(seconds, nullptr, 10));
+}
+
 int Run(int count, char** arguments) {
     const std::string command = count > 0 ? arguments[0] : "";
     if (command == "windows") {
@@ -240,6 +250,8 @@ int Run(int count, char** arguments) {
         Print(Escaped(std::getenv("TEMP")) + "\t" + Escaped(std::getenv("APPDATA")) + "\n");
     } else if (command == "run" && count == 2) {
         return StartProgram(arguments[1]);
+    } else if (command == "hold" && count == 3) {
+        Hold(arguments[1], arguments[2]);
     } else if (command == "catch") {
         Catch();
     } else {

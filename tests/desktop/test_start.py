@@ -8,7 +8,7 @@ import subprocess
 import pytest
 
 from feed import LAWRENCE, TORNADO
-from harness import (RETRIEVER_DELAY_TIMER, WM_TIMER, message_boxes, probe, stays, user_name,
+from harness import (RETRIEVER_DELAY_TIMER, WM_TIMER, hold, message_boxes, probe, stays, user_name,
                      wait_for_message_box, wait_until)
 from stores import IniStore, windows_path
 from tray_menu import choose
@@ -63,6 +63,20 @@ def test_folder_name_is_no_switch(make_program, tmp_path):
                                               windows_path(program.folder / "SVAlerts.exe")], cwd=program.folder))
     wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the start is complete")
     assert program.store.read("Misc", "UseINI") == "False"
+
+
+def test_files_that_another_program_holds_do_not_count_as_empty(make_watcher, feed):
+    feed.serve("66044", TORNADO)
+    program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
+    stations_holder = hold(program.data_folder() / "CityCode.cmb", 120)
+    hold(program.store.path, 3)
+    program.start()
+    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the start is complete")
+    assert not message_boxes() and feed.codes() == [] and program.last_updated() is None
+    stations_holder.kill()
+    program.tick(5)
+    program.wait_for_picture("new alerts")
+    choose(program, "Exit", alerts=["Tornado"], stations=["Lawrence"])
 
 
 def test_second_copy_ends_in_silence(make_watcher, feed, temp_folder):

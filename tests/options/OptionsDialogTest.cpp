@@ -12,6 +12,8 @@
 #include "tray/modTrayIcon.h"
 #include "win/Choice.h"
 #include "win/Dialog.h"
+#include "win/Handle.h"
+#include "win/Messages.h"
 #include "win/Text.h"
 
 namespace options {
@@ -60,9 +62,35 @@ BOOL CALLBACK TakeOptionsDialog(HWND window, LPARAM found) {
     return TRUE;
 }
 
-void CALLBACK RunAct(HWND, UINT, UINT_PTR timer, DWORD) {
+HWND OptionsDialog() {
     HWND dialog = nullptr;
     EnumThreadWindows(GetCurrentThreadId(), TakeOptionsDialog, reinterpret_cast<LPARAM>(&dialog));
+    return dialog;
+}
+
+int answer = 0;
+
+BOOL CALLBACK AnswerQuestion(HWND window, LPARAM owner) {
+    if (GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner) && IsWindowVisible(window))
+        SendMessageA(window, WM_COMMAND, static_cast<WPARAM>(answer), 0);
+    return TRUE;
+}
+
+void CALLBACK AnswerQuestions(HWND, UINT, UINT_PTR, DWORD) {
+    EnumThreadWindows(GetCurrentThreadId(), AnswerQuestion,
+                      reinterpret_cast<LPARAM>(OptionsDialog()));
+}
+
+// Clicks, and answers every box that comes up by this with a button.
+void ClickAndAnswer(HWND dialog, int control, int button) {
+    answer = button;
+    const UINT_PTR timer = SetTimer(nullptr, 0, 1, AnswerQuestions);
+    Click(dialog, control);
+    KillTimer(nullptr, timer);
+}
+
+void CALLBACK RunAct(HWND, UINT, UINT_PTR timer, DWORD) {
+    const HWND dialog = OptionsDialog();
     if (!dialog) return;
     KillTimer(nullptr, timer);
     act(dialog);
@@ -74,6 +102,10 @@ void WithDialog(Act what) {
     act = std::move(what);
     SetTimer(nullptr, 0, 1, RunAct);
     ShowOptionsDialog();
+}
+
+void PumpUntilEnabled(HWND window) {
+    for (int i = 0; i < 50 && !IsWindowEnabled(window); ++i) win::PumpOrWait(100);
 }
 
 class OptionsFormTest : public tests::ScratchStore {
@@ -178,20 +210,128 @@ TEST_P(OptionsDialogTest, RunsTheClock) {
     });
 }
 
-TEST_P(OptionsDialogTest, KeepsTheStationFileWhenItCannotBeWritten) {
+TEST_P(OptionsDialogTest, StoresEachOptionThatIsChangedAlone) {
+    const auto click = [](int control) { return [=](HWND dialog) { Click(dialog, control); }; };
+    const auto choose = [](int control, const char* text) {
+        return [=](HWND dialog) { Choose(dialog, control, text); };
+    };
+    const auto type = [](int control) {
+        return [=](HWND dialog) { Type(dialog, control, "anna"); };
+    };
+    const struct {
+        const Setting& setting;
+        const char* value;
+        Act change;
+    } cases[] = {
+        {kRetrieveAlertsOnStartup, "True", click(frmOptions_Check4)},
+        {kPause30SecondsOnStartup, "True", click(frmOptions_Check5)},
+        {kStartWithWindows, "True", click(frmOptions_Check3)},
+        {kStartWithWindows, "False", click(frmOptions_Check3)},
+        {kStoreFilesInProgramFolder, "True", click(frmOptions_Check28)},
+        {kAutoUpdateInterval, "Every hour", choose(frmOptions_Combo2, "Every hour")},
+        {kShowFilteredWords, "False", click(frmOptions_OptionIgnore)},
+        {kShowFilteredWords, "True", click(frmOptions_Option6)},
+        {kAlertFilters, "b",
+         [](HWND dialog) {
+             SendMessageA(Find(dialog, frmOptions_List2), LB_SETSEL, TRUE, 0);
+             ClickAndAnswer(dialog, frmOptions_Command10, IDYES);
+         }},
+        {kIcon, "default", click(frmOptions_Command4)},
+        {kIcon2, "default", click(frmOptions_Command11)},
+        {kSingleClickAction, "No Action", choose(frmOptions_SingleClickCombo, "No Action")},
+        {kDoubleClickAction, "No Action", choose(frmOptions_DoubleClickCombo, "No Action")},
+        {kDisplayTrayAlert, "False", click(frmOptions_Check1)},
+        {kTrayAlertSound, "(None)", choose(frmOptions_Combo11, "(None)")},
+        {kOnlyDownloadWhenConnected, "True", click(frmOptions_Check17)},
+        {kProxyUsername, "bpqe", type(frmOptions_Text1)},
+        {kProxyPassword, "bpqe", type(frmOptions_Text2)},
+    };
+    WriteSetting(kAlertFilters, "a|||||b");
+    WriteSetting(kShowFilteredWords, "True");
+    WriteSetting(kTrayAlertSound, "Gone.wav");
+    WithDialog([&](HWND dialog) {
+        for (const auto& c : cases) {
+            c.change(dialog);
+            EXPECT_TRUE(CanApply(dialog)) << c.setting.key;
+            ClickAndAnswer(dialog, frmOptions_ApplyButton, IDOK);
+            EXPECT_FALSE(CanApply(dialog)) << c.setting.key;
+            EXPECT_EQ(ReadSetting(c.setting), c.value) << c.setting.key;
+        }
+    });
+    win::DeleteFolder(State().programFolder + "\\Users");
+}
+
+TEST_F(OptionsFormTest, RemovesNothingThatIsNotToBeRemoved) {
+    UseStations({"1", "2"});
+    WriteSetting(kAlertFilters, "a");
+    WithDialog([](HWND dialog) {
+        SendMessageA(Find(dialog, frmOptions_List2), LB_SETSEL, TRUE, 0);
+        for (const int button : {frmOptions_Command7, frmOptions_Command5, frmOptions_Command10})
+            ClickAndAnswer(dialog, button, IDNO);
+        ClickAndAnswer(dialog, frmOptions_Command23, IDCANCEL);
+        EXPECT_FALSE(CanApply(dialog));
+        EXPECT_EQ(win::CountChoices({Find(dialog, frmOptions_Combo1), false}), 2);
+        EXPECT_EQ(win::CountChoices({Find(dialog, frmOptions_List2), true}), 1);
+    });
+}
+
+TEST_F(OptionsFormTest, LetsAStationFileThatCannotBeWrittenBeAppliedAgain) {
     UseStations({"1", "2"});
     const std::string path = stations::StationFilePath();
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
-    SetFileAttributesA(tests::ScratchIniPath().c_str(), FILE_ATTRIBUTE_READONLY);
-    WithDialog([](HWND dialog) {
-        Click(dialog, frmOptions_Check4);
-        Choose(dialog, frmOptions_Combo11, "(None)");
-        Click(dialog, frmOptions_Command1);
+    WithDialog([&](HWND dialog) {
+        ClickAndAnswer(dialog, frmOptions_Command7, IDYES);
+        Click(dialog, frmOptions_ApplyButton);
+        EXPECT_TRUE(CanApply(dialog));
+        EXPECT_EQ(stations::ReadStationFile(path)->size(), 2u);
+        EXPECT_EQ(State().stationCount, 2u);
+        SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+        Click(dialog, frmOptions_ApplyButton);
+        EXPECT_FALSE(CanApply(dialog));
+        EXPECT_EQ(stations::ReadStationFile(path)->size(), 1u);
+        EXPECT_EQ(State().stationCount, 1u);
     });
-    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-    SetFileAttributesA(tests::ScratchIniPath().c_str(), FILE_ATTRIBUTE_NORMAL);
-    EXPECT_EQ(stations::ReadStationFile(path)->size(), 2u);
+}
+
+TEST_F(OptionsFormTest, LeavesAnUnreadStationFileAlone) {
+    UseStations({"1", "2"});
+    const std::string path = stations::StationFilePath();
+    State().stations.clear();
+    State().stationCount = 0;
+    win::FileHandle held = tests::HoldFile(path);
+    stations::LoadStationList();
+    EXPECT_TRUE(stations::IsStationListUnread());
+    WithDialog([&](HWND dialog) {
+        const int buttons[] = {frmOptions_Command6, frmOptions_Command23, frmOptions_Command7,
+                               frmOptions_Command5};
+        for (const int button : buttons) EXPECT_FALSE(IsWindowEnabled(Find(dialog, button)));
+        held.Reset();
+        PumpUntilEnabled(Find(dialog, buttons[0]));
+        for (const int button : buttons) EXPECT_TRUE(IsWindowEnabled(Find(dialog, button)));
+        EXPECT_EQ(win::CountChoices({Find(dialog, frmOptions_Combo1), false}), 2);
+        EXPECT_FALSE(CanApply(dialog));
+    });
     EXPECT_EQ(State().stationCount, 2u);
+
+    win::FileHandle tooLong = tests::HoldFile(path);
+    SetFilePointer(tooLong.Get(), static_cast<LONG>(win::kLongestFile + 1), nullptr, FILE_BEGIN);
+    SetEndOfFile(tooLong.Get());
+    tooLong.Reset();
+    EXPECT_FALSE(stations::ReadStationFile(path));
+}
+
+TEST_F(OptionsFormTest, WaitsForUnreadSettings) {
+    WriteSetting(kRetrieveAlertsOnStartup, "True");
+    win::FileHandle held = tests::HoldFile(tests::ScratchIniPath());
+    WithDialog([&](HWND dialog) {
+        const HWND page = GetParent(Find(dialog, frmOptions_Check4));
+        EXPECT_FALSE(IsWindowEnabled(page));
+        Click(dialog, frmOptions_Check4);
+        EXPECT_FALSE(CanApply(dialog));
+        held.Reset();
+        PumpUntilEnabled(page);
+        EXPECT_TRUE(win::IsChecked(page, frmOptions_Check4));
+    });
 }
 
 TEST_P(OptionsDialogTest, GoesOnWithoutADataFolder) {
@@ -200,23 +340,26 @@ TEST_P(OptionsDialogTest, GoesOnWithoutADataFolder) {
     SetEnvironmentVariableA("APPDATA", "Z:\\no\\such");
     WithDialog([](HWND dialog) {
         Click(dialog, frmOptions_Check4);
+        ClickAndAnswer(dialog, frmOptions_Command7, IDYES);
+        Click(dialog, frmOptions_ApplyButton);
+        EXPECT_TRUE(CanApply(dialog));
         Click(dialog, frmOptions_Command1);
+        EXPECT_FALSE(IsWindow(dialog));
     });
     SetEnvironmentVariableA("APPDATA", appData.c_str());
     EXPECT_EQ(State().dataFolder, "Z:\\no\\such\\SkyvaneAlerts");
     EXPECT_EQ(State().stationCount, 2u);
-    EXPECT_FALSE(stations::WriteStationFile({"x"}, stations::StationFilePath()));
     EXPECT_EQ(ReadSetting(kRetrieveAlertsOnStartup), "True");
 }
 
-TEST_F(OptionsFormTest, AreAllGivenBack) {
+TEST_F(OptionsFormTest, OpeningManyTimesLeaksNothing) {
     UseStations({"1", "2", "3", "4", "5"});
     const auto openAndClose = [](int times) {
         for (int i = 0; i < times; ++i) WithDialog([](HWND) {});
     };
     openAndClose(10);
     const tests::Handles before = tests::CountHandles();
-    openAndClose(500);
+    openAndClose(100);
     tests::ExpectSameHandles(before, tests::CountHandles());
 }
 

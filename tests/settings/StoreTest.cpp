@@ -16,12 +16,6 @@ std::string Repeat(std::string_view text, std::size_t times) {
     return result;
 }
 
-// What another program does that keeps a file to itself.
-win::FileHandle HoldFile(const std::string& path) {
-    return win::FileHandle(
-        CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-}
-
 win::FileHandle held;
 void CALLBACK LetGo(HWND, UINT, UINT_PTR timer, DWORD) {
     KillTimer(nullptr, timer);
@@ -142,14 +136,14 @@ TEST_F(Store, DoesNotRewriteWhatIsThere) {
 TEST_F(Store, WaitsForAHeldIniFileAndNeverWritesOverIt) {
     WriteSetting("Misc", "Runs", "7");
     EXPECT_EQ(ReadSetting("Misc", "Runs"), "7");
-    held = HoldFile(tests::ScratchIniPath());
+    held = tests::HoldFile(tests::ScratchIniPath());
     SetTimer(nullptr, 0, 300, LetGo);
     EXPECT_EQ(ReadSetting("Misc", "Runs"), "7");
     EXPECT_FALSE(held) << "read without waiting";
     EXPECT_EQ(ReadSetting("Misc", "Never written"), "");
 
     const std::string before = win::ReadWholeFile(tests::ScratchIniPath()).value_or("");
-    held = HoldFile(tests::ScratchIniPath());
+    held = tests::HoldFile(tests::ScratchIniPath());
     EXPECT_EQ(TryReadSetting("Misc", "Runs"), std::nullopt);
     const ULONGLONG start = GetTickCount64();
     for (int i = 0; i < 20; ++i) EXPECT_EQ(ReadSetting("Misc", "Runs"), "");
