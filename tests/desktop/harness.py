@@ -218,10 +218,12 @@ class Program:
 
     def icon(self):
         """The icon's window: a child of the taskbar's or, in newer Wines, one by itself."""
-        found = [window for top in visible_windows() for window in (top, *top.children)
-                 if window.is_icon and window.right > window.left]
-        assert len(found) <= 1, "more than one icon"
-        return found[0] if found else None
+        def find():
+            return [window for top in visible_windows() for window in (top, *top.children)
+                    if window.is_icon and window.right > window.left]
+        # A new icon is listed twice while the taskbar takes it in.
+        found = wait_until(lambda: len(icons := find()) <= 1 and (icons or [None]), "one icon")
+        return found[0]
 
     def icon_picture(self):
         """"normal", "new alerts", or "none"."""
@@ -239,7 +241,7 @@ class Program:
         wait_until(lambda: self.icon_picture() == picture, f"the icon's picture: {picture}")
 
     def click_icon(self, button=LEFT, times=1):
-        place = wait_until(self.icon, "the icon").center()
+        place = wait_until(lambda: settled(self.icon), "the icon").center()
         # Another click too soon would be taken as a double click's second half.
         time.sleep(max(0, self.last_click + 1.2 * DOUBLE_CLICK_SECONDS - time.monotonic()))
         click(*place, button, times)
@@ -249,7 +251,7 @@ class Program:
         """The text that appears when the mouse rests on the icon."""
         point_at(600, 300)
         before = self.balloons()
-        point_at(*self.icon().center())
+        point_at(*wait_until(lambda: settled(self.icon), "the icon").center())
         text = wait_until(lambda: [tip for tip in self.balloons() if tip not in before], "the tooltip")[0]
         point_at(600, 300)
         return text
