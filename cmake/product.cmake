@@ -11,7 +11,7 @@ add_executable(SVAlerts WIN32 ${appFiles} app/SVAlerts.rc win/Terminate.cpp)
 target_link_libraries(SVAlerts PRIVATE program)
 
 add_library(fetch STATIC ${downloaderFiles})
-target_link_libraries(fetch PUBLIC rules program winhttp)
+target_link_libraries(fetch PUBLIC rules program winhttp ntdll)
 
 add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc downloader/LeanLibrary.cpp
   win/Terminate.cpp)

@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "downloader/ArgumentRules.h"
+#include "downloader/BodyRules.h"
 #include "downloader/Internet.h"
-#include "downloader/PackingRules.h"
 #include "downloader/Proxy.h"
 #include "downloader/StatusCodes.h"
 #include "downloader/UrlRules.h"
@@ -167,14 +167,6 @@ int RequestAddress(const Address& address, const std::string& accept, Exchange& 
     return status != 0 ? status : ERROR_WINHTTP_INVALID_SERVER_RESPONSE;
 }
 
-// The length that the body must have, where the answer tells one that can be checked.
-std::optional<unsigned long long> PromisedLength(HINTERNET request) {
-    const std::string length = Header(request, WINHTTP_QUERY_CONTENT_LENGTH);
-    if (length.empty() || !Header(request, WINHTTP_QUERY_TRANSFER_ENCODING).empty())
-        return std::nullopt;
-    return std::strtoull(length.c_str(), nullptr, 10);
-}
-
 // Reads to the end of the body, which is at most kBodyLimit bytes.
 int ReadToEnd(HINTERNET request, std::string& body) {
     constexpr DWORD kStep = 64 * 1024;
@@ -194,7 +186,13 @@ int ReadBody(const Exchange& exchange, std::string& body) {
     const Packing packing = PackingOf(Header(request, WINHTTP_QUERY_CONTENT_ENCODING));
     if (packing == Packing::unknown || (packing == Packing::known && !exchange.decompresses))
         return kUndecodableBody;
-    const auto promised = PromisedLength(request);
+    const std::string length = Header(request, WINHTTP_QUERY_CONTENT_LENGTH);
+    std::uint64_t promised = 0;
+    if (!length.empty() && Header(request, WINHTTP_QUERY_TRANSFER_ENCODING).empty()) {
+        const auto stated = LengthOf(length);
+        if (!stated) return ERROR_WINHTTP_INVALID_SERVER_RESPONSE;
+        promised = *stated;
+    }
     if (promised > kBodyLimit) return kBodyTooLarge;
     const int status = ReadToEnd(request, body);
     // Once the headers are through, a broken connection is a body cut short, and an answer that
@@ -202,9 +200,9 @@ int ReadBody(const Exchange& exchange, std::string& body) {
     if (status == ERROR_WINHTTP_CONNECTION_ERROR) return kTruncatedBody;
     if (status == ERROR_WINHTTP_INVALID_SERVER_RESPONSE)
         return packing == Packing::known ? kUndecodableBody : kTruncatedBody;
-    if (status == kSuccess && packing == Packing::none && promised && body.size() < *promised)
+    if (status == kSuccess && packing == Packing::none && body.size() < promised)
         return kTruncatedBody;
-    return status;
+    return status == kSuccess && IsBlankBody(body) ? kBlankBody : status;
 }
 
 }  // namespace

@@ -6,7 +6,8 @@
 namespace downloader {
 
 // Fetches an http or https address, following redirects. Only the HTTP status 200 with a whole body
-// of at most kBodyLimit bytes is a success. `accept` is the Accept header's value.
+// that is not blank, of at most kBodyLimit bytes, is a success. `accept` is the Accept header's
+// value.
 Reply HttpGet(const std::string& url, const std::string& accept);
 
 }  // namespace downloader

@@ -4,6 +4,7 @@
 
 #include <atomic>
 
+#include "downloader/Caller.h"
 #include "downloader/StatusCodes.h"
 #include "win/Files.h"
 #include "win/Handle.h"
@@ -14,10 +15,15 @@ namespace downloader {
 namespace {
 
 constexpr DWORD kGraceMilliseconds = 10'000;  // for writing down a result that came just in time
+constexpr DWORD kRetryMilliseconds = 250;
+constexpr int kTriesWithoutCaller = 20;
+constexpr int kTriesToDelete = 8;
 
 std::string& dataFile = win::NeverDestroyed<std::string>();
+std::string& statusPath = win::NeverDestroyed<std::string>();
 // Held, so that nobody can lock us out before the end.
 win::FileHandle& statusFile = win::NeverDestroyed<win::FileHandle>();
+win::KernelHandle& caller = win::NeverDestroyed<win::KernelHandle>();
 std::atomic_flag isEnding;
 
 win::FileHandle MakeEmptyFile(const std::string& path) {
@@ -33,10 +39,39 @@ bool Write(const win::FileHandle& file, std::string_view text) {
            written == text.size();
 }
 
+// Repeats the attempt until it succeeds, a few times a second, for as long as the caller lives; for
+// some seconds when the caller is not known. Whether it succeeded.
+template <class Attempt>
+bool TryForCaller(Attempt attempt) {
+    for (int tries = 1; !attempt(); ++tries) {
+        if (caller) {
+            if (WaitForSingleObject(caller.Get(), kRetryMilliseconds) != WAIT_TIMEOUT) return false;
+        } else {
+            if (tries == kTriesWithoutCaller) return false;
+            Sleep(kRetryMilliseconds);
+        }
+    }
+    return true;
+}
+
+// A scanner may hold the file for a moment. It must not stay: the version check looks at nothing
+// else.
+void DeleteDataFile() {
+    for (int tries = 0; tries < kTriesToDelete; ++tries) {
+        win::DeleteFileQuietly(dataFile);
+        if (!win::FileExists(dataFile)) return;
+        Sleep(kRetryMilliseconds);
+    }
+}
+
 [[noreturn]] void WriteStatusAndDie(int status) {
-    if (status != kSuccess) win::DeleteFileQuietly(dataFile);
-    Write(statusFile, win::Decimal(status));
-    statusFile.Reset();
+    if (status != kSuccess) DeleteDataFile();
+    if (!Write(statusFile, win::Decimal(status))) {
+        // The disk is full, say: without the body there is room for the status.
+        DeleteDataFile();
+        if (status == kSuccess) status = kCannotWriteStatusFile;
+        TryForCaller([status] { return Write(MakeEmptyFile(statusPath), win::Decimal(status)); });
+    }
     // At once: an orderly exit could still wait for a hanging network thread.
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(status));
     for (;;) Sleep(INFINITE);
@@ -51,8 +86,14 @@ DWORD WINAPI Watch(void* milliseconds) {
 }  // namespace
 
 int OpenResultFiles(const Job& job) {
+    caller = OpenCaller();
     dataFile = job.dataFile;
-    statusFile = MakeEmptyFile(job.statusFile);
+    statusPath = job.statusFile;
+    // A scanner may hold the new file for a moment.
+    TryForCaller([] {
+        statusFile = MakeEmptyFile(statusPath);
+        return static_cast<bool>(statusFile);
+    });
     const bool isDataEmpty = static_cast<bool>(MakeEmptyFile(dataFile));
     if (!statusFile) return kCannotWriteStatusFile;
     return isDataEmpty ? kSuccess : kCannotWriteDataFile;

@@ -10,7 +10,8 @@ inline constexpr int kSuccess = 0;
 
 // The command line does not hold URL, data file and status file. Only ever the exit code.
 inline constexpr int kBadArguments = 1001;
-// The status file cannot be opened. Only ever the exit code.
+// The status file cannot be written. As a status: it could be written only after some tries, for
+// which the body was given up.
 inline constexpr int kCannotWriteStatusFile = 1002;
 // The data file cannot be made or written whole.
 inline constexpr int kCannotWriteDataFile = 1003;
@@ -42,6 +43,8 @@ inline constexpr int kUnusableAnswer = 1015;
 inline constexpr int kNoGazetteer = 1016;
 // The live source was not asked for alerts, locations or stations, or not at an allowed host.
 inline constexpr int kUnknownRequest = 1017;
+// The body is empty or nothing but white space.
+inline constexpr int kBlankBody = 1018;
 
 // Added to a Windows error number outside WinHTTP's range.
 inline constexpr int kWindowsErrorBase = 100000;

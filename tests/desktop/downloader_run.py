@@ -71,8 +71,8 @@ class Downloader:
         seconds = time.monotonic() - began
         return Outcome(result.returncode, text_of(self.status_file), bytes_of(self.data_file), seconds)
 
-    def begin(self, url):
-        return subprocess.Popen(["wine", self.folder / "dl.exe", self.argument(url)], env=self.environment)
+    def begin(self, url, **more):
+        return subprocess.Popen(["wine", self.folder / "dl.exe", self.argument(url)], env=self.environment, **more)
 
     def fetch(self, url):
         return self.run_raw(self.argument(url))

@@ -11,7 +11,8 @@
 //   folders                                the user's temporary and application data folders
 //   rows TITLE                             the rows of the window's list: "selected" or nothing,
 //                                          icon, texts
-//   run PROGRAM                            starts it by its path alone, without quotes
+//   run PROGRAM [COMMANDLINE]              starts it, by its path alone where there is no command
+//                                          line, and waits for its end
 //   hold FILE SECONDS                      keeps the file to itself for so long
 //   catch ADDRESS                          as the browser: notes the address in opened.txt
 //   serve                                  runs commands from the standard input, one a line with
@@ -194,12 +195,12 @@ void PrintRows(const char* title) {
     CloseHandle(process);
 }
 
-int StartProgram(char* program) {
+int StartProgram(const char* program, char* commandLine) {
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
-    if (!CreateProcessA(program, program, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process))
+    if (!CreateProcessA(program, commandLine, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &startup, &process))
         return 5;
     WaitForSingleObject(process.hProcess, INFINITE);
     return 0;
@@ -248,8 +249,8 @@ int Run(int count, char** arguments) {
         PrintRows(arguments[1]);
     } else if (command == "folders") {
         Print(Escaped(std::getenv("TEMP")) + "\t" + Escaped(std::getenv("APPDATA")) + "\n");
-    } else if (command == "run" && count == 2) {
-        return StartProgram(arguments[1]);
+    } else if (command == "run" && count >= 2) {
+        return StartProgram(arguments[1], arguments[count - 1]);
     } else if (command == "hold" && count == 3) {
         Hold(arguments[1], arguments[2]);
     } else if (command == "catch") {
