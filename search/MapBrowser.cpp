@@ -39,6 +39,12 @@ win::Automation ControlIn(HWND window) {
 
 constexpr char kInside[] = "innerHTML";
 
+// The element of the browser's page; null when there is none.
+win::Automation ElementOf(const win::Automation& browser, std::string_view identifier) {
+    const auto document = win::GetObjectProperty(browser, "Document");
+    return win::GetItem(win::GetObjectProperty(document, "All"), identifier);
+}
+
 }  // namespace
 
 bool MapBrowser::Create(HWND parent, int control) {
@@ -89,15 +95,13 @@ bool MapBrowser::BodyHolds(std::string_view text) const {
 }
 
 std::optional<std::string> MapBrowser::ReadElement(std::string_view identifier) const {
-    const auto document = win::GetObjectProperty(browser_, "Document");
-    const auto inside = win::GetProperty(win::GetItem(document, "All", identifier), kInside);
+    const auto inside = win::GetProperty(ElementOf(browser_, identifier), kInside);
     if (!inside) return std::nullopt;
     return inside->Text();
 }
 
 void MapBrowser::WriteElement(std::string_view identifier, std::string_view markup) const {
-    const auto document = win::GetObjectProperty(browser_, "Document");
-    win::PutProperty(win::GetItem(document, "All", identifier), kInside, win::Variant(markup));
+    win::PutProperty(ElementOf(browser_, identifier), kInside, win::Variant(markup));
 }
 
 bool MapBrowser::TakeKey(const MSG& message) const {

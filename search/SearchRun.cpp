@@ -107,6 +107,14 @@ std::optional<Target> FindTarget(const std::string& text) {
                                        : ChooseTarget(table.locations);
 }
 
+// Shows the stations of the document on the map, or an empty map for a null document; false when
+// the page cannot be written.
+bool ShowMapPage(const win::XmlDocument& document) {
+    const auto page = WriteMapPage(document);
+    if (page) Form().browser.Navigate(*page);
+    return page.has_value();
+}
+
 // Fetches the stations of the place, shows them on the map and keeps them in the table.
 bool LookUpStations(const Place& place) {
     SetStatus("Searching for available weather stations...");
@@ -115,11 +123,7 @@ bool LookUpStations(const Place& place) {
     if (Form().isClosing) return false;
     const win::XmlDocument document = win::LoadXmlFile(download.DataFile());
     if (Form().isClosing) return false;
-    // Without a document the map is as empty as the list will be.
-    const auto page = WriteMapPage(document);
-    if (!page) return false;
-    Form().browser.Navigate(*page);
-    if (!document) return false;
+    if (!ShowMapPage(document) || !document) return false;
     auto stations = ReadStations(ReadRows(document, "aws:weather/"));
     if (!stations) return false;
     Form().stations = std::move(*stations);
@@ -137,8 +141,10 @@ void FillStationList(bool listByZipCode) {
 
 void RunSearch(const std::string& text) {
     const auto target = FindTarget(text);
-    if (!target || Form().isClosing) return;
-    if (LookUpStations(target->place))
+    if (Form().isClosing) return;
+    if (!target)
+        ShowMapPage(nullptr);  // the list is empty, too
+    else if (LookUpStations(target->place))
         FillStationList(target->listByZipCode);
     else
         SetStatus(kNothingFound);

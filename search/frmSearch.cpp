@@ -56,7 +56,7 @@ void Command3_Click() {
     const int row = win::SelectedListRow(StationList());
     if (row < 0 || Form().isClosing) return;
     auto line = StationLineOf(Form().stations, static_cast<std::size_t>(row));
-    if (!line) return;
+    if (!line) return SetStatus("This station cannot be added.");
     Form().chosenLine = std::move(line);
     CloseForm();
 }

@@ -81,23 +81,15 @@ std::optional<Variant> GetProperty(const Automation& object, const char* name) {
     return Invoke(object, MemberOf(object, name), DISPATCH_PROPERTYGET, nullptr);
 }
 
-std::optional<Variant> GetProperty(const Automation& object, const char* name, Variant argument) {
-    return Invoke(object, MemberOf(object, name), DISPATCH_PROPERTYGET | DISPATCH_METHOD,
-                  &argument);
-}
-
 Automation GetObjectProperty(const Automation& object, const char* name) {
     const auto value = GetProperty(object, name);
     return value ? value->Object() : nullptr;
 }
 
-Automation GetItem(const Automation& object, const char* collection, std::string_view key) {
-    if (const auto item = GetProperty(object, collection, Variant(key)))
-        if (Automation found = item->Object()) return found;
-    const Automation items = GetObjectProperty(object, collection);
+Automation GetItem(const Automation& collection, std::string_view key) {
     Variant argument(key);
     const auto item =
-        Invoke(items, DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, &argument);
+        Invoke(collection, DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, &argument);
     return item ? item->Object() : nullptr;
 }
 

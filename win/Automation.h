@@ -35,17 +35,14 @@ class Variant {
     VARIANT value_;
 };
 
-// A property's value; nothing when the object is null, lacks it or fails. Some properties take an
-// argument.
+// A property's value; nothing when the object is null, lacks it or fails.
 std::optional<Variant> GetProperty(const Automation& object, const char* name);
-std::optional<Variant> GetProperty(const Automation& object, const char* name, Variant argument);
 
 // A property that is an object; null when it is none.
 Automation GetObjectProperty(const Automation& object, const char* name);
 
-// An object of a property that holds many, by its key, whether the property takes the key itself or
-// the collection behind it does; null when there is none.
-Automation GetItem(const Automation& object, const char* collection, std::string_view key);
+// The object that a collection holds under a key; null when there is none.
+Automation GetItem(const Automation& collection, std::string_view key);
 
 // False when the object is null, lacks the member or fails.
 bool PutProperty(const Automation& object, const char* name, Variant value);

@@ -157,7 +157,7 @@ class Search(Dialog):
 
     def status(self):
         texts = [child.text for child in self.window().children if child.class_name == "Static"]
-        return next(text for text in texts if re.match("Ready|Searching|Server|[0-9]+ weather", text))
+        return next(text for text in texts if re.match("Ready|Searching|Server|This|[0-9]+ weather", text))
 
     def wait_for(self, status):
         wait_until(lambda: self.status() == status, f"the status {status!r}")

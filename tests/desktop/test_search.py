@@ -126,7 +126,11 @@ def test_adding_ends_in_the_station_file(program, feed):
         assert combo.text == "Lawrence, KS (Station 0)" and options.control("Apply").enabled
         apply_options()
         assert saved_stations(program) == [STATION_0]
+    feed.answers["zipcode=1"] = stations(3).replace(b'longitude="-95.5"', b"", 1)  # the last one lacks it then
     search = open_search(program)
+    search.search("1", "3 weather station(s) found.")
+    search.press("Down", "Down", "Return")
+    search.wait_for("This station cannot be added.")
     search.search("66044", "3 weather station(s) found.")
     search.press("Down", "Down", "Return")
     search.wait_until_closed()

@@ -79,8 +79,15 @@ def test_talk_with_the_map_page(make_searcher, feed, stand_in):
     # One station alone is not listened for, and its coordinates do not run as script.
     center.write_text("untouched")
     search.search("1", "1 weather station(s) found.")
+    search.click_row(5)  # below the only row
+    wait_until(lambda: search.selected() == [], "nothing is selected")
     clicked.write_text("S0")
-    assert stays(lambda: center.read_text() == "untouched", 0.3)
+    assert stays(lambda: search.selected() == [] and center.read_text() == "untouched", 0.3)
+    # A location that is not found leaves an empty map beside the empty list.
+    search.search("nowhere", NOT_FOUND)
+    assert stores.unix_path((stand_in / "navigated.txt").read_text().splitlines()[-1]) == str(page)
+    assert "S0" not in page.read_text(encoding="utf-8")
+    search.search("66044", "40 weather station(s) found.")
     search.press("Return")
     search.wait_until_closed()
     assert program.answers()
