@@ -78,6 +78,25 @@ const std::string& Title(const Message& message) {
     return message.headline.empty() ? unnamed : message.headline;
 }
 
+// Moves each alert whose title ends another's ("Flood Warning", "Flash Flood Warning") before that
+// one: the menu leaves out a caption that is a part of an earlier one, and the place follows the
+// title. The order is kept otherwise, and in lists so long that comparing all titles would take
+// seconds; no real one is.
+void PutEndsOfTitlesFirst(std::vector<Candidate>& candidates) {
+    constexpr std::size_t longestList = 2000;
+    if (candidates.size() > longestList) return;
+    std::vector<Candidate> ordered;
+    for (const Candidate& candidate : candidates) {
+        const std::string& title = Title(*candidate.message);
+        const auto longer = std::find_if(ordered.begin(), ordered.end(), [&](const Candidate& o) {
+            const std::string& other = Title(*o.message);
+            return other.size() > title.size() && other.ends_with(title);
+        });
+        ordered.insert(longer, candidate);
+    }
+    candidates = std::move(ordered);
+}
+
 std::string Body(const Message& message) {
     std::string body;
     for (const std::string* part :
@@ -106,6 +125,7 @@ std::optional<std::string> AlertsXml(std::string_view json, std::int64_t now) {
     std::vector<Candidate> candidates = FindCandidates(*messages, now);
     KeepOnePerEvent(candidates);
     PutWorstFirst(candidates);
+    PutEndsOfTitlesFirst(candidates);
     std::string xml(kXmlHead);
     xml += "<aws:alerts>\n";
     for (const Candidate& candidate : candidates) AppendAlert(xml, candidate);

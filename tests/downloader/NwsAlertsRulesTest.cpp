@@ -180,7 +180,7 @@ TEST(AlertsXml, TellsEachEventOnceByItsNewestMessage) {
     }
 }
 
-TEST(AlertsXml, PutsTheWorstFirst) {
+TEST(AlertsXml, PutsTheWorstFirstButForATitleThatEndsAnother) {
     std::vector<std::string> features;
     for (const auto& [title, severity, urgency] : {std::tuple{"6", "Unknown", "Immediate"},
                                                    {"5", "Minor", "Immediate"},
@@ -188,6 +188,8 @@ TEST(AlertsXml, PutsTheWorstFirst) {
                                                    {"3", "Severe", "Future"},
                                                    {"2", "Severe", "Immediate"},
                                                    {"1", "Extreme", "Future"},
+                                                   {"Storm 3", "Minor", "Past"},
+                                                   {"Big Storm 3", "Minor", "Future"},
                                                    {"7", "null", "Nonsense"}})
         features.push_back(Feature({{"id", std::string("\"") + title + "\""},
                                     {"event", std::string("\"") + title + "\""},
@@ -195,7 +197,8 @@ TEST(AlertsXml, PutsTheWorstFirst) {
                                     {"urgency", std::string("\"") + urgency + "\""}}));
     const auto xml = AlertsXml(Answer(features), kNow);
     ASSERT_TRUE(xml);
-    EXPECT_EQ(Elements(*xml, "title"), (Texts{"1", "2", "3", "4", "5", "6", "7"}));
+    EXPECT_EQ(Elements(*xml, "title"),
+              (Texts{"1", "2", "3", "4", "5", "Storm 3", "Big Storm 3", "6", "7"}));
 }
 
 TEST(AlertsXml, TurnsEveryTextIntoXml) {
