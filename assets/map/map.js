@@ -9,9 +9,7 @@ var dotStyle = {stroke: true, color: "#ffffff", weight: 1.5, fillColor: "#1d5f8f
 var selectedStyle = {stroke: true, color: "#2a0f06", weight: 2, fillColor: "#e0561f", fillOpacity: 1};
 
 var map, stations, dots, selectedDot, dotCanvas;
-// The view that the page itself chose last: {center, zoom, isFitted, redo}; isFitted tells that the
-// zoom is the page's choice too, redo chooses again for another size of the window.
-var frame = null;
+var pageZoom;  // the zoom that the page itself chose last
 
 // Lines and rings come as differences in hundredths of a degree: x, y, then steps from there.
 function decodeOutlines(paths) {
@@ -99,62 +97,34 @@ function drawStation(station) {
     return dot.addTo(map);
 }
 
-function setFrame(center, zoom, isFitted, redo) {
-    frame = {center: center, zoom: zoom, isFitted: isFitted, redo: redo};
-    map.setView(center, zoom, {animate: false});
-}
-
-// Whether nobody has panned or zoomed since the page chose its view.
-function isFramed() {
-    return !!frame && map.getZoom() === frame.zoom &&
-        map.latLngToContainerPoint(frame.center).distanceTo(map.getSize().divideBy(2)) < 3;
-}
-
 function stationBounds() {
-    return L.latLngBounds(stations.map(function (station) {
-        return [station.latitude, station.longitude];
-    }));
+    return stations.length === 0 ? L.latLngBounds(unitedStates)
+        : L.latLngBounds(stations.map(function (station) {
+            return [station.latitude, station.longitude];
+        }));
 }
 
-// The zoom at which bounds leave margins (pixels, both sides together) free.
-function fitZoom(bounds, margins) {
-    var closest = stations.length > 1 ? closestFit : closestFitOfOne;
-    return Math.min(map.getBoundsZoom(bounds, false, margins), closest);
+function closestZoom() {
+    return stations.length === 1 ? closestFitOfOne : closestFit;
 }
 
 function showAll() {
-    var bounds = stations.length > 0 ? stationBounds() : L.latLngBounds(unitedStates);
-    var isSpread = !bounds.getSouthWest().equals(bounds.getNorthEast());
-    var topLeft = L.point(isSpread ? 46 : 0, isSpread ? 14 : 0);  // clear of the buttons
-    var bottomRight = L.point(isSpread ? 14 : 0, isSpread ? 44 : 0);  // and of the scale
-    var zoom = fitZoom(bounds, topLeft.add(bottomRight));
-    var middle = map.project(bounds.getSouthWest(), zoom)
-        .add(map.project(bounds.getNorthEast(), zoom))
-        .add(bottomRight).subtract(topLeft).divideBy(2);
-    setFrame(map.unproject(middle, zoom), zoom, true, showAll);
-}
-
-// The zoom at which every station stays in sight around a place: that at which the bounds and their
-// mirror image, on the map and not in degrees, do.
-function fitZoomAround(place) {
-    var bounds = stationBounds();
-    var middle = map.project(place, 0);
-    [bounds.getSouthWest(), bounds.getNorthEast()].forEach(function (corner) {
-        bounds.extend(map.unproject(middle.multiplyBy(2).subtract(map.project(corner, 0)), 0));
+    map.fitBounds(stationBounds(), {
+        animate: false, maxZoom: closestZoom(),
+        paddingTopLeft: [46, 14], paddingBottomRight: [14, 44]  // clear of the buttons and the scale
     });
-    return fitZoom(bounds, L.point(40, 40));
+    pageZoom = map.getZoom();
 }
 
-// Centres a place. As long as nobody has zoomed, the view widens where it must so that every
-// station stays in sight, and narrows only for another size of the window; a zoom that the user
-// chose is kept.
-function showPlace(place, isResized) {
-    var zoom = map.getZoom();
-    var isFitted = stations.length > 0 && !!frame && frame.isFitted && zoom === frame.zoom;
-    if (isFitted) {
-        zoom = Math.min(isResized ? Infinity : zoom, fitZoomAround(place));
+// Centres a place. The zoom is the page's choice until a person changes it: one at which every
+// station stays in sight whichever of them is in the middle.
+function showPlace(place) {
+    var isPageZoom = map.getZoom() === pageZoom;
+    var zoomOfHalf = map.getBoundsZoom(stationBounds(), false, L.point(40, 40)) - 1;
+    if (isPageZoom && stations.length > 0) {
+        pageZoom = Math.max(Math.min(zoomOfHalf, closestZoom()), map.getMinZoom());
     }
-    setFrame(place, zoom, isFitted, function () { showPlace(place, true); });
+    map.setView(place, isPageZoom ? pageZoom : map.getZoom(), {animate: false});
 }
 
 // The station at a place, else the one nearest to it; the selected one where several are as near.
@@ -186,7 +156,7 @@ function setMapCenter(latitude, longitude) {
         return;
     }
     place = L.latLng(place.lat, place.lng);
-    showPlace(place, false);
+    showPlace(place);
     if (dots.length > 0) {
         selectDot(findNearest(place));
     }
@@ -241,9 +211,7 @@ function start() {
     addControls();
     showAll();
     map.on("resize", function () {
-        if (isFramed()) {
-            frame.redo();
-        }
+        showPlace(map.getCenter());
     });
 }
 

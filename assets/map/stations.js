@@ -16,16 +16,8 @@ function cutFeed(statement) {
 // encoding that a text already decoded no longer has.
 function parseFeed(text) {
     var xml = text.replace(/^[\s\uFEFF]*(<\?xml\s[^>]*\?>)?\s*/, "");
-    var feed;
     try {
-        if (window.DOMParser) {
-            return new window.DOMParser().parseFromString(xml, "text/xml");
-        }
-        feed = new window.ActiveXObject("Microsoft.XMLDOM");
-        feed.async = false;
-        feed.validateOnParse = false;
-        feed.resolveExternals = false;
-        return feed.loadXML(xml) ? feed : null;
+        return new window.DOMParser().parseFromString(xml, "text/xml");
     } catch (error) {
         return null;
     }
