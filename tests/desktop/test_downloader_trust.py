@@ -92,7 +92,7 @@ def proxy_that_asks(head):
     # "hail:storm" in base 64
     if "\r\nProxy-Authorization: Basic aGFpbDpzdG9ybQ==\r\n" in head:
         return answer(200, XML)
-    return answer(407, b"", 'Proxy-Authenticate: Basic realm="gate"')
+    return answer(407, b"", 'Proxy-Authenticate: Basic realm="gate"', "Set-Cookie: id=1; Path=/")
 
 
 @pytest.mark.parametrize("ini, status, logins", [
@@ -109,6 +109,7 @@ def test_proxy_gets_the_stored_login_when_it_asks(serve, downloader, set_proxy, 
     assert {target.replace(":80/", "/") for target in proxy.targets()} == {"http://feed.example/x"}
     assert ["Proxy-Authorization" in head for head in proxy.heads].count(True) == logins
     assert "Proxy-Authorization" not in proxy.heads[0]
+    assert not any("\r\ncookie:" in head.lower() for head in proxy.heads)
 
 
 def test_secure_address_goes_through_the_proxy(serve, downloader, set_proxy):
