@@ -13,7 +13,7 @@ namespace {
 
 // True in the first copy of this session; the handle marks it as long as the process lives.
 bool IsFirstCopy() {
-    static const win::NamedMutex& mark =
+    static win::NamedMutex& mark =
         win::NeverDestroyed<win::NamedMutex>(win::MakeNamedMutex("Local\\SkyvaneAlerts.FirstCopy"));
     return !mark.existed;
 }

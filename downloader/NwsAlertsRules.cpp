@@ -73,7 +73,7 @@ void PutWorstFirst(std::vector<Candidate>& candidates) {
 }
 
 const std::string& Title(const Message& message) {
-    static const std::string& unnamed = win::NeverDestroyed<std::string>("Weather alert");
+    static std::string& unnamed = win::NeverDestroyed<std::string>("Weather alert");
     if (!message.event.empty()) return message.event;
     return message.headline.empty() ? unnamed : message.headline;
 }

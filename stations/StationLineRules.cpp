@@ -10,8 +10,7 @@ constexpr std::size_t kBlankCount = 100;
 constexpr std::string_view kFieldSeparator = "***";
 
 const std::string& Blanks() {
-    static const std::string& blanks =
-        win::NeverDestroyed<std::string>(std::string(kBlankCount, ' '));
+    static std::string& blanks = win::NeverDestroyed<std::string>(std::string(kBlankCount, ' '));
     return blanks;
 }
 

@@ -43,7 +43,7 @@ std::string ToLower(std::string_view text) {
 }
 
 const std::string& BrokenBar() {
-    static const std::string& bar = NeverDestroyed<std::string>(FromWide(L"\u00A6"));
+    static std::string& bar = NeverDestroyed<std::string>(FromWide(L"\u00A6"));
     return bar;
 }
 
