@@ -211,6 +211,7 @@ class Program:
     def start(self, **environment):
         """Starts the program and waits for its icon."""
         self.ticks = 0
+        wait_until(lambda: not self.icon(), "an earlier program's icon goes")
         self.process = self.launch(*self.arguments, **environment)
         wait_until(self.icon, "the icon")
 
