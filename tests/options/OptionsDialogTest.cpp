@@ -1,19 +1,6 @@
-#include <gtest/gtest.h>
-#include <windows.h>
-
-#include <functional>
-#include <map>
-
-#include "options/frmOptions.h"
-#include "options/resource.h"
 #include "tests/Handles.h"
-#include "tests/ScratchStore.h"
-#include "tray/MinuteClock.h"
-#include "tray/modTrayIcon.h"
-#include "win/Choice.h"
-#include "win/Dialog.h"
+#include "tests/options/OptionsDriver.h"
 #include "win/Handle.h"
-#include "win/Messages.h"
 #include "win/Text.h"
 
 namespace options {
@@ -21,107 +8,6 @@ namespace {
 
 using namespace settings;
 
-using Act = std::function<void(HWND dialog)>;
-Act act;
-
-// Finds a control on whichever page it stands.
-HWND Find(HWND dialog, int control) {
-    if (const HWND found = GetDlgItem(dialog, control)) return found;
-    for (HWND page = GetWindow(dialog, GW_CHILD); page; page = GetWindow(page, GW_HWNDNEXT))
-        if (const HWND found = GetDlgItem(page, control)) return found;
-    return nullptr;
-}
-
-void Click(HWND dialog, int control) {
-    SendMessageA(Find(dialog, control), BM_CLICK, 0, 0);
-}
-
-void Choose(HWND dialog, int control, const std::string& text) {
-    const HWND combo = Find(dialog, control);
-    const win::ChoiceControl choice{combo, false};
-    const int index = win::FindChoice(choice, text);
-    ASSERT_GE(index, 0) << text;
-    win::SelectChoice(choice, index);
-    SendMessageA(GetParent(combo), WM_COMMAND, MAKEWPARAM(control, CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(combo));
-}
-
-void Type(HWND dialog, int control, const std::string& text) {
-    SetWindowTextA(Find(dialog, control), text.c_str());
-}
-
-bool CanApply(HWND dialog) {
-    return IsWindowEnabled(Find(dialog, frmOptions_ApplyButton));
-}
-
-// Another program on the screen may show a dialog of the same name: only this thread's windows
-// count.
-BOOL CALLBACK TakeOptionsDialog(HWND window, LPARAM found) {
-    if (win::WindowText(window) == "Options - Skyvane Alerts" && IsWindowVisible(window))
-        *reinterpret_cast<HWND*>(found) = window;
-    return TRUE;
-}
-
-HWND OptionsDialog() {
-    HWND dialog = nullptr;
-    EnumThreadWindows(GetCurrentThreadId(), TakeOptionsDialog, reinterpret_cast<LPARAM>(&dialog));
-    return dialog;
-}
-
-int answer = 0;
-
-BOOL CALLBACK AnswerQuestion(HWND window, LPARAM owner) {
-    if (GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner) && IsWindowVisible(window))
-        SendMessageA(window, WM_COMMAND, static_cast<WPARAM>(answer), 0);
-    return TRUE;
-}
-
-void CALLBACK AnswerQuestions(HWND, UINT, UINT_PTR, DWORD) {
-    EnumThreadWindows(GetCurrentThreadId(), AnswerQuestion,
-                      reinterpret_cast<LPARAM>(OptionsDialog()));
-}
-
-// Clicks, and answers every box that comes up by this with a button.
-void ClickAndAnswer(HWND dialog, int control, int button) {
-    answer = button;
-    const UINT_PTR timer = SetTimer(nullptr, 0, 1, AnswerQuestions);
-    Click(dialog, control);
-    KillTimer(nullptr, timer);
-}
-
-void CALLBACK RunAct(HWND, UINT, UINT_PTR timer, DWORD) {
-    const HWND dialog = OptionsDialog();
-    if (!dialog) return;
-    KillTimer(nullptr, timer);
-    act(dialog);
-    if (IsWindow(dialog)) Click(dialog, frmOptions_Command2);
-}
-
-// Opens the dialog, does something to it, and cancels it if it is still open.
-void WithDialog(Act what) {
-    act = std::move(what);
-    SetTimer(nullptr, 0, 1, RunAct);
-    ShowOptionsDialog();
-}
-
-void PumpUntilEnabled(HWND window) {
-    for (int i = 0; i < 50 && !IsWindowEnabled(window); ++i) win::PumpOrWait(100);
-}
-
-class OptionsFormTest : public tests::ScratchStore {
-  protected:
-    void SetUp() override {
-        ScratchStore::SetUp();
-        ASSERT_TRUE(tray::LoadTrayWindow());
-        WriteSetting(kLastOption, "General");
-    }
-    void TearDown() override {
-        tray::StopMinuteClock();
-        DestroyWindow(tray::TrayWindow());
-        ScratchStore::TearDown();
-    }
-    static std::map<std::string, std::string> Stored() { return ReadSection(kOptions); }
-};
 class OptionsDialogTest : public OptionsFormTest {
   protected:
     void SetUp() override {
