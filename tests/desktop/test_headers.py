@@ -14,7 +14,7 @@ RELOCATIONS_STRIPPED = 0x1
 # Parts of every Windows. Each library costs start time and idle memory.
 LOADED_AT_START = {
     "SVAlerts.exe": {"advapi32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "shell32.dll", "user32.dll"},
-    "dl.exe": {"advapi32.dll", "kernel32.dll", "msvcrt.dll", "user32.dll", "winhttp.dll"},
+    "dl.exe": {"advapi32.dll", "kernel32.dll", "msvcrt.dll", "ntdll.dll", "user32.dll", "winhttp.dll"},
 }
 LOADED_LATER = {"atl.dll", "comctl32.dll", "comdlg32.dll", "ole32.dll", "oleaut32.dll", "uxtheme.dll", "winmm.dll"}
 
