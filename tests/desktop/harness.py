@@ -185,6 +185,7 @@ class Program:
         self.launched = []
         self.ticks = 0
         self.last_click = 0
+        self.is_started = lambda: False
 
     def data_folder(self, user="Default"):
         """The one in the program folder."""
@@ -212,6 +213,8 @@ class Program:
         """Starts the program and waits for its icon."""
         self.ticks = 0
         wait_until(lambda: not self.icon(), "an earlier program's icon goes")
+        runs = self.store.read("Misc", "Runs")
+        self.is_started = lambda: self.store.read("Misc", "Runs") != runs
         self.process = self.launch(*self.arguments, **environment)
         wait_until(self.icon, "the icon")
 
@@ -283,6 +286,8 @@ class Program:
 
     def run_quiet_cycle(self, **sections):
         """Changes settings and lets the minute pass that starts a cycle; for "Every minute"."""
+        wait_until(self.is_started, "the start is complete")  # it writes settings, too
+        self.is_started = lambda: True
         self.store.write({"Misc": {"LastUpdated": ""}, "Alerts": {"Count": "0"}, **sections})
         self.tick()
         wait_until(self.last_updated, "the cycle's end")
