@@ -1,5 +1,5 @@
-# The whole program on a desktop: each test_*.py is one test. They click on the one screen, so they
-# run one after another; run them under tools/desktop.sh, which gives them the screen and Wine.
+# The whole program on a desktop: each test_*.py is one test and needs a screen to itself. Run them one
+# after another under tools/desktop.sh, or side by side under tools/screens.sh.
 add_executable(probe WIN32 ${CMAKE_CURRENT_LIST_DIR}/probe.cpp)
 target_link_libraries(probe PRIVATE houseRules)
 set(mapPages ${CMAKE_CURRENT_BINARY_DIR}/mapPages)
@@ -7,11 +7,18 @@ file(GLOB desktopTests CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/test_*.py)
 foreach(desktopTest ${desktopTests})
   get_filename_component(name ${desktopTest} NAME_WE)
   add_test(NAME desktop_${name}
-    COMMAND /usr/bin/python3 -m pytest -q -p no:cacheprovider ${desktopTest})
+    COMMAND ${onScreen} /usr/bin/python3 -m pytest -q -p no:cacheprovider ${desktopTest})
   set_tests_properties(desktop_${name} PROPERTIES
-    RUN_SERIAL TRUE
+    RESOURCE_GROUPS screens:1
+    LABELS clicks
     TIMEOUT 300
     ENVIRONMENT "PRODUCT_DIR=${productDir};PROBE=$<TARGET_FILE:probe>;STANDIN=$<TARGET_FILE:standin>;NODE=${nodeProgram};MAP_PAGES=${mapPages};PYTHONDONTWRITEBYTECODE=1")
 endforeach()
+# These click nothing, so a busy screen is no excuse for them.
+set_tests_properties(desktop_test_downloader desktop_test_downloader_trust desktop_test_endurance
+  desktop_test_headers PROPERTIES LABELS "")
 # It may be asked for a thousand cycles.
 set_tests_properties(desktop_test_endurance PROPERTIES TIMEOUT 1800)
+# The longest ones start first, so that all screens are done at about the same time.
+set_tests_properties(desktop_test_options_pages desktop_test_package desktop_test_search
+  desktop_test_bad_input desktop_test_cycle PROPERTIES COST 100)
