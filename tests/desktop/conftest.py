@@ -40,8 +40,8 @@ def browser_folder(tmp_path_factory):
     shutil.copy(os.environ["PROBE"], folder / "probe.exe")
     command = f'"{stores.windows_path(folder / "probe.exe")}" catch "%1"'
     escaped = command.replace("\\", "\\\\").replace('"', '\\"')
-    lines = ["Windows Registry Editor Version 5.00", ""]
-    for scheme in ("http", "https"):
+    lines = ["Windows Registry Editor Version 5.00", "", r"[HKEY_LOCAL_MACHINE\Software\Classes\.html]", '@="htmlfile"']
+    for scheme in ("http", "https", "mailto", "htmlfile"):
         key = f"HKEY_LOCAL_MACHINE\\Software\\Classes\\{scheme}\\shell\\open"
         lines += [f"[{key}\\command]", f'@="{escaped}"', f"[-{key}\\ddeexec]"]
     stores.import_registry("\r\n".join(lines + [""]))

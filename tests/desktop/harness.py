@@ -185,7 +185,6 @@ class Program:
         self.launched = []
         self.ticks = 0
         self.last_click = 0
-        self.is_started = lambda: False
 
     def data_folder(self, user="Default"):
         """The one in the program folder."""
@@ -213,10 +212,13 @@ class Program:
         """Starts the program and waits for its icon."""
         self.ticks = 0
         wait_until(lambda: not self.icon(), "an earlier program's icon goes")
-        runs = self.store.read("Misc", "Runs")
-        self.is_started = lambda: self.store.read("Misc", "Runs") != runs
+        self.runs = self.store.read("Misc", "Runs")
         self.process = self.launch(*self.arguments, **environment)
         wait_until(self.icon, "the icon")
+
+    def wait_for_start(self, seconds=15):
+        """The start is complete, with a retrieval if it has one, when the run has been counted."""
+        wait_until(lambda: self.store.read("Misc", "Runs") != self.runs, "the start is complete", seconds)
 
     # The icon.
 
@@ -224,8 +226,8 @@ class Program:
         """The icon's window: a child of the taskbar's or, in newer Wines, one by itself."""
         def find():
             return [window for top in visible_windows() for window in (top, *top.children)
-                    if window.is_icon and window.right > window.left]
-        # A new icon is listed twice while the taskbar takes it in.
+                    if window.is_icon and window.right > window.left > 0]
+        # While the taskbar takes a new icon in, it is at 0,0, or listed in both places.
         found = wait_until(lambda: len(icons := find()) <= 1 and (icons or [None]), "one icon")
         return found[0]
 
@@ -278,6 +280,8 @@ class Program:
 
     def tick(self, minutes=1):
         """Lets minutes pass."""
+        if not self.ticks:
+            self.wait_for_start()
         turns = range(self.ticks, self.ticks + minutes)
         messages = [(WM_TIMER, MINUTE_TIMERS[turn % 2], 0) for turn in turns]
         if turns:
@@ -286,8 +290,8 @@ class Program:
 
     def run_quiet_cycle(self, **sections):
         """Changes settings and lets the minute pass that starts a cycle; for "Every minute"."""
-        wait_until(self.is_started, "the start is complete")  # it writes settings, too
-        self.is_started = lambda: True
+        if not self.ticks:
+            self.wait_for_start()  # it writes settings, too
         self.store.write({"Misc": {"LastUpdated": ""}, "Alerts": {"Count": "0"}, **sections})
         self.tick()
         wait_until(self.last_updated, "the cycle's end")
@@ -305,6 +309,11 @@ class Program:
     def downloaders(self):
         """Unix process numbers of the dl.exe that run from this folder."""
         return [number for number in processes_in(self.folder) if number != self.process.pid]
+
+    def processor_seconds(self):
+        """What the program has taken of the processor so far."""
+        fields = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text().rpartition(")")[2].split()
+        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
     def errors(self):
         """What Wine wrote about the program."""

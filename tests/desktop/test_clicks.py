@@ -5,10 +5,10 @@ import time
 import pytest
 
 from feed import FLOOD, LAWRENCE, PARIS, TORNADO
-from harness import DOUBLE_CLICK_SECONDS, LEFT, LEFT_DOUBLE, LEFT_DOWN, RIGHT_DOWN, find_windows, point_at, stays, wait_until
+from harness import DOUBLE_CLICK_SECONDS, LEFT, LEFT_DOUBLE, LEFT_DOWN, RIGHT_DOWN, click, find_windows, point_at, stays, wait_until
 from options_dialog import Options
-from search_dialog import DIALOG, OPTIONS
-from tray_menu import MAKER, MAP, alert_page, choose, close_menu, open_menu, open_menus, station_page
+from search_dialog import DIALOG, OPTIONS, Dialog
+from tray_menu import MAKER, MAP, WEATHER, alert_page, choose, close_menu, open_menu, open_menus, station_page
 
 
 def test_single_click_waits_for_a_double_click(make_watcher, browser):
@@ -31,6 +31,20 @@ def test_double_click_without_action_cancels_the_single_click(make_watcher, brow
     assert stays(lambda: not browser.opened(), 3 * DOUBLE_CLICK_SECONDS)
     program.click_icon(LEFT)
     browser.wait_for(MAP)  # without a station there is no place to show
+
+
+def test_about_links(make_watcher, browser):
+    program = make_watcher()
+    program.start()
+    choose(program, "About")
+    about = Dialog("About Skyvane Live")
+    links = [child for child in about.window().children if child.class_name == "SysLink"]
+    for link, address in zip(links, [MAKER, "mailto:support@quillmark.example"], strict=True):
+        click(link.left + 20, (link.top + link.bottom) // 2)
+        browser.wait_for(address)
+    click(*max((child for child in about.window().children if child.class_name == "Button"),
+               key=lambda child: child.bottom - child.top).center())
+    browser.wait_for(WEATHER + "?zcode=z4172")
 
 
 def test_each_menu_item_opens_its_address(make_watcher, feed, browser):

@@ -56,7 +56,7 @@ def test_new_alerts_are_told_and_stored(make_watcher, feed, temp_folder, registr
 def test_known_alerts_are_not_told_again(make_watcher, feed, registry):
     feed.serve("66044", TORNADO, FLOOD)
     program = make_watcher(LAWRENCE, registry=registry, options={"DisplayTrayAlert": "True"},
-                           misc={"OldAlerts": "7¦102¦101"})
+                           misc={"OldAlerts": "7" * 500 + "¦102¦101"})
     program.start()
     choose(program, "Retrieve Severe Alerts", stations=["Lawrence"])
     wait_until(program.last_updated, "the first cycle's end")
@@ -68,7 +68,8 @@ def test_known_alerts_are_not_told_again(make_watcher, feed, registry):
     choose(program, "Retrieve Severe Alerts", alerts=["Tornado", "Flood"], stations=["Lawrence"])
     program.wait_for_picture("new alerts")
     wait_until(lambda: NEW_ALERTS in program.balloons(), "the balloon")
-    assert program.store.read("Misc", "OldAlerts") == "7¦102¦101¦103"
+    # The first cycle has shortened the list.
+    assert program.store.read("Misc", "OldAlerts") == "7" * 251 + "¦102¦101¦103"
     # The INI file's alerts are never cleared: there the numbers go on.
     earlier = [] if registry else ["101", "102"]
     assert [alert[0] for alert in program.store.alerts()] == [*earlier, "101", "103", "102"]
@@ -94,7 +95,7 @@ def test_failing_server(make_watcher, feed, fail):
                            misc={"LastUpdated": before, "OldAlerts": "7"})
     program.store.write({"Alerts": {"Count": "1", "Title1": "Storm", "ZipCode1": "66044"}})
     program.start()
-    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the quiet cycle's end")
+    program.wait_for_start()
     assert not message_boxes()
 
     # The failed cycle had cleared the stored alerts, so the menu has none.
@@ -113,10 +114,10 @@ def test_failure_of_a_later_station_keeps_what_came_before(make_watcher, feed):
     feed.serve("3", FLOOD)
     program = make_watcher(("One", "1"), ("Two", "2"), ("Three", "3"), registry=True, options=AT_START)
     program.start()
-    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the cycle's end")
+    program.wait_for_start()
     assert feed.codes() == ["1", "2"]
     assert [alert[0] for alert in program.store.alerts()] == ["101"]
-    assert program.last_updated() is None
+    assert program.last_updated() is None and program.store.read("Misc", "OldAlerts") is None
     assert program.icon_picture() == "normal"
     feed.serve("2")
     feed.serve("3")
@@ -141,13 +142,13 @@ def test_downloader_that_cannot_be_started(make_watcher):
 
 
 def test_station_codes_are_fetched_once_in_list_order(make_watcher, feed):
-    for code in ("7", "66", "6"):
+    for code in ("7", "66", "6", '8"9'):
         feed.serve(code)
     program = make_watcher(("A", "66"), ("B", "7"), ("C", "66"), b"not a station", ("D", "6"),
-                           options=AT_START)
+                           ("E", '8"9'), options=AT_START)
     program.start()
     wait_until(program.last_updated, "the cycle's end")
-    assert feed.codes() == ["66", "7", "6"]
+    assert feed.codes() == ["66", "7", "6", '8"9']
 
 
 def test_filters(make_watcher, feed):

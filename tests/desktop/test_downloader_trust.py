@@ -7,7 +7,8 @@ import subprocess
 
 import pytest
 
-from downloader_run import XML, assert_failed, downloader, serve, stored_login  # noqa: F401
+from downloader_run import XML, assert_failed, downloader, scrambled, serve, stored_login  # noqa: F401
+from feed import AT_START, LAWRENCE, TORNADO, document
 from loopback import answer, redirect
 
 CONNECTIONS_KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Internet Settings\Connections"
@@ -88,10 +89,10 @@ def set_proxy():
     write("")
 
 
-def proxy_that_asks(head):
+def proxy_that_asks(head, body=XML):
     # "hail:storm" in base 64
     if "\r\nProxy-Authorization: Basic aGFpbDpzdG9ybQ==\r\n" in head:
-        return answer(200, XML)
+        return answer(200, body)
     return answer(407, b"", 'Proxy-Authenticate: Basic realm="gate"', "Set-Cookie: id=1; Path=/")
 
 
@@ -110,6 +111,16 @@ def test_proxy_gets_the_stored_login_when_it_asks(serve, downloader, set_proxy, 
     assert ["Proxy-Authorization" in head for head in proxy.heads].count(True) == logins
     assert "Proxy-Authorization" not in proxy.heads[0]
     assert not any("\r\ncookie:" in head.lower() for head in proxy.heads)
+
+
+def test_program_names_its_settings_to_the_downloader(make_watcher, serve, set_proxy):
+    proxy = serve(lambda head: proxy_that_asks(head, document(TORNADO)))
+    set_proxy(f"127.0.0.1:{proxy.port}")
+    program = make_watcher(LAWRENCE, options={**AT_START, "ProxyUsername": scrambled("hail"),
+                                              "ProxyPassword": scrambled("storm")})
+    program.store.write({"Hosts": {"Feed": "http://feed.example/"}})
+    program.start()
+    program.wait_for_picture("new alerts")
 
 
 def test_secure_address_goes_through_the_proxy(serve, downloader, set_proxy):

@@ -6,7 +6,8 @@ from feed import LAWRENCE, PARIS, TORNADO
 from harness import LEFT, find_windows, message_boxes, wait_until
 from options_dialog import Options, answer_yes
 from search_dialog import DIALOG, OPTIONS
-from tray_menu import choose
+from stores import windows_path
+from tray_menu import choose, station_page
 
 OPEN = "Open Skyvane Alerts Options"
 
@@ -26,7 +27,7 @@ WAYS = {
 
 
 @pytest.mark.parametrize("way", WAYS)
-def test_each_way_opens_the_dialog_on_its_page(make_watcher, way):
+def test_each_way_opens_the_dialog_on_its_page(make_watcher, browser, way):
     stored, stations, open_dialog, shown = WAYS[way]
     click_action = "DoubleClickAction" if way == "double click" else "SingleClickAction"
     program = make_watcher(*stations, options={"LastOption": stored, click_action: OPEN},
@@ -40,11 +41,16 @@ def test_each_way_opens_the_dialog_on_its_page(make_watcher, way):
         choose(program, "View Weather", "Add New Station...", stations=["L"])
         wait_until(lambda: options.page() == "Stations", "the Stations page")
         assert len(find_windows(DIALOG, OPTIONS)) == 1
+        for key, page in ("ctrl+Tab", "AlertFilters"), ("ctrl+shift+Tab", "Stations"):
+            options.press(key)
+            wait_until(lambda: options.page() == page, f"the page {page}")
+        options.click("Help")
+        browser.wait_for(windows_path(program.folder / "Help.html"))
     options.close("Cancel")
     assert program.answers()
 
 
-def test_apply_in_the_middle_of_a_retrieval(make_watcher, feed):
+def test_apply_in_the_middle_of_a_retrieval(make_watcher, feed, browser):
     feed.serve("66044", TORNADO)
     gate = feed.hold("66044")
     program = make_watcher(LAWRENCE, PARIS, options={"LastOption": "Stations"})
@@ -61,6 +67,8 @@ def test_apply_in_the_middle_of_a_retrieval(make_watcher, feed):
     wait_until(lambda: b"Lawrence" not in station_file.read_bytes(), "the station is removed")
     assert b"Paris, France (Orly)" in station_file.read_bytes()
     options.close("OK")
+    choose(program, "View Weather", "Paris", stations=["Paris"])
+    browser.wait_for(station_page("064321"))
     gate.set()
     wait_until(program.last_updated, "the cycle's end")
     assert program.answers()

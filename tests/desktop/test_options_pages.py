@@ -179,6 +179,10 @@ def test_every_control(make_program, feed, app_data_folder, french_keyboard, run
         options.click("OK")
         if turn == 1:
             take_restart_message(location)
+        wait_until(lambda: is_own_icon(program.icon()) == (turn == 0), "the icon's picture, at once")
+        if turn == 0:  # the new click action, too
+            program.click_icon()
+            Options().close("Cancel")
         choose(program, "Exit")
         program.wait_for_end()
         assert program.store.sections()["Options"] == expected

@@ -76,7 +76,7 @@ def wait_for_removal(folder):
     place = pathlib.Path(stores.unix_path(folder))
     wait_until(lambda: not (place / "Uninstall.exe").exists(), "the program is removed", 30)
     # The copy of the uninstaller lies in the temporary folder as long as it runs.
-    wait_until(lambda: not processes(lambda entry: b"\\Un_" in (entry / "cmdline").read_bytes()),
+    wait_until(lambda: not processes(lambda entry: b"\\~nsu" in (entry / "cmdline").read_bytes()),
                "the uninstaller ends", 30)
 
 

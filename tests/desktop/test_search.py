@@ -1,5 +1,8 @@
 """The station search: finding, choosing and adding a station."""
 
+import os
+import time
+
 import harness
 import pytest
 from harness import stays, wait_until
@@ -167,6 +170,12 @@ def test_closing_in_the_middle_of_a_wait(program, feed, temp_folder):
     search = open_search(program)
     search.start("66044")
     assert held.asked.wait(15)
+    # The wait goes on without its downloader, and sleeps.
+    os.kill(program.downloaders()[0], 9)
+    wait_until(lambda: not program.downloaders(), "the downloader's end")
+    before = program.processor_seconds()
+    time.sleep(2)
+    assert program.processor_seconds() - before < 0.5
     harness.probe("post", harness.TRAY_CLASS, 0x111, 111, 0)
     assert program.wait_for_end() == 0
     assert "unhandled" not in program.errors().lower()

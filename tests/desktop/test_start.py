@@ -4,6 +4,7 @@ import os
 import pathlib
 import shutil
 import subprocess
+import time
 
 import pytest
 
@@ -18,7 +19,7 @@ FIRST_TIME = ("It looks like this is your first time using Skyvane Alerts.\r\n\r
 
 
 @pytest.mark.parametrize("registry", [False, True], ids=["ini", "registry"])
-def test_first_start_asks_once_and_leaves_its_marks(make_program, app_data_folder, registry):
+def test_first_start_asks_once_and_leaves_its_marks(make_program, app_data_folder, tmp_path, registry):
     program = make_program(registry)
     (program.folder / "HTML").mkdir(exist_ok=True)
     (program.folder / "HTML" / "page.txt").write_text("page")
@@ -36,8 +37,17 @@ def test_first_start_asks_once_and_leaves_its_marks(make_program, app_data_folde
     choose(program, "Exit")
     assert program.wait_for_end() == 0
 
+    # An upgrade: its files are newer than the copies.
+    own_sound, foreign = app_data_folder / "Sounds" / "My own.wav", tmp_path / "foreign"
+    own_sound.write_text("a person's")
+    foreign.mkdir()
+    (foreign / "file.txt").write_text("of another program")
+    (app_data_folder / "HTML" / "link").symlink_to(foreign)
+    for name in ("HTML", "Sounds"):
+        os.utime(program.folder / name, (time.time() + 100,) * 2)
     program.start()
     wait_until(lambda: program.store.read("Misc", "Runs") == "2", "the run is counted")
+    assert own_sound.exists() and (foreign / "file.txt").exists()
     choose(program, "Exit")
     assert program.wait_for_end() == 0  # no question stood in the way
 
@@ -71,7 +81,7 @@ def test_files_that_another_program_holds_do_not_count_as_empty(make_watcher, fe
     stations_holder = hold(program.data_folder() / "CityCode.cmb", 120)
     hold(program.store.path, 3)
     program.start()
-    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the start is complete")
+    program.wait_for_start()
     assert not message_boxes() and feed.codes() == [] and program.last_updated() is None
     stations_holder.kill()
     program.tick(5)
@@ -85,7 +95,7 @@ def test_second_copy_ends_in_silence(make_watcher, feed, temp_folder):
     in_use.write_text("the first copy's search waits for it")
     program = make_watcher(LAWRENCE, misc={"LastUpdated": "5/2/2008 4:12:10 PM"})
     program.start()
-    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the start is complete")
+    program.wait_for_start()
     settings = program.store.sections()
     program.store.write({"Options": {"RetrieveAlertsOnStartup": "True"}})
     second = program.launch(*program.arguments)
@@ -164,6 +174,16 @@ def test_minute_clock(make_watcher, feed, interval, minutes):
             assert program.answers()
             feed.server.heads.clear()
     assert stays(lambda: feed.paths() == [], 0.5)
+
+
+@pytest.mark.skipif("SKYVANE_LONG" not in os.environ, reason="takes a minute: ./test --long")
+def test_minute_lasts_a_minute(make_watcher, feed):
+    feed.serve("66044", TORNADO)
+    program = make_watcher(LAWRENCE, options={"AutoUpdateInterval": "Every minute"})
+    began = time.monotonic()
+    program.start()
+    wait_until(feed.paths, "the retrieval", 90)
+    assert time.monotonic() - began > 55
 
 
 def test_delayed_first_retrieval(make_watcher, feed):
