@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -99,11 +100,14 @@ void CALLBACK ContinueCycle(HWND, UINT, UINT_PTR timer, DWORD) {
     static bool isStepping = false;
     if (isStepping || IsTrayMenuOpen() || cycles.empty()) return;
     isStepping = true;
-    const auto outcome = cycles.back()->cycle.Continue();
+    RunningCycle* const newest = cycles.back().get();
+    const auto outcome = newest->cycle.Continue();
     isStepping = false;
     if (!outcome) return;
-    const auto ended = std::move(cycles.back());
-    cycles.pop_back();
+    // Settings that are waited for let messages run: a newer cycle may have started meanwhile.
+    const auto place = std::ranges::find(cycles, newest, &std::unique_ptr<RunningCycle>::get);
+    const auto ended = std::move(*place);
+    cycles.erase(place);
     if (cycles.empty()) KillTimer(nullptr, timer);
     EndCycle(*outcome, ended->interactive, ended->whenEnded);
 }

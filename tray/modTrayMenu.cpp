@@ -37,6 +37,7 @@ std::vector<win::Menu>& alertHandles = win::NeverDestroyed<std::vector<win::Menu
 // feed must not be able to take them away from the dialogs.
 constexpr std::int16_t kMostAlertItems = 5000;
 bool popupOpen = false;
+bool clickedBeforeSetUp = false;
 bool rebuildWhenClosed = false;
 
 void Open(const std::string& address) {
@@ -130,6 +131,8 @@ void SetUpTrayMenus() {
                 reinterpret_cast<UINT_PTR>(StationMenuHandle), "View Weather");
     PreviousTrayWindowProc = reinterpret_cast<WNDPROC>(GetWindowLongA(TrayWindow(), GWL_WNDPROC));
     SetWindowLongA(TrayWindow(), GWL_WNDPROC, reinterpret_cast<LONG>(MenuProcedure));
+    // The icon is there before its menu.
+    if (clickedBeforeSetUp) PostMessageA(TrayWindow(), kTrayCallback, 0, WM_RBUTTONDOWN);
 }
 
 void RemoveMenuSubclass() {
@@ -196,7 +199,8 @@ bool IsTrayMenuOpen() {
 }
 
 void ShowTrayMenu() {
-    if (popupOpen) return;
+    clickedBeforeSetUp = !TrayMenuHandle;
+    if (popupOpen || clickedBeforeSetUp) return;
     LoadUnreadStations();
     constexpr UINT noDefaultItem = static_cast<UINT>(-1);
     SetMenuDefaultItem(TrayMenuHandle, AlertItemCount > 0 ? noDefaultItem : mnuAlertsAvailable,

@@ -27,7 +27,8 @@ void BuildAlertsMenu();
 // Builds them if that was postponed.
 void BuildPostponedAlertsMenu();
 
-// Shows the popup at the cursor and returns when it is closed; nothing when it is open already.
+// Shows the popup at the cursor and returns when it is closed. Returns at once when it is open
+// already, and before SetUpTrayMenus, which then has it shown.
 void ShowTrayMenu();
 
 bool IsTrayMenuOpen();
