@@ -51,5 +51,13 @@ TEST_F(MinuteClockTest, RetrievesAfterALongSleep) {
     EXPECT_FALSE(RetrievesNow());
 }
 
+TEST_F(MinuteClockTest, StaysStoppedWhenARetrievalEnds) {
+    settings::State().minuteCounter = 4;
+    SendMessageA(TrayWindow(), WM_TIMER, static_cast<WPARAM>(Timer::TimerUpdate1) + 1, 0);
+    StopMinuteClock();  // as Options does for "Never"
+    WaitForRetrieval();
+    EXPECT_FALSE(IsTimerRunning(Timer::TimerUpdate1) || IsTimerRunning(Timer::TimerUpdate2));
+}
+
 }  // namespace
 }  // namespace tray
