@@ -62,10 +62,13 @@ if ! apt-cache show libclang-rt-dev >/dev/null 2>&1; then
     mapfile -t missing < <(printf '%s\n' "${missing[@]}" | grep -vx libclang-rt-dev)
 fi
 # When the lists of the two architectures are out of step, only the release's own versions match.
+# Ubuntu gives the code name to its updates, too, and tells them apart by the archive.
 release=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
+pocket=$release
+if grep -qs '^ID=ubuntu' /etc/os-release; then pocket=a=$release; fi
 install_packages "${missing[@]}" || {
     echo "Trying again with the versions of $release alone."
-    install_packages -t "$release" "${missing[@]}" || {
+    install_packages -t "$pocket" "${missing[@]}" || {
         grep -E '^(W|E|dpkg: error.*): |^sudo: ' "$root/$log" | awk '!seen[$0]++' | head -n 12 >&2 || true
         echo "The packages could not be installed; $log tells all." >&2
         exit 1
