@@ -113,7 +113,7 @@ class Dialog:
         wait_until(lambda: not self.is_open(), f"{self.title} closes")
 
     def control(self, text=None, class_name=None):
-        return next(child for child in self.window().children
+        return next(child for child in wait_until(self.window, self.title).children
                     if (text is None or child.text.replace("&", "") == text)
                     and (class_name is None or child.class_name == class_name))
 

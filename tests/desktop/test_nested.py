@@ -32,18 +32,21 @@ def leave_by_menu(program):
     choose(program, "Exit", stations=["Lawrence"])
 
 
-def leave_by_end_of_session(program):
-    program.post("0x16", 1, 0)
-
-
-@pytest.mark.parametrize("at_start", [True, False], ids=["starting", "interactive"])
-@pytest.mark.parametrize("leave", [leave_by_menu, leave_by_end_of_session])
-def test_exit_ends_at_once_with_its_downloader(waiting, temp_folder, at_start, leave):
+@pytest.mark.parametrize("leave, at_start", [
+    (leave_by_menu, True),
+    (lambda program: program.post("0x11"), True),  # Windows asks whether the session may end
+    (lambda program: program.post("0x16", 1), False),  # the session ends
+    (lambda program: program.post("0x10"), False),  # the task manager asks to close
+], ids=["menu", "asked", "ending", "closed"])
+def test_exit_leaves_nothing_behind(waiting, temp_folder, leave, at_start):
+    for name in ("SVA1.tmp", "SVA2F.tmp", "SVAnot.txt"):
+        (temp_folder / name).write_text("left over")
     program, _ = waiting(at_start)
     leave(program)
     assert program.wait_for_end(5) == 0
     wait_until(lambda: not program.icon() and not program.downloaders(), "icon and downloader go", 5)
-    assert not list(temp_folder.glob("SV*.tmp"))
+    assert [file.name for file in temp_folder.glob("SV*.*")] == ["SVAnot.txt"]
+    (temp_folder / "SVAnot.txt").unlink()
 
 
 def test_commands_work_and_retrieving_is_disabled(waiting, feed, browser):

@@ -124,25 +124,6 @@ def test_icon_comes_back_with_a_new_taskbar(make_watcher, feed):
     assert program.wait_for_end() == 0
 
 
-@pytest.mark.parametrize("leave", [
-    lambda program: choose(program, "Exit", stations=["Lawrence"]),
-    lambda program: program.post("0x11"),  # Windows asks whether the session may end
-    lambda program: program.post("0x16", 1),  # the session ends
-    lambda program: program.post("0x10"),  # the task manager asks to close
-], ids=["menu", "asked", "ending", "closed"])
-def test_exit_leaves_nothing_behind(make_watcher, temp_folder, leave):
-    program = make_watcher(LAWRENCE)
-    for name in ("SVA1.tmp", "SVA2F.tmp", "SVAnot.txt"):
-        (temp_folder / name).write_text("left over")
-    program.start()
-    leave(program)
-    assert program.wait_for_end() == 0
-    wait_until(lambda: not program.icon(), "the icon goes", 2)
-    assert [file.name for file in temp_folder.glob("SV*.*")] == ["SVAnot.txt"]
-    (temp_folder / "SVAnot.txt").unlink()
-    assert program.downloaders() == []
-
-
 def test_chosen_pictures_replace_the_built_in_ones(make_watcher, feed):
     feed.serve("66044", TORNADO)
     icons = pathlib.Path(__file__).parents[2] / "assets" / "icons"
