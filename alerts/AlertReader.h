@@ -40,7 +40,7 @@ class AlertReader {
     win::XmlNodeList nodes_;
     std::int16_t number_ = 0;
     std::string identifier_;
-    std::string title_;  // carries over to an alert without a title of its own
+    std::string title_;           // carries over to an alert without a title of its own
     settings::KeyValues values_;  // of the present step
     std::vector<std::string> identifiers_;
 };
