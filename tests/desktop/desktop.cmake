@@ -1,7 +1,7 @@
 # The whole program on a desktop: each test_*.py is one test and needs a screen to itself. Run them one
 # after another under tools/desktop.sh, or side by side under tools/screens.sh.
 add_executable(probe WIN32 ${CMAKE_CURRENT_LIST_DIR}/probe.cpp)
-target_link_libraries(probe PRIVATE houseRules)
+target_link_libraries(probe PRIVATE program)
 set(mapPages ${CMAKE_CURRENT_BINARY_DIR}/mapPages)
 file(GLOB desktopTests CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/test_*.py)
 foreach(desktopTest ${desktopTests})

@@ -5,7 +5,7 @@ import pathlib
 import shutil
 import subprocess
 import time
-from dataclasses import dataclass
+from collections import namedtuple
 
 import pytest
 
@@ -36,12 +36,8 @@ def serve():
         server.close()
 
 
-@dataclass
-class Outcome:
-    exit_code: int
-    status: str  # the status file's text, None without the file
-    data: bytes  # the data file's bytes, None without the file
-    seconds: float
+# The files' contents are None without the files.
+Outcome = namedtuple("Outcome", "exit_code status data seconds")
 
 
 class Downloader:

@@ -11,7 +11,7 @@ import re
 import shutil
 import subprocess
 import time
-from dataclasses import dataclass
+from dataclasses import make_dataclass
 
 import stores
 
@@ -81,21 +81,9 @@ def hold(file, seconds):
     return holder
 
 
-@dataclass
-class Window:
-    parent: int
-    process: int
-    left: int
-    top: int
-    right: int
-    bottom: int
-    enabled: bool
-    ticked: bool
-    is_icon: bool
-    control: int
-    class_name: str
-    text: str
-    children: list
+class Window(make_dataclass("Window", ["parent", "process", "left", "top", "right", "bottom", "enabled", "ticked",
+                                       "is_icon", "control", "class_name", "text", "children"])):
+    """A window as the probe lists it: numbers up to `control`, then texts."""
 
     def center(self):
         return (self.left + self.right) // 2, (self.top + self.bottom) // 2

@@ -32,18 +32,10 @@
 
 #include "tests/HandleCounts.h"
 #include "tests/TrayIconWindow.h"
+#include "win/Files.h"
+#include "win/Text.h"
 
 namespace {
-
-std::string Utf8(const std::wstring& text) {
-    const int size = static_cast<int>(text.size());
-    std::string result(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.c_str(), size,
-                                                                    nullptr, 0, nullptr, nullptr)),
-                       '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.c_str(), size, result.data(),
-                        static_cast<int>(result.size()), nullptr, nullptr);
-    return result;
-}
 
 std::string Escaped(const std::string& text) {
     constexpr std::string_view plain = "\n\r\t\\", letters = "nrt\\";
@@ -93,13 +85,13 @@ BOOL CALLBACK PrintWindow(HWND window, LPARAM top) {
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
     const bool ticked = !std::wcscmp(className, L"Button") && Ask(window, BM_GETCHECK);
-    const std::string name = Utf8(className);
+    const std::string name = win::ToUtf8(className);
     const bool isIcon = std::ranges::count(tests::kTrayIconClasses, name) > 0;
     char numbers[160];
     std::snprintf(numbers, sizeof numbers, "%ld\t%lu\t%ld\t%ld\t%ld\t%ld\t%d\t%d\t%d\t%d\t",
                   static_cast<long>(top), process, place.left, place.top, place.right, place.bottom,
                   IsWindowEnabled(window), ticked, isIcon, GetDlgCtrlID(window));
-    Print(numbers + Escaped(name) + "\t" + Escaped(Utf8(TextOf(window, className))) + "\n");
+    Print(numbers + Escaped(name) + "\t" + Escaped(win::ToUtf8(TextOf(window, className))) + "\n");
     if (!top) EnumChildWindows(window, PrintWindow, reinterpret_cast<LPARAM>(window));
     return TRUE;
 }
@@ -187,7 +179,7 @@ void PrintRows(const char* title) {
             SendMessageW(list, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&remote->item));
             ReadProcessMemory(process, remote, &exchange, sizeof exchange, nullptr);
             if (column == 0) line += "\t" + std::to_string(exchange.item.iImage + 1);
-            line += "\t" + Escaped(Utf8(exchange.text));
+            line += "\t" + Escaped(win::ToUtf8(exchange.text));
         }
         Print(line + "\n");
     }
@@ -206,19 +198,13 @@ int StartProgram(const char* program, char* commandLine) {
     return 0;
 }
 
-std::string BesideThis(const char* name) {
-    char path[MAX_PATH];
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    std::string result(path);
-    return result.substr(0, result.find_last_of('\\') + 1) + name;
-}
-
 // Appends the address, as it stands on the command line, in one write.
 void Catch() {
     const std::wstring commandLine = GetCommandLineW();
-    const std::string line = Utf8(commandLine.substr(commandLine.find(L" catch ") + 7)) + "\n";
+    const std::string line =
+        win::ToUtf8(commandLine.substr(commandLine.find(L" catch ") + 7)) + "\n";
     const HANDLE file =
-        CreateFileA(BesideThis("opened.txt").c_str(), FILE_APPEND_DATA,
+        CreateFileA((win::ExecutableFolder() + "\\opened.txt").c_str(), FILE_APPEND_DATA,
                     FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS, 0, nullptr);
     DWORD written = 0;
     WriteFile(file, line.data(), static_cast<DWORD>(line.size()), &written, nullptr);

@@ -90,10 +90,11 @@ def test_action_under_the_open_menu_waits_for_its_end(make_watcher, feed, second
     program.wait_for_picture("new alerts")
 
 
-def test_right_click_restores_the_normal_picture(make_watcher, feed):
+def test_picture_alone_tells_of_alerts_until_a_right_click(make_watcher, feed):
     feed.serve("66044", TORNADO)
     program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
     program.start()
     program.wait_for_picture("new alerts")
+    assert stays(lambda: not program.balloons(), 2)
     open_menu(program)
     program.wait_for_picture("normal")

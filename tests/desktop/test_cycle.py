@@ -75,14 +75,6 @@ def test_known_alerts_are_not_told_again(make_watcher, feed, registry):
     assert [alert[0] for alert in program.store.alerts()] == [*earlier, "101", "103", "102"]
 
 
-def test_picture_changes_without_a_balloon_unless_asked_for(make_watcher, feed):
-    feed.serve("66044", TORNADO)
-    program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
-    program.start()
-    program.wait_for_picture("new alerts")
-    assert stays(lambda: not program.balloons(), 2)
-
-
 @pytest.mark.parametrize("fail", [
     lambda feed: feed.serve_raw("66044", b"gone", status=503),
     lambda feed: feed.serve_cut_off("66044", document(TORNADO)),

@@ -3,18 +3,13 @@
 import os
 import pathlib
 import re
-from dataclasses import dataclass
+from collections import namedtuple
 
 from feed import LAWRENCE, PARIS
 from harness import TRAY_CLASS, probe, wait_until
 
 
-@dataclass
-class Holdings:
-    kernel: int
-    gdi: int
-    user: int  # of all processes together
-    private_kib: int
+Holdings = namedtuple("Holdings", "kernel gdi user private_kib")  # `user` of all processes together
 
 
 def holdings_of(program):

@@ -11,6 +11,9 @@
 
 #include <string>
 
+#include "win/Files.h"
+#include "win/Text.h"
+
 namespace {
 
 // {5B1C3C0A-8E0B-4B57-9E0B-6C6A54B0C7D1}
@@ -28,45 +31,20 @@ enum Member : DISPID {
 constexpr const wchar_t* kNames[] = {L"",    L"Navigate2", L"Busy",     L"Document",
                                      L"All", L"body",      L"innerHTML"};
 
-std::wstring PathOf(const std::wstring& name) {
-    wchar_t folder[MAX_PATH] = L"";
-    GetEnvironmentVariableW(L"STANDIN_FOLDER", folder, MAX_PATH);
-    return std::wstring(folder) + L"\\" + name;
+std::string PathOf(const std::wstring& name) {
+    return win::Environment("STANDIN_FOLDER") + "\\" + win::FromWide(name);
 }
 
 bool Exists(const std::wstring& name) {
-    return GetFileAttributesW(PathOf(name).c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
-HANDLE Open(const std::wstring& name, DWORD access, DWORD disposition) {
-    return CreateFileW(PathOf(name).c_str(), access,
-                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, disposition,
-                       0, nullptr);
+    return win::FileExists(PathOf(name));
 }
 
 std::wstring Read(const std::wstring& name) {
-    const HANDLE file = Open(name, GENERIC_READ, OPEN_EXISTING);
-    if (file == INVALID_HANDLE_VALUE) return {};
-    std::string bytes(GetFileSize(file, nullptr), '\0');
-    DWORD size = 0;
-    ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &size, nullptr);
-    CloseHandle(file);
-    std::wstring text(bytes.size(), L'\0');
-    text.resize(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, bytes.data(),
-                                                             static_cast<int>(size), text.data(),
-                                                             static_cast<int>(text.size()))));
-    return text;
+    return win::ToWide(win::ReadWholeFile(PathOf(name)).value_or(""));
 }
 
-void Write(const std::wstring& name, const std::wstring& text, DWORD access, DWORD disposition) {
-    std::string bytes(text.size() * 4, '\0');
-    const int size =
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                            static_cast<int>(bytes.size()), nullptr, nullptr);
-    const HANDLE file = Open(name, access, disposition);
-    DWORD written = 0;
-    WriteFile(file, bytes.data(), static_cast<DWORD>(size), &written, nullptr);
-    CloseHandle(file);
+void Write(const std::wstring& name, const std::wstring& text) {
+    win::OverwriteFile(PathOf(name), win::ToUtf8(text));
 }
 
 // What an object stands for; elements have their file's name.
@@ -107,7 +85,7 @@ class Object : public IDispatch {
         const bool hasText = parameters->cArgs == 1 && V_VT(&parameters->rgvarg[0]) == VT_BSTR;
         const std::wstring text = hasText ? V_BSTR(&parameters->rgvarg[0]) : L"";
         if (kind_ == Kind::Browser && member == kNavigate2 && hasText) {
-            Write(L"navigated.txt", text + L"\n", FILE_APPEND_DATA, OPEN_ALWAYS);
+            Write(L"navigated.txt", Read(L"navigated.txt") + text + L"\n");
             return S_OK;
         }
         if (kind_ == Kind::Browser && member == kBusy) {
@@ -128,7 +106,7 @@ class Object : public IDispatch {
                                     ? new Object(Kind::Element, text + L".element")
                                     : nullptr);
         if (kind_ == Kind::Element && member == kInnerHtml && kind == DISPATCH_PROPERTYPUT) {
-            Write(file_, text, GENERIC_WRITE, CREATE_ALWAYS);
+            Write(file_, text);
             return S_OK;
         }
         if (kind_ == Kind::Element && member == kInnerHtml) {
