@@ -14,6 +14,7 @@ import time
 from dataclasses import make_dataclass
 
 import stores
+from inside import probe
 
 PROGRAM_NAME = "Skyvane Alerts"
 TRAY_CLASS = "SkyvaneAlertsTray"
@@ -46,31 +47,6 @@ def stays(condition, seconds):
             return False
         time.sleep(0.05)
     return True
-
-
-class Probe:
-    """The helper inside Wine, which stays: to start a process for each look would cost more than the look."""
-
-    process = None
-
-    def ask(self, arguments):
-        if not self.process or self.process.poll() is not None:
-            self.process = subprocess.Popen(["wine", os.environ["PROBE"], "serve"], stdin=subprocess.PIPE,
-                                            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-        self.process.stdin.write("\t".join(map(str, arguments)).encode() + b"\n")
-        self.process.stdin.flush()
-        rows = []
-        while (line := self.process.stdout.readline()) != b".\n":
-            assert line, f"probe {arguments}: {self.process.wait()}"
-            rows.append([stores.unescape(field) for field in line.decode("utf-8").rstrip("\n").split("\t")])
-        return rows
-
-
-the_probe = Probe()
-
-
-def probe(*arguments):
-    return the_probe.ask(arguments)
 
 
 def hold(file, seconds):

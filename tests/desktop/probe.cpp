@@ -8,6 +8,8 @@
 //   post CLASS MESSAGE WPARAM LPARAM ...   PostMessage, for each three
 //   forget-icon CLASS                      takes the window's icon out of the taskbar
 //   counts CLASS                           what the window's process holds
+//   texts KEY                              the texts of the user's registry one level below the
+//                                          key: subkey, name, text
 //   folders                                the user's temporary and application data folders
 //   rows TITLE                             the rows of the window's list: "selected" or nothing,
 //                                          icon, texts
@@ -33,6 +35,7 @@
 #include "tests/HandleCounts.h"
 #include "tests/TrayIconWindow.h"
 #include "win/Files.h"
+#include "win/Handle.h"
 #include "win/Text.h"
 
 namespace {
@@ -198,6 +201,25 @@ int StartProgram(const char* program, char* commandLine) {
     return 0;
 }
 
+void PrintTexts(const char* path) {
+    std::vector<wchar_t> text(1 << 20);
+    wchar_t section[256], name[256];
+    win::RegistryKey key, subkey;
+    RegOpenKeyExA(HKEY_CURRENT_USER, path, 0, KEY_READ, key.Receive());
+    for (DWORD i = 0; RegEnumKeyW(key.Get(), i, section, 256) == ERROR_SUCCESS; ++i) {
+        RegOpenKeyExW(key.Get(), section, 0, KEY_READ, subkey.Receive());
+        for (DWORD n = 0;; ++n) {
+            DWORD length = 256, size = text.size() * sizeof text[0], type = 0;
+            if (RegEnumValueW(subkey.Get(), n, name, &length, nullptr, &type,
+                              reinterpret_cast<BYTE*>(text.data()), &size) != ERROR_SUCCESS)
+                break;
+            if (type == REG_SZ)
+                Print(Escaped(win::ToUtf8(section)) + "\t" + Escaped(win::ToUtf8(name)) + "\t" +
+                      Escaped(win::ToUtf8(text.data())) + "\n");
+        }
+    }
+}
+
 // Appends the address, as it stands on the command line, in one write.
 void Catch() {
     const std::wstring commandLine = GetCommandLineW();
@@ -233,6 +255,8 @@ int Run(int count, char** arguments) {
         ForgetIcon(arguments[1]);
     } else if (command == "rows" && count == 2) {
         PrintRows(arguments[1]);
+    } else if (command == "texts" && count == 2) {
+        PrintTexts(arguments[1]);
     } else if (command == "folders") {
         Print(Escaped(std::getenv("TEMP")) + "\t" + Escaped(std::getenv("APPDATA")) + "\n");
     } else if (command == "run" && count >= 2) {

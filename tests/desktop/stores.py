@@ -5,11 +5,9 @@ import re
 import subprocess
 import tempfile
 
+from inside import probe, unescape
+
 REGISTRY_KEY = r"HKEY_CURRENT_USER\Software\VB and VBA Program Settings\Skyvane Alerts"
-
-
-def unescape(text):
-    return re.sub(r"\\(.)", lambda m: {"n": "\n", "r": "\r", "t": "\t"}.get(m[1], m[1]), text)
 
 
 def windows_path(path):
@@ -114,10 +112,7 @@ class RegistryStore(Store):
         import_registry("\r\n".join(lines + [""]))
 
     def sections(self):
-        result, current = {}, None
-        for line in export_registry(REGISTRY_KEY).replace("\r", "").split("\n"):
-            if line.startswith("["):
-                current = result.setdefault(line[1:-1][len(REGISTRY_KEY) + 1:], {})
-            elif match := re.fullmatch(r'"((?:[^"\\]|\\.)*)"="((?:[^"\\]|\\.)*)"', line):
-                current[unescape(match[1]).lower()] = unescape(match[2])
+        result = {}
+        for section, key, value in probe("texts", REGISTRY_KEY.partition("\\")[2]):
+            result.setdefault(section, {})[key.lower()] = value
         return result
