@@ -107,7 +107,7 @@ void SetTrayTip(const std::string& tip) {
 
 void UpdateTrayTip(const std::string& lastUpdated) {
     const std::string tip =
-        TrayTip(lastUpdated, win::ShortDateOf(lastUpdated), win::ShortDateToday());
+        TrayTip(lastUpdated, win::ShortDateIfToday(lastUpdated), win::ShortDateToday());
     if (!tip.empty()) SetTrayTip(tip);
 }
 

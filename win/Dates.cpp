@@ -1,5 +1,7 @@
 #include "win/Dates.h"
 
+#include <algorithm>
+
 #include "win/LateFunctions.h"
 #include "win/Text.h"
 
@@ -20,6 +22,19 @@ SYSTEMTIME Now() {
     return now;
 }
 
+bool HasNumber(std::string_view text, int wanted) {
+    int number = -1;
+    for (const char c : std::string(text) + ' ') {
+        if (c >= '0' && c <= '9') {
+            number = std::clamp(number, 0, 999) * 10 + (c - '0');
+        } else {
+            if (number == wanted) return true;
+            number = -1;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 std::string GeneralDateNow() {
@@ -33,9 +48,11 @@ std::string ShortDateToday() {
     return ShortDate(Now());
 }
 
-std::string ShortDateOf(std::string_view text) {
-    // The usual case: it does without the library that reads dates, and COM with it.
+std::string ShortDateIfToday(std::string_view text) {
+    // The usual cases do without the library that reads dates, and COM with it. In whatever form, a
+    // date of today has the day of the month among its numbers.
     if (std::string today = ShortDateToday(); text.starts_with(today + " ")) return today;
+    if (!HasNumber(text.substr(0, text.find(' ')), Now().wDay)) return {};
     std::wstring wide = ToWide(text);
     DATE date = 0;
     SYSTEMTIME time;

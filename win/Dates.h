@@ -11,7 +11,8 @@ std::string GeneralDateNow();
 // Today's short date.
 std::string ShortDateToday();
 
-// The short date of a text that begins with a date in the user's way; empty when it is none.
-std::string ShortDateOf(std::string_view text);
+// The short date of a text that begins with a date in the user's way; empty when it is none. May be
+// empty for another day than today.
+std::string ShortDateIfToday(std::string_view text);
 
 }  // namespace win

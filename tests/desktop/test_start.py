@@ -1,5 +1,6 @@
 """From start to Exit."""
 
+import datetime
 import os
 import pathlib
 import shutil
@@ -64,6 +65,16 @@ def test_own_user_names_ini_file_and_data_folder(make_watcher, feed):
     wait_until(program.last_updated, "the cycle's end")
     assert [alert[0] for alert in program.store.alerts()] == ["101"]
     assert not (program.folder / "Default.ini").exists()
+
+
+def test_start_loads_no_library_that_is_needed_later(make_watcher):
+    number = 2 if datetime.date.today().day == 1 else 1
+    program = make_watcher(LAWRENCE, misc={"LastUpdated": f"{number}/{number}/2008 4:12:10 PM"})
+    program.start()
+    wait_until(lambda: program.store.read("Misc", "Runs") == "3", "the start is complete")
+    mapped = pathlib.Path(f"/proc/{program.process.pid}/maps").read_text()
+    assert "/user32.dll" in mapped
+    assert [name for name in ("comctl32", "comdlg32", "ole32", "oleaut32", "winmm") if f"/{name}.dll" in mapped] == []
 
 
 def test_folder_name_is_no_switch(make_program, tmp_path):

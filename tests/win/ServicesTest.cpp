@@ -71,9 +71,9 @@ TEST_F(ServicesTest, PausesLetMessagesRun) {
 }
 
 TEST_F(ServicesTest, WritesDatesThatItCanRead) {
-    EXPECT_EQ(ShortDateOf(GeneralDateNow()), ShortDateToday());
-    EXPECT_EQ(ShortDateOf("no date"), "");
-    EXPECT_NE(ShortDateOf("1/2/2008 4:12:10 PM"), ShortDateToday());
+    EXPECT_EQ(ShortDateIfToday(GeneralDateNow()), ShortDateToday());
+    EXPECT_EQ(ShortDateIfToday("no date"), "");
+    EXPECT_NE(ShortDateIfToday("1/2/2008 4:12:10 PM"), ShortDateToday());
 }
 
 }  // namespace
