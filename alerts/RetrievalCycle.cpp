@@ -39,11 +39,11 @@ std::optional<CycleOutcome> RetrievalCycle::Continue() {
     return std::nullopt;
 }
 
-// Starts the download of the next station whose code this cycle has not fetched yet; false after
-// the last one.
+// Starts the download of the first station whose code this cycle has not fetched yet; false when
+// there is none. The list may have lost stations since the last step, so an index could skip one.
 bool RetrievalCycle::StartNextStation() {
-    while (next_ < settings::State().stationCount) {
-        const std::string line = stations::StationAt(next_++);
+    for (std::size_t i = 0; i < settings::State().stationCount; ++i) {
+        const std::string line = stations::StationAt(i);
         if (!stations::HasHiddenFields(line)) continue;
         code_ = stations::HiddenField(line, stations::kCode);
         if (IsDone(done_, code_)) continue;

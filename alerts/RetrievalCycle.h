@@ -30,8 +30,7 @@ class RetrievalCycle {
     bool StartNextStation();
     CycleOutcome End(bool failed);
 
-    std::size_t next_ = 0;  // index of the next station
-    std::string done_;      // the codes fetched so far, each after a comma
+    std::string done_;  // the codes fetched so far, each after a comma
     std::string code_;
     std::optional<Download> download_;
     std::optional<AlertReader> reader_;

@@ -50,7 +50,7 @@ void Check(HWND owner, bool interactive) {
     // The status itself does not count: the data file alone decides.
     WaitForStatus(statusFile, downloader);
     const std::optional<std::string> text = win::ReadWholeFile(dataFile);
-    if (!text || IsVersionTooLong(*text)) {
+    if (!text || OfferedVersion(*text).empty() || IsVersionTooLong(*text)) {
         if (interactive) TellFailure();
         return;
     }

@@ -25,6 +25,7 @@ std::string& statusPath = win::NeverDestroyed<std::string>();
 win::FileHandle& statusFile = win::NeverDestroyed<win::FileHandle>();
 win::KernelHandle& caller = win::NeverDestroyed<win::KernelHandle>();
 std::atomic_flag isEnding;
+std::atomic_flag isReporting;
 
 win::FileHandle MakeEmptyFile(const std::string& path) {
     return win::FileHandle(CreateFileA(path.c_str(), GENERIC_WRITE,
@@ -64,7 +65,13 @@ void DeleteDataFile() {
     }
 }
 
+[[noreturn]] void SleepUntilTheEnd() {
+    for (;;) Sleep(INFINITE);
+}
+
 [[noreturn]] void WriteStatusAndDie(int status) {
+    // One thread alone: the other would delete the data of a success, or report over a failure.
+    if (isReporting.test_and_set()) SleepUntilTheEnd();
     if (status != kSuccess) DeleteDataFile();
     if (!Write(statusFile, win::Decimal(status))) {
         // The disk is full, say: without the body there is room for the status.
@@ -74,7 +81,7 @@ void DeleteDataFile() {
     }
     // At once: an orderly exit could still wait for a hanging network thread.
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(status));
-    for (;;) Sleep(INFINITE);
+    SleepUntilTheEnd();
 }
 
 DWORD WINAPI Watch(void* milliseconds) {
@@ -100,8 +107,7 @@ int OpenResultFiles(const Job& job) {
 }
 
 void EndWith(int status, std::string_view body) {
-    if (isEnding.test_and_set())
-        for (;;) Sleep(INFINITE);
+    if (isEnding.test_and_set()) SleepUntilTheEnd();
     // Closed within the statement: the caller may open the file once it sees the status.
     if (status == kSuccess && !Write(MakeEmptyFile(dataFile), body)) status = kCannotWriteDataFile;
     WriteStatusAndDie(status);

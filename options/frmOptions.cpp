@@ -57,18 +57,23 @@ HWND Tabs() {
     return GetDlgItem(form.window, frmOptions_Tabs);
 }
 
-void CreateFrames() {
+void AddTabs() {
     TCITEMA item{};
     item.mask = TCIF_TEXT;
     for (std::size_t i = 0; i < kPageCount; ++i) {
         item.pszText = const_cast<char*>(kPages[i].tabText);
         SendMessageA(Tabs(), TCM_INSERTITEMA, i, reinterpret_cast<LPARAM>(&item));
     }
+}
+
+// Replaces the frames, if there are any, by fresh ones.
+void CreateFrames() {
     RECT room;
     GetWindowRect(Tabs(), &room);
     MapWindowPoints(nullptr, form.window, reinterpret_cast<POINT*>(&room), 2);
     SendMessageA(Tabs(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&room));
     for (std::size_t i = 0; i < kPageCount; ++i) {
+        if (form.frames[i]) DestroyWindow(form.frames[i]);
         form.frames[i] =
             CreateDialogParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kPages[i].frame),
                                form.window, kPages[i].procedure, 0);
@@ -100,34 +105,44 @@ void LoadFrame(std::size_t page) {
 
 void LoadRemainingFrames(const std::string& shownKey) {
     for (std::size_t i = 0; i < kPageCount; ++i)
-        if (i != PageOf(shownKey)) LoadFrame(i);
+        if (form.window && i != PageOf(shownKey)) LoadFrame(i);
     form.loading = false;
     win::EnableControl(form.window, frmOptions_ApplyButton, false);
 }
 
-// Shows and loads the pages. As long as the settings cannot be read, nothing can be changed, and a
-// timer calls this again.
+// Shows and loads the pages. As long as a setting cannot be read, nothing can be changed, and a
+// timer calls this again: a page that was loaded without its settings would store their defaults.
+// Reading may let messages run, and so may the end of the dialog come in between.
 void LoadPages() {
     constexpr UINT_PTR retryTimer = 1;
     constexpr UINT retryMilliseconds = 1000;
+    KillTimer(form.window, retryTimer);
+    const std::size_t failedBefore = settings::CountFailedReads();
     const auto stored = settings::TryReadSetting(settings::kLastOption);
+    if (!form.window) return;
     const std::size_t first = PageOf(stored.value_or(std::string()));
     const std::string key = PageKey(kPages[first].tabText);
     SendMessageA(Tabs(), TCM_SETCURSEL, first, 0);
     ShowPage(key);
-    for (const HWND frame : form.frames) EnableWindow(frame, stored.has_value());
-    if (!stored) {
-        SetTimer(form.window, retryTimer, retryMilliseconds, nullptr);
-        return;
+    if (stored) {
+        LoadFrame(first);
+        LoadRemainingFrames(key);
+        if (!form.window) return;
     }
-    KillTimer(form.window, retryTimer);
-    LoadFrame(first);
-    LoadRemainingFrames(key);
+    const bool isWhole = settings::CountFailedReads() == failedBefore;
+    if (!isWhole) {
+        form.loading = true;
+        if (stored) CreateFrames();
+        ShowPage(key);
+        SetTimer(form.window, retryTimer, retryMilliseconds, nullptr);
+    }
+    for (const HWND frame : form.frames) EnableWindow(frame, isWhole);
 }
 
 void Initialise(HWND dialog) {
     form = OptionsForm();
     form.window = dialog;
+    AddTabs();
     CreateFrames();
     win::EnableControl(form.window, frmOptions_ApplyButton, false);
     LoadPages();

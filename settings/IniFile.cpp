@@ -14,14 +14,16 @@ namespace {
 
 constexpr ULONGLONG kStartPatience = 30'000;  // milliseconds
 constexpr ULONGLONG kLaterPatience = 3'000;
-ULONGLONG patience = kStartPatience;
+ULONGLONG patienceLeft = kStartPatience;
+bool wasRead = false;
 
-enum class Wait { RunMessages, Sleep };
+enum class Wait { RunMessages, Sleep, None };
 
 // The file opened for reading, so that nobody can lock it meanwhile.
 struct OpenedIni {
     win::FileHandle handle = {};
     bool missing = false;
+    bool inUse = false;
     bool IsReadable() const { return handle || missing; }
 };
 
@@ -29,7 +31,11 @@ OpenedIni Open(const std::string& path) {
     OpenedIni file{win::FileHandle(CreateFileA(
         path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr))};
-    if (!file.handle) file.missing = win::IsMissingError(GetLastError());
+    if (!file.handle) {
+        const DWORD error = GetLastError();
+        file.missing = win::IsMissingError(error);
+        file.inUse = error == ERROR_SHARING_VIOLATION;
+    }
     return file;
 }
 
@@ -37,14 +43,18 @@ OpenedIni OpenPatiently(const std::string& path, Wait wait) {
     constexpr DWORD pause = 20;
     for (;;) {
         OpenedIni file = Open(path);
-        if (file.IsReadable()) patience = kLaterPatience;
-        if (file.IsReadable() || patience == 0) return file;
+        if (file.IsReadable()) {
+            wasRead = true;
+            patienceLeft = kLaterPatience;
+        }
+        if (file.IsReadable() || wait == Wait::None || patienceLeft == 0) return file;
         const ULONGLONG start = GetTickCount64();
         if (wait == Wait::RunMessages)
             win::PumpOrWait(pause);
         else
             Sleep(pause);
-        patience -= std::min(patience, GetTickCount64() - start);
+        if (!file.inUse || wasRead)
+            patienceLeft -= std::min(patienceLeft, GetTickCount64() - start);
     }
 }
 
@@ -89,8 +99,9 @@ std::string SectionFromSystem(const std::string& path, std::string_view section)
 }  // namespace
 
 std::optional<std::string> ReadIniValue(const std::string& path, std::string_view section,
-                                        std::string_view key) {
-    const OpenedIni file = OpenPatiently(path, Wait::RunMessages);
+                                        std::string_view key, Patience patience) {
+    const OpenedIni file =
+        OpenPatiently(path, patience == Patience::Wait ? Wait::RunMessages : Wait::None);
     if (!file.IsReadable()) return std::nullopt;
     constexpr std::size_t longestCharacter = 4;
     char buffer[kIniValueLimit * longestCharacter + 1] = {};

@@ -49,12 +49,17 @@ KeyValues LastOfEachKey(const KeyValues& values) {
     return {last.begin(), last.end()};
 }
 
-// Settings whose INI file could not be read when they were last asked for. They are not written:
-// nothing may replace what was not read.
+// What each setting of the INI file was when it was last read or written: its value while another
+// program holds the file.
+std::map<std::string, std::string>& lastKnown =
+    win::NeverDestroyed<std::map<std::string, std::string>>();
+// Settings that could not be read yet. They are not written: nothing may replace what was not read.
 std::set<std::string>& unread = win::NeverDestroyed<std::set<std::string>>();
+std::size_t failedReads = 0;
 
-std::string UnreadName(std::string_view section, std::string_view key) {
-    return win::AsciiLower(std::string(section).append("\n").append(key));
+std::string NameOf(std::string_view section, std::string_view key) {
+    return win::AsciiLower(
+        std::string(IniUserName).append("\n").append(section).append("\n").append(key));
 }
 
 // A held value, as it will read once it is in the file.
@@ -74,12 +79,23 @@ std::optional<std::string> TryReadSetting(std::string_view section, std::string_
     if (UseIni == kUseRegistryStore)
         return ReadRegistryText(RegistryPath(section), std::string(key));
     if (UseIni != kUseIniStore) return std::string();
-    auto value = ReadIniValue(DefaultIniPath(), section, win::ToLower(key));
-    if (value)
-        unread.erase(UnreadName(section, key));
-    else
-        unread.insert(UnreadName(section, key));
-    return value;
+    const std::string name = NameOf(section, key);
+    const auto known = lastKnown.find(name);
+    auto value = ReadIniValue(DefaultIniPath(), section, win::ToLower(key),
+                              known == lastKnown.end() ? Patience::Wait : Patience::None);
+    if (value) {
+        unread.erase(name);
+        lastKnown.insert_or_assign(name, *value);
+        return value;
+    }
+    if (known != lastKnown.end()) return known->second;
+    unread.insert(name);
+    ++failedReads;
+    return std::nullopt;
+}
+
+std::size_t CountFailedReads() {
+    return failedReads;
 }
 
 std::optional<std::string> TryReadSetting(const Setting& setting) {
@@ -98,8 +114,9 @@ void WriteSetting(std::string_view section, std::string_view key, std::string_vi
     if (IsHeld(section)) StoreHeldSettings();  // the order counts
     if (UseIni == kUseRegistryStore)
         WriteRegistryTexts(RegistryPath(section), {{std::string(key), std::string(value)}});
-    else if (UseIni == kUseIniStore && !unread.contains(UnreadName(section, key)))
-        IniWriteValue(section, key, value, "");
+    if (UseIni != kUseIniStore || unread.contains(NameOf(section, key))) return;
+    lastKnown.insert_or_assign(NameOf(section, key), CutIniValue(value));
+    IniWriteValue(section, key, value, "");
 }
 
 void WriteSetting(const Setting& setting, std::string_view value) {
@@ -125,13 +142,13 @@ void StoreHeldSettings() {
         heldValues = LastOfEachKey(heldValues);
 }
 
-std::map<std::string, std::string> ReadSection(std::string_view section) {
-    KeyValues values;
+std::optional<std::map<std::string, std::string>> ReadSection(std::string_view section) {
+    std::optional<KeyValues> values{std::in_place};
     if (UseIni == kUseRegistryStore) values = ReadRegistryTexts(RegistryPath(section));
-    if (UseIni == kUseIniStore)
-        values = ReadIniFileSection(DefaultIniPath(), section).value_or(KeyValues());
+    if (UseIni == kUseIniStore) values = ReadIniFileSection(DefaultIniPath(), section);
+    if (!values) return std::nullopt;
     std::map<std::string, std::string> result;
-    for (auto& [key, value] : values) result.emplace(win::AsciiLower(key), std::move(value));
+    for (auto& [key, value] : *values) result.emplace(win::AsciiLower(key), std::move(value));
     if (IsHeld(section))
         for (const auto& [key, value] : heldValues)
             result.insert_or_assign(win::AsciiLower(key), CutIniValue(value));
@@ -144,7 +161,7 @@ std::size_t LongestValue() {
 
 std::string IniReadValue(std::string_view section, std::string& key, const std::string& file) {
     key = win::ToLower(key);
-    return ReadIniValue(file.empty() ? DefaultIniPath() : file, section, key)
+    return ReadIniValue(file.empty() ? DefaultIniPath() : file, section, key, Patience::Wait)
         .value_or(std::string());
 }
 

@@ -21,7 +21,8 @@ extern std::int16_t UseIni;
 extern std::string& IniUserName;
 
 // The value, or the empty text if there is none or the store cannot be read. An INI value has 749
-// characters at most. Messages run while an INI file that another program holds is waited for.
+// characters at most. While another program holds the INI file, a setting has its last known value;
+// for one that was never read, messages run while the file is waited for.
 std::string ReadSetting(std::string_view section, std::string_view key);
 std::string ReadSetting(const Setting& setting);
 
@@ -29,6 +30,9 @@ std::string ReadSetting(const Setting& setting);
 // more than a default.
 std::optional<std::string> TryReadSetting(std::string_view section, std::string_view key);
 std::optional<std::string> TryReadSetting(const Setting& setting);
+
+// How many reads have found an unreadable store so far: a reader of many settings compares.
+std::size_t CountFailedReads();
 
 // The most characters that the store keeps of a value.
 std::size_t LongestValue();
@@ -49,8 +53,9 @@ void DeleteSettingSection(std::string_view section);
 void HoldSettings(std::string_view section, const KeyValues& values);
 void StoreHeldSettings();
 
-// All values of a section by lower-case key, as ReadSetting gives them.
-std::map<std::string, std::string> ReadSection(std::string_view section);
+// All values of a section by lower-case key, as ReadSetting returns them; nothing if the store
+// cannot be read.
+std::optional<std::map<std::string, std::string>> ReadSection(std::string_view section);
 
 // One value of an INI file; an empty file name means the program's own. `key` is changed to lower
 // case. The empty text if the value, section or file is missing or the file cannot be read.

@@ -15,8 +15,11 @@
 // under a user name of its own.
 namespace tests {
 
+// Another user for each test: the store remembers what it has read of an INI file.
+inline std::string scratchUser;
+
 inline std::string ScratchIniPath() {
-    return win::ExecutableFolder() + "\\scratch-user.ini";
+    return win::ExecutableFolder() + "\\" + scratchUser + ".ini";
 }
 
 // Keeps a file to itself, as a virus scanner or a backup does.
@@ -28,6 +31,8 @@ inline win::FileHandle HoldFile(const std::string& path) {
 class ScratchStore : public testing::TestWithParam<std::int16_t> {
   protected:
     void SetUp() override {
+        static int number = 0;
+        scratchUser = "scratch-user" + std::to_string(++number);
         Use(settings::kUseIniStore);
         settings::State() = settings::ProgramState();
         settings::State().programFolder = win::ExecutableFolder();
@@ -43,7 +48,7 @@ class ScratchStore : public testing::TestWithParam<std::int16_t> {
     }
     static void Use(std::int16_t store) {
         settings::UseIni = store;
-        settings::IniUserName = store == settings::kUseIniStore ? "scratch-user" : "";
+        settings::IniUserName = store == settings::kUseIniStore ? scratchUser : "";
     }
     // Watches a station of each code, called "Place" and its code.
     static void UseStations(const std::vector<std::string>& codes) {

@@ -46,6 +46,8 @@ std::vector<std::unique_ptr<RunningCycle>>& cycles =
     win::NeverDestroyed<std::vector<std::unique_ptr<RunningCycle>>>();
 
 bool askingForStation = false;
+UINT_PTR stepTimer = 0;    // while cycles run
+UINT_PTR unreadTimer = 0;  // while the station file cannot be read
 
 void OfferStationChoice() {
     askingForStation = true;
@@ -96,7 +98,7 @@ void EndCycle(const alerts::CycleOutcome& outcome, bool interactive, void (*when
 
 // Takes a step of the newest cycle. The open menu gets all input: neither a message box nor a new
 // menu item may come up from inside its loop.
-void CALLBACK ContinueCycle(HWND, UINT, UINT_PTR timer, DWORD) {
+void CALLBACK ContinueCycle(HWND, UINT, UINT_PTR, DWORD) {
     static bool isStepping = false;
     if (isStepping || IsTrayMenuOpen() || cycles.empty()) return;
     isStepping = true;
@@ -108,22 +110,34 @@ void CALLBACK ContinueCycle(HWND, UINT, UINT_PTR timer, DWORD) {
     const auto place = std::ranges::find(cycles, newest, &std::unique_ptr<RunningCycle>::get);
     const auto ended = std::move(*place);
     cycles.erase(place);
-    if (cycles.empty()) KillTimer(nullptr, timer);
+    if (cycles.empty()) KillTimer(nullptr, std::exchange(stepTimer, 0));
     EndCycle(*outcome, ended->interactive, ended->whenEnded);
 }
 
 void StartCycle(bool interactive, void (*whenEnded)()) {
     constexpr UINT stepMilliseconds = 10;
     cycles.emplace_back(new RunningCycle{{}, interactive, whenEnded});
-    if (cycles.size() == 1) SetTimer(nullptr, 0, stepMilliseconds, ContinueCycle);
+    if (!stepTimer) stepTimer = SetTimer(nullptr, 0, stepMilliseconds, ContinueCycle);
+}
+
+// Makes up for a retrieval that came while the station file could not be read.
+void CALLBACK RetrieveWhenRead(HWND, UINT, UINT_PTR, DWORD) {
+    if (IsTrayMenuOpen()) return;
+    LoadUnreadStations();
+    if (stations::IsStationListUnread() || !unreadTimer) return;
+    KillTimer(nullptr, std::exchange(unreadTimer, 0));
+    if (settings::State().stationCount > 0) StartCycle(false, nullptr);
 }
 
 }  // namespace
 
 void RetrieveAlerts(bool interactive, void (*whenEnded)()) {
     LoadUnreadStations();
-    if (settings::State().stationCount == 0 && stations::IsStationListUnread())
+    if (settings::State().stationCount == 0 && stations::IsStationListUnread()) {
+        constexpr UINT retryMilliseconds = 1000;
+        if (!unreadTimer) unreadTimer = SetTimer(nullptr, 0, retryMilliseconds, RetrieveWhenRead);
         return EndCycle({true, 0}, interactive, whenEnded);
+    }
     if (settings::State().stationCount == 0) {
         if (askingForStation) {  // one question is enough
             if (whenEnded) whenEnded();

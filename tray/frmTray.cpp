@@ -61,6 +61,7 @@ void OpenTrayMenu() {
     const int thisClick = ++clicks;
     SetForegroundWindow(window);
     win::PumpPendingMessages();
+    LoadUnreadStations();
     if (thisClick != clicks) return;  // a newer click has shown the menu meanwhile
     if (settings::State().newAlertIconShown) {
         RefreshTrayIconImage();
@@ -128,7 +129,7 @@ void OnTimer(Timer timer) {
 }
 
 void OnMenuClosed() {
-    BuildPostponedAlertsMenu();
+    BuildPostponedMenus();
     for (std::size_t i = 0; i < postponedTimers.size(); ++i)
         if (postponedTimers.test(i)) {
             postponedTimers.reset(i);

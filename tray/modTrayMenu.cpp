@@ -39,6 +39,7 @@ constexpr std::int16_t kMostAlertItems = 5000;
 bool popupOpen = false;
 bool clickedBeforeSetUp = false;
 bool rebuildWhenClosed = false;
+bool rebuildStationsWhenClosed = false;
 
 void Open(const std::string& address) {
     if (!address.empty()) win::OpenInBrowser(TrayWindow(), address);
@@ -141,6 +142,10 @@ void RemoveMenuSubclass() {
 }
 
 void BuildStationMenu() {
+    if (popupOpen) {
+        rebuildStationsWhenClosed = true;
+        return;
+    }
     while (RemoveMenu(StationMenuHandle, 0, MF_BYPOSITION)) win::PumpPendingMessages();
     AppendMenuA(StationMenuHandle, MF_STRING, kAddStation, "Add New Station...");
     const settings::ProgramState& state = settings::State();
@@ -163,12 +168,15 @@ void BuildAlertsMenu() {
         rebuildWhenClosed = true;
         return;
     }
-    const auto storedCount = settings::TryReadSetting(settings::kAlertCount);
-    if (!storedCount) return;  // unreadable alerts do not make the old ones go away
+    const auto stored = settings::ReadSection(settings::kAlerts);
+    if (!stored) return;                      // unreadable alerts do not make the old ones go away
+    if (popupOpen) return BuildAlertsMenu();  // reading let messages run
+    const auto& section = *stored;
     RemoveAlertItems();
-    const std::int16_t count = win::LeadingInt16(*storedCount);
+    const auto storedCount = section.find(win::AsciiLower(settings::kAlertCount.key));
+    const std::int16_t count =
+        storedCount == section.end() ? std::int16_t{0} : win::LeadingInt16(storedCount->second);
     if (count <= 0) return;
-    const auto section = settings::ReadSection(settings::kAlerts);
     AlertMenuMap.clear();
     std::string seenCaptions;
     std::vector<std::uint32_t> taken;
@@ -190,7 +198,8 @@ void BuildAlertsMenu() {
     if (AlertItemCount > 0) ShowNoAlertsItem(false);
 }
 
-void BuildPostponedAlertsMenu() {
+void BuildPostponedMenus() {
+    if (std::exchange(rebuildStationsWhenClosed, false)) BuildStationMenu();
     if (std::exchange(rebuildWhenClosed, false)) BuildAlertsMenu();
 }
 
@@ -201,7 +210,6 @@ bool IsTrayMenuOpen() {
 void ShowTrayMenu() {
     clickedBeforeSetUp = !TrayMenuHandle;
     if (popupOpen || clickedBeforeSetUp) return;
-    LoadUnreadStations();
     constexpr UINT noDefaultItem = static_cast<UINT>(-1);
     SetMenuDefaultItem(TrayMenuHandle, AlertItemCount > 0 ? noDefaultItem : mnuAlertsAvailable,
                        FALSE);

@@ -14,7 +14,8 @@ void SetUpTrayMenus();
 // Puts back the window procedure that SetUpTrayMenus replaced.
 void RemoveMenuSubclass();
 
-// Builds the station items from the station list. Lets messages run.
+// Builds the station items from the station list; postponed while the popup is open. Lets messages
+// run.
 void BuildStationMenu();
 
 // Loads the station list if its file could not be read so far, and shows it in the menus. Lets
@@ -24,8 +25,8 @@ void LoadUnreadStations();
 // Builds the alert items from the Alerts section; postponed while the popup is open.
 void BuildAlertsMenu();
 
-// Builds them if that was postponed.
-void BuildPostponedAlertsMenu();
+// Builds whatever was postponed.
+void BuildPostponedMenus();
 
 // Shows the popup at the cursor and returns when it is closed. Returns at once when it is open
 // already, and before SetUpTrayMenus, which then has it shown.

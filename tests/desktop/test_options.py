@@ -52,6 +52,7 @@ def test_each_way_opens_the_dialog_on_its_page(make_watcher, browser, way):
 
 def test_apply_in_the_middle_of_a_retrieval(make_watcher, feed, browser):
     feed.serve("66044", TORNADO)
+    feed.serve("064321")
     gate = feed.hold("66044")
     program = make_watcher(LAWRENCE, PARIS, options={"LastOption": "Stations"})
     program.start()
@@ -71,5 +72,6 @@ def test_apply_in_the_middle_of_a_retrieval(make_watcher, feed, browser):
     browser.wait_for(station_page("064321"))
     gate.set()
     wait_until(program.last_updated, "the cycle's end")
+    assert feed.codes() == ["66044", "064321"], "the shorter list made the cycle skip a station"
     assert program.answers()
     assert not message_boxes()

@@ -192,7 +192,7 @@ TEST_F(OptionsFormTest, LeavesAnUnreadStationFileAlone) {
                                frmOptions_Command5};
         for (const int button : buttons) EXPECT_FALSE(IsWindowEnabled(Find(dialog, button)));
         held.Reset();
-        PumpUntilEnabled(Find(dialog, buttons[0]));
+        PumpUntilEnabled([&] { return Find(dialog, buttons[0]); });
         for (const int button : buttons) EXPECT_TRUE(IsWindowEnabled(Find(dialog, button)));
         EXPECT_EQ(win::CountChoices({Find(dialog, frmOptions_Combo1), false}), 2);
         EXPECT_FALSE(CanApply(dialog));
@@ -210,13 +210,13 @@ TEST_F(OptionsFormTest, WaitsForUnreadSettings) {
     WriteSetting(kRetrieveAlertsOnStartup, "True");
     win::FileHandle held = tests::HoldFile(tests::ScratchIniPath());
     WithDialog([&](HWND dialog) {
-        const HWND page = GetParent(Find(dialog, frmOptions_Check4));
-        EXPECT_FALSE(IsWindowEnabled(page));
+        const auto page = [&] { return GetParent(Find(dialog, frmOptions_Check4)); };
+        EXPECT_FALSE(IsWindowEnabled(page()));
         Click(dialog, frmOptions_Check4);
         EXPECT_FALSE(CanApply(dialog));
         held.Reset();
         PumpUntilEnabled(page);
-        EXPECT_TRUE(win::IsChecked(page, frmOptions_Check4));
+        EXPECT_TRUE(win::IsChecked(page(), frmOptions_Check4));
     });
 }
 

@@ -101,8 +101,9 @@ inline void WithDialog(Act what) {
     ShowOptionsDialog();
 }
 
-inline void PumpUntilEnabled(HWND window) {
-    for (int i = 0; i < 50 && !IsWindowEnabled(window); ++i) win::PumpOrWait(100);
+template <class FindWindow>
+void PumpUntilEnabled(FindWindow find) {
+    for (int i = 0; i < 50 && !IsWindowEnabled(find()); ++i) win::PumpOrWait(100);
 }
 
 class OptionsFormTest : public tests::ScratchStore {
@@ -118,7 +119,7 @@ class OptionsFormTest : public tests::ScratchStore {
         ScratchStore::TearDown();
     }
     static std::map<std::string, std::string> Stored() {
-        return settings::ReadSection(settings::kOptions);
+        return *settings::ReadSection(settings::kOptions);
     }
 };
 
