@@ -1,0 +1,69 @@
+"""Reading feed documents and making them."""
+
+import copy
+import json
+import statistics
+import subprocess
+
+from places import PRODUCT, PROGRAMS, ROOT, SCRATCH, windows_path
+from report import compare, print_line
+
+
+def measure_parse(stopwatch, feed):
+    """The cost of one more alert between two lengths of document, so that what every document costs
+    (the XML library's start, reading and replacing the store) is not in it. By the minima: nothing
+    makes a run quicker than it is, and the differences are small beside a busy machine's delays."""
+    for store in ("ini", "registry"):
+        lines = subprocess.run(["wine", str(PROGRAMS / "parseBench.exe"), store], check=True,
+                               stdout=subprocess.PIPE, text=True).stdout.split("\n")
+        times = {}
+        for count, milliseconds in (line.split() for line in lines if line.strip()):
+            times.setdefault(int(count), []).append(1000 * float(milliseconds))
+        least = {count: min(t) for count, t in times.items()}
+
+        def slope(fewer, more):
+            return (least[more] - least[fewer]) / (more - fewer)
+
+        early, late = slope(10, 100), slope(100, 1000)
+        print_line(f"cost per alert, 100 to 1,000 ({store})", f"{late:.1f} us", f"{early:.1f} us (10 to 100)",
+                   f"{late / early:.2f}", "<= 1.2", late / early <= 1.2)
+        print("    whole documents, median (minimum), minimum per alert: " + "; ".join(
+            f"{count:,}: {statistics.median(t) / 1000:.2f} ({least[count] / 1000:.2f}) ms"
+            + (f", {least[count] / count:.0f} us" if count else "") for count, t in times.items()))
+
+
+def make_answer(count, size):
+    """An answer of the Weather Service with so many alerts in force, about so many bytes long, its features
+    made of recorded ones."""
+    recorded = json.loads((ROOT / "tests/downloader/recorded/alerts-with-test-8.json").read_bytes())
+    features = []
+    for number in range(count):
+        feature = copy.deepcopy(recorded["features"][1 + number % 7])
+        feature["properties"].update(id=f"urn:oid:{number}", ends="2999-01-01T00:00:00+00:00", references=[])
+        feature["properties"]["parameters"]["VTEC"] = [
+            f"/O.NEW.KTOP.TO.W.{number:04}.260715T1700Z-260715T2100Z/"]
+        features.append(feature)
+    answer = {**recorded, "features": features}
+    missing = (size - len(json.dumps(answer))) // count
+    for feature in features:
+        text = feature["properties"]["description"]
+        feature["properties"]["description"] = (text + text[:60] * 100)[:max(len(text) + missing, 0)]
+    return json.dumps(answer).encode()
+
+
+def measure_live(stopwatch, feed):
+    """The live source's longest answer to the finished document, against parsing its JSON alone, and the
+    memory it takes beside the answer."""
+    file = SCRATCH / "alerts.json"
+    file.write_bytes(make_answer(529, 1_700_000))
+    *rounds, memory, look_up = subprocess.run(
+        ["wine", str(PROGRAMS / "nwsBench.exe"), windows_path(file), windows_path(PRODUCT / "places.dat")],
+        check=True, stdout=subprocess.PIPE, text=True).stdout.strip().split("\n")
+    made, parsed = zip(*(map(float, line.split()) for line in rounds))
+    compare("live: 529 alerts, 1.7 MB, to the document", made, parsed, "ms", 3)
+    size, peak = map(int, memory.split())
+    peak += size  # the answer itself
+    print_line("live: memory for it", f"{peak / 1e6:.2f} MB", f"{size / 1e6:.2f} MB", f"{peak / size:.2f}", "<= 8",
+               peak <= 8 * size)
+    print_line("live: slowest of the look-ups of a place", f"{float(look_up):.2f} ms", "", "", "<= 5 ms",
+               float(look_up) <= 5)
