@@ -115,7 +115,7 @@ void CALLBACK ContinueCycle(HWND, UINT, UINT_PTR, DWORD) {
 }
 
 void StartCycle(bool interactive, void (*whenEnded)()) {
-    constexpr UINT stepMilliseconds = 10;
+    constexpr UINT stepMilliseconds = 15;
     cycles.emplace_back(new RunningCycle{{}, interactive, whenEnded});
     if (!stepTimer) stepTimer = SetTimer(nullptr, 0, stepMilliseconds, ContinueCycle);
 }
