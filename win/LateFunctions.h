@@ -14,10 +14,12 @@
 // linked with them, so a call without `win::late::` is an error of the linker.
 namespace win::late {
 
+// NOLINTBEGIN(bugprone-macro-parentheses): the argument is a name
 #define LATE_FUNCTION(library, function)                           \
     inline constinit LateFunction<decltype(::function)> function { \
         library, #function                                         \
     }
+// NOLINTEND(bugprone-macro-parentheses)
 
 LATE_FUNCTION("comctl32.dll", ImageList_Create);
 LATE_FUNCTION("comctl32.dll", ImageList_Destroy);
