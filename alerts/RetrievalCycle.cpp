@@ -25,18 +25,17 @@ RetrievalCycle::RetrievalCycle() {
 }
 
 std::optional<CycleOutcome> RetrievalCycle::Continue() {
-    if (reader_) {
-        if (!reader_->ReadSome()) return std::nullopt;
-        std::ranges::copy(reader_->Identifiers(), std::back_inserter(identifiers_));
-        reader_.reset();
-        download_.reset();
-        done_.append(",").append(code_);
-    }
     if (!download_ && !StartNextStation()) return End(false);
     if (!download_->IsDone()) return std::nullopt;
     if (!download_->Succeeded()) return End(true);
-    reader_.emplace(download_->DataFile(), code_);
-    return std::nullopt;
+    if (!reader_) reader_.emplace(download_->DataFile(), code_);
+    if (!reader_->ReadSome()) return std::nullopt;
+    std::ranges::copy(reader_->Identifiers(), std::back_inserter(identifiers_));
+    reader_.reset();
+    download_.reset();
+    done_.append(",").append(code_);
+    if (StartNextStation()) return std::nullopt;
+    return End(false);
 }
 
 // Starts the download of the first station whose code this cycle has not fetched yet; false when

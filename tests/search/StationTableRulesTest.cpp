@@ -82,12 +82,6 @@ TEST(StationTableRules, ShortensBracketedNames) {
     EXPECT_FALSE(ReadStations({empty, Plain("2")}));
 }
 
-TEST(StationTableRules, KeepsZipCodesAndMarksCityCodes) {
-    const auto table = ReadStations({Plain("1"), {{"city-code", "64321"}}});
-    ASSERT_TRUE(table);
-    EXPECT_EQ(Column(table->codes), "02134/064321");
-}
-
 TEST(StationTableRules, FailsWithoutAColumn) {
     EXPECT_FALSE(ReadStations({}));
     EXPECT_TRUE(ReadStations({Plain("1")}));
@@ -107,9 +101,12 @@ TEST(StationTableRules, FailsWithoutAColumn) {
 }
 
 TEST(StationTableRules, ListsByPlace) {
-    const auto table = ReadStations(
-        {Plain("1"), Station("2", {{"city", "B"}, {"state", "MO"}, {"station-type", "NWS"}})});
+    const auto table =
+        ReadStations({Plain("1"),
+                      Station("2", {{"city", "B"}, {"state", "MO"}, {"station-type", "NWS"}}),
+                      {{"city-code", "64321"}}});
     ASSERT_TRUE(table);
+    EXPECT_EQ(Column(table->codes), "02134/02134/064321");
     const auto byZip = *ListRows(*table, true);
     EXPECT_EQ(byZip[0].icon, kWeatherBugIcon);
     EXPECT_EQ(byZip[1].icon, kOtherStationIcon);
