@@ -85,24 +85,19 @@ def test_odd_but_well_formed_documents(make_watcher, feed):
     assert set(program.store.sections()) == {"Hosts", "Options", "Misc", "Alerts"}
 
 
-def test_five_thousand_alerts(make_watcher, feed):
+def test_many_alerts_and_elements_of_sixteen_mebibytes(make_watcher, feed):
+    huge = "x" * (16 * MIB - 2000)
     feed.serve("66044", *((str(n), f"Alert {n:05}", "body " * 20) for n in range(5000)))
-    program = make_watcher(LAWRENCE, options=AT_START)
+    feed.serve("1", (huge, *TORNADO[1:]))
+    feed.serve("2", (*TORNADO[:2], huge))
+    feed.serve("064321", FLOOD)
+    program = make_watcher(LAWRENCE, ("One", "1"), ("Two", "2"), PARIS, options=AT_START)
     run_cycle(program, 60)
     alerts = program.store.alerts()
-    assert len(alerts) == 5000 and alerts[4999][:2] == ("4999", "Alert 04999")
+    assert len(alerts) == 5003 and alerts[4999][:2] == ("4999", "Alert 04999")
+    assert alerts[-1] == ("102", "Flood Watch", "064321", "Flooding is possible.")
     program.click_icon(RIGHT)
     wait_until(open_menus, "the popup menu")
-
-
-@pytest.mark.parametrize("element", ["id", "html-msg-body"])
-def test_one_element_of_sixteen_mebibytes(make_watcher, feed, element):
-    alert = dict(zip(("id", "title", "html-msg-body"), TORNADO), **{element: "x" * (16 * MIB - 2000)})
-    feed.serve("66044", tuple(alert.values()))
-    feed.serve("064321", FLOOD)
-    program = make_watcher(LAWRENCE, PARIS, options=AT_START)
-    run_cycle(program, 60)
-    assert program.store.alerts()[-1] == ("102", "Flood Watch", "064321", "Flooding is possible.")
 
 
 @pytest.mark.parametrize("registry", [False, True], ids=["ini", "registry"])

@@ -163,6 +163,9 @@ def test_filters(make_watcher, feed):
         seen += [number for number in kept if number not in seen]
         assert program.store.read("Misc", "OldAlerts") == "¦".join(seen)
         program.wait_for_picture("new alerts" if seen else "normal")
+    for before, after in [("32767", "32767"), ("many", "4")]:
+        program.run_quiet_cycle(Alerts={"Count": before})
+        assert program.store.read("Alerts", "Count") == after
 
 
 NO_STATION = ("Before attempting to retrieve the alert information, you must\r\n"

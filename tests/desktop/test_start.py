@@ -22,8 +22,10 @@ FIRST_TIME = ("It looks like this is your first time using Skyvane Alerts.\r\n\r
 @pytest.mark.parametrize("registry", [False, True], ids=["ini", "registry"])
 def test_first_start_asks_once_and_leaves_its_marks(make_program, app_data_folder, tmp_path, registry):
     program = make_program(registry)
-    (program.folder / "HTML").mkdir(exist_ok=True)
-    (program.folder / "HTML" / "page.txt").write_text("page")
+    page = program.folder / "HTML" / "folder" / "page.txt"
+    page.parent.mkdir(parents=True)
+    page.write_text("page")
+    page.chmod(0o444)
     program.start()
     question = wait_for_message_box()
     assert question.text == FIRST_TIME
@@ -33,12 +35,15 @@ def test_first_start_asks_once_and_leaves_its_marks(make_program, app_data_folde
         "useini": str(not registry), "version": "1.0.2", "runs": "1"}
     sounds = {file.name for file in (program.folder / "Sounds").iterdir()}
     assert {file.name for file in (app_data_folder / "Sounds").iterdir()} == sounds != set()
-    assert (app_data_folder / "HTML" / "page.txt").exists()
+    own_page = app_data_folder / "HTML" / "folder" / "page.txt"
+    assert own_page.read_text() == "page"
     assert program.tooltip() == "Skyvane Alerts"
     choose(program, "Exit")
     assert program.wait_for_end() == 0
 
     # An upgrade: its files are newer than the copies.
+    page.unlink()
+    own_page.chmod(0o444)
     own_sound, foreign = app_data_folder / "Sounds" / "My own.wav", tmp_path / "foreign"
     own_sound.write_text("a person's")
     foreign.mkdir()
@@ -48,23 +53,9 @@ def test_first_start_asks_once_and_leaves_its_marks(make_program, app_data_folde
         os.utime(program.folder / name, (time.time() + 100,) * 2)
     program.start()
     wait_until(lambda: program.store.read("Misc", "Runs") == "2", "the run is counted")
-    assert own_sound.exists() and (foreign / "file.txt").exists()
+    assert own_sound.exists() and not own_page.exists() and (foreign / "file.txt").exists()
     choose(program, "Exit")
     assert program.wait_for_end() == 0  # no question stood in the way
-
-
-def test_own_user_names_ini_file_and_data_folder(make_watcher, feed):
-    feed.serve("66044", TORNADO)
-    program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
-    user = user_name()
-    program.store.path.rename(program.folder / f"{user}.ini")
-    (program.folder / "Users" / "Default").rename(program.folder / "Users" / user)
-    program.store = IniStore(program.folder / f"{user}.ini")
-    program.arguments = ["-i"]
-    program.start()
-    wait_until(program.last_updated, "the cycle's end")
-    assert [alert[0] for alert in program.store.alerts()] == ["101"]
-    assert not (program.folder / "Default.ini").exists()
 
 
 def test_start_loads_no_library_that_is_needed_later(make_watcher):
@@ -178,12 +169,19 @@ def test_minute_lasts_a_minute(make_watcher, feed):
     assert time.monotonic() - began > 55
 
 
-def test_delayed_first_retrieval(make_watcher, feed):
+def test_own_user_and_delayed_first_retrieval(make_watcher, feed):
     feed.serve("66044", TORNADO)
     program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True",
                                               "Pause30SecondsOnStartup": "True"})
+    user = user_name()
+    program.store.path.rename(program.folder / f"{user}.ini")
+    program.data_folder().rename(program.data_folder(user))
+    program.store = IniStore(program.folder / f"{user}.ini")
+    program.arguments = ["-i"]
     program.start()
     assert program.answers() and feed.paths() == []
     program.post(WM_TIMER, RETRIEVER_DELAY_TIMER)  # the thirty seconds are over
     program.wait_for_picture("new alerts")
     assert not message_boxes()
+    assert [alert[0] for alert in program.store.alerts()] == ["101"]
+    assert not (program.folder / "Default.ini").exists()
