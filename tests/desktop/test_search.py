@@ -160,6 +160,7 @@ def test_closing_in_the_middle_of_a_wait(program, feed, temp_folder):
     held.gate.set()
 
     Dialog(OPTIONS).click("Add Station...")
+    wait_until(search.is_open, "the search opens")
     search.search("10007", "6 weather station(s) found.")
     search.press("Escape")
     search.wait_until_closed()
