@@ -18,6 +18,10 @@ export WINEPREFIX=${WINEPREFIX:-$root/build/wine} WINEARCH=win32 WINEDEBUG=${WIN
 export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="
 # Wine takes its user interface language and the code page of file names from here.
 export LC_ALL=C.UTF-8
+# Some releases keep Wine's server off the search path when only the 32-bit Wine is installed.
+if ! command -v wineserver >/dev/null; then
+    for server in /usr/lib/*/wine/wineserver; do PATH=$PATH:${server%/*}; done
+fi
 started=()
 
 finish() {
