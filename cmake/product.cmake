@@ -2,16 +2,15 @@
 # program folder is.
 set(productDir ${CMAKE_BINARY_DIR}/product)
 
-list(REMOVE_ITEM windowsFiles ${CMAKE_SOURCE_DIR}/win/Terminate.cpp)
-add_library(program STATIC ${windowsFiles})
+add_library(program STATIC ${programSources})
 # All that a program needs at its start; win/LateFunctions.h has what is loaded later.
-target_link_libraries(program PUBLIC rules shell32 advapi32 user32 gdi32 uuid)
+target_link_libraries(program PUBLIC portable shell32 advapi32 user32 gdi32 uuid)
 
-add_executable(SVAlerts WIN32 ${appFiles} app/SVAlerts.rc win/Terminate.cpp)
+add_executable(SVAlerts WIN32 ${appSources} app/SVAlerts.rc win/Terminate.cpp)
 target_link_libraries(SVAlerts PRIVATE program)
 
-add_library(fetch STATIC ${downloaderFiles})
-target_link_libraries(fetch PUBLIC rules program winhttp ntdll)
+add_library(fetch STATIC ${fetchSources})
+target_link_libraries(fetch PUBLIC portable program winhttp ntdll)
 
 add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc downloader/LeanLibrary.cpp
   win/Terminate.cpp)
@@ -25,7 +24,7 @@ set_source_files_properties(app/SVAlerts.rc downloader/dl.rc PROPERTIES OBJECT_D
 foreach(target SVAlerts dl)
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${productDir})
   target_link_options(${target} PRIVATE -s)
-  target_link_libraries(${target} PRIVATE houseRules)
+  target_link_libraries(${target} PRIVATE compileOptions)
 endforeach()
 
 set(helpPage ${productDir}/Help.html)

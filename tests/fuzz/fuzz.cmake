@@ -1,14 +1,15 @@
-# Each *Fuzz.cpp is a fuzzer over the rules; tools/fuzz lets them run. Here they only go once through
+# Each *Fuzz.cpp is a fuzzer of the portable files; tools/fuzz lets them run. Here they only go once through
 # the inputs that lie in the folder of the same name.
-get_target_property(fuzzedFiles rules SOURCES)
-add_library(fuzzedRules STATIC EXCLUDE_FROM_ALL ${fuzzedFiles})
-target_link_libraries(fuzzedRules PUBLIC houseRules)
-target_compile_options(fuzzedRules PUBLIC -fsanitize=fuzzer-no-link)
+get_target_property(fuzzedFiles portable SOURCES)
+list(TRANSFORM fuzzedFiles PREPEND ${CMAKE_SOURCE_DIR}/)
+add_library(fuzzedSources STATIC EXCLUDE_FROM_ALL ${fuzzedFiles})
+target_link_libraries(fuzzedSources PUBLIC compileOptions)
+target_compile_options(fuzzedSources PUBLIC -fsanitize=fuzzer-no-link)
 file(GLOB fuzzers CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/*Fuzz.cpp)
 foreach(fuzzer ${fuzzers})
   get_filename_component(name ${fuzzer} NAME_WE)
   add_executable(${name} ${fuzzer})
-  target_link_libraries(${name} PRIVATE fuzzedRules)
+  target_link_libraries(${name} PRIVATE fuzzedSources)
   target_link_options(${name} PRIVATE -fsanitize=fuzzer)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/fuzz)
   add_test(NAME ${name} COMMAND ${name} -runs=0 ${CMAKE_CURRENT_LIST_DIR}/${name})

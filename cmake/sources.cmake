@@ -1,0 +1,59 @@
+# The files without Windows code: they include no Windows header, and are therefore built for the host
+# too, where the sanitizers and the fuzzers run them. A test is portable when the file that it is named
+# for is: tests/alerts/WordFilterTest.cpp for alerts/WordFilter.cpp.
+set(portableSources
+  alerts/AlertFeedRules.cpp
+  alerts/VersionRules.cpp
+  app/StartupRules.cpp
+  downloader/ArgumentRules.cpp
+  downloader/BodyRules.cpp
+  downloader/CacheRules.cpp
+  downloader/HashRules.cpp
+  downloader/NwsAlertsRules.cpp
+  downloader/NwsJsonRules.cpp
+  downloader/NwsMessageRules.cpp
+  downloader/NwsPlacesRules.cpp
+  downloader/NwsRequestRules.cpp
+  downloader/NwsStationsRules.cpp
+  downloader/NwsTimeRules.cpp
+  downloader/NwsVtecRules.cpp
+  downloader/NwsXmlRules.cpp
+  downloader/ProxyRules.cpp
+  downloader/UrlRules.cpp
+  options/OptionsRules.cpp
+  search/LocationTableRules.cpp
+  search/MapKeyRules.cpp
+  search/MapPageRules.cpp
+  search/SearchRequestRules.cpp
+  search/StationTableRules.cpp
+  settings/IniTextRules.cpp
+  settings/ScrambleRules.cpp
+  stations/StationLineRules.cpp
+  tray/ClockRules.cpp
+  tray/TrayMenuRules.cpp
+  win/CommandLineRules.cpp
+  win/TextRules.cpp
+  win/XmlGuardRules.cpp
+)
+
+# All other sources. Test files and sources in any folder below are picked up automatically.
+set(programFolders win settings stations alerts tray options search)
+foreach(folder ${programFolders})
+  file(GLOB_RECURSE folderSources RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS ${folder}/*.cpp)
+  list(APPEND programSources ${folderSources})
+endforeach()
+file(GLOB_RECURSE fetchSources RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS downloader/*.cpp)
+file(GLOB appSources RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS app/*.cpp)
+list(REMOVE_ITEM programSources ${portableSources} win/Terminate.cpp)
+list(REMOVE_ITEM fetchSources ${portableSources} downloader/main.cpp downloader/LeanLibrary.cpp)
+list(REMOVE_ITEM appSources ${portableSources})
+
+file(GLOB_RECURSE testSources RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS tests/*Test.cpp)
+foreach(test ${testSources})
+  string(REGEX REPLACE "^tests/(.*)Test\\.cpp$" "\\1.cpp" tested ${test})
+  if(tested IN_LIST portableSources)
+    list(APPEND portableTests ${CMAKE_SOURCE_DIR}/${test})
+  else()
+    list(APPEND windowsTests ${CMAKE_SOURCE_DIR}/${test})
+  endif()
+endforeach()
