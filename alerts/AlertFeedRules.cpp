@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <set>
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace alerts {
 

@@ -6,8 +6,8 @@
 
 #include "alerts/AlertFeedRules.h"
 #include "settings/IniOpenSave.h"
+#include "win/CodePage.h"
 #include "win/Text.h"
-#include "win/TextRules.h"
 
 namespace alerts {
 namespace {

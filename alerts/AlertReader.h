@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "settings/IniTextRules.h"
+#include "settings/IniText.h"
 #include "win/XmlDocument.h"
 
 // Reading one station's feed of active alerts.

@@ -7,9 +7,9 @@
 #include "settings/Hosts.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
-#include "stations/StationLineRules.h"
+#include "stations/StationLine.h"
 #include "stations/StationList.h"
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 namespace alerts {
 namespace {

@@ -16,17 +16,17 @@ namespace alerts {
 namespace {
 
 void TellFailure() {
-    win::Tell(nullptr,
-              "The attempt to check for an updated version of Skyvane Alerts failed!\r\n\r\n"
-              "Please visit " +
-                  settings::MakerHost() + " to check for a new version.",
-              MB_ICONEXCLAMATION);
+    win::ShowMessage(nullptr,
+                     "The attempt to check for an updated version of Skyvane Alerts failed!\r\n\r\n"
+                     "Please visit " +
+                         settings::MakerHost() + " to check for a new version.",
+                     MB_ICONEXCLAMATION);
 }
 
 void OfferDownload(HWND owner, const std::string& version, bool interactive) {
     if (!interactive && settings::ReadSetting(settings::kCheckVersion) == version) return;
     settings::WriteSetting(settings::kCheckVersion, version);
-    if (win::Ask(
+    if (win::Confirm(
             nullptr,
             "Skyvane Alerts v" + version + " is available!  Would you like to download it now?",
             MB_ICONINFORMATION))
@@ -60,8 +60,8 @@ void Check(HWND owner, bool interactive) {
     if (IsNewerVersion(offered, settings::ReadSetting(settings::kVersion)))
         OfferDownload(owner, offered, interactive);
     else if (interactive)
-        win::Tell(nullptr, "You are using the latest version of Skyvane Alerts.",
-                  MB_ICONINFORMATION);
+        win::ShowMessage(nullptr, "You are using the latest version of Skyvane Alerts.",
+                         MB_ICONINFORMATION);
 }
 
 }  // namespace

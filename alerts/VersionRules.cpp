@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace alerts {
 namespace {

@@ -7,7 +7,7 @@
 #include "settings/ProgramState.h"
 #include "win/Files.h"
 #include "win/Messages.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 #include "win/modRandomFile.h"
 #include "win/modTimeout.h"
 #include "win/NeverDestroyed.h"

@@ -19,7 +19,7 @@
 #include "win/Files.h"
 #include "win/Messages.h"
 #include "win/NamedMutex.h"
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 namespace app {
 namespace {
@@ -91,10 +91,10 @@ void CountRun() {
         return;
     }
     WriteSetting(kRuns, "1");
-    if (win::Ask(nullptr,
-                 "It looks like this is your first time using Skyvane Alerts.\r\n\r\n"
-                 "Would you like to set up the Options now?",
-                 MB_ICONINFORMATION))
+    if (win::Confirm(nullptr,
+                     "It looks like this is your first time using Skyvane Alerts.\r\n\r\n"
+                     "Would you like to set up the Options now?",
+                     MB_ICONINFORMATION))
         tray::ShowOptions();
 }
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace app {
 

@@ -4,7 +4,7 @@
 #include "settings/ProgramState.h"
 #include "tray/TrayCommands.h"
 #include "tray/frmTray.h"
-#include "win/CommandLineRules.h"
+#include "win/CommandLine.h"
 #include "win/Hardening.h"
 #include "win/NamedMutex.h"
 #include "win/NeverDestroyed.h"

@@ -10,10 +10,10 @@
 #include "options/frmOptions.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
-#include "stations/StationLineRules.h"
+#include "stations/StationLine.h"
 #include "stations/StationList.h"
 #include "win/Files.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace {
 

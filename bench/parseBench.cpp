@@ -12,7 +12,7 @@
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "win/Files.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace {
 

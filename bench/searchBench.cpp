@@ -17,7 +17,7 @@
 #include "win/Files.h"
 #include "win/LateFunctions.h"
 #include "win/ListView.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 #include "win/XmlDocument.h"
 
 namespace {

@@ -16,7 +16,7 @@
 #include "tests/TrayIconWindow.h"
 #include "win/Files.h"
 #include "win/Handle.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace {
 

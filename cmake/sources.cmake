@@ -26,14 +26,14 @@ set(portableSources
   search/MapPageRules.cpp
   search/SearchRequestRules.cpp
   search/StationTableRules.cpp
-  settings/IniTextRules.cpp
-  settings/ScrambleRules.cpp
-  stations/StationLineRules.cpp
+  settings/IniText.cpp
+  settings/Scramble.cpp
+  stations/StationLine.cpp
   tray/ClockRules.cpp
   tray/TrayMenuRules.cpp
-  win/CommandLineRules.cpp
-  win/TextRules.cpp
-  win/XmlGuardRules.cpp
+  win/CommandLine.cpp
+  win/Text.cpp
+  win/XmlGuard.cpp
 )
 
 # All other sources. Test files and sources in any folder below are picked up automatically.

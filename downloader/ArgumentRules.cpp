@@ -1,7 +1,7 @@
 #include "downloader/ArgumentRules.h"
 
 #include "downloader/StatusCodes.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace downloader {
 namespace {

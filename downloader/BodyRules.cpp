@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace downloader {
 

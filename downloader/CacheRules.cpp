@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "downloader/HashRules.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace downloader {
 namespace {

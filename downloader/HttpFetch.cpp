@@ -11,8 +11,8 @@
 #include "downloader/UrlRules.h"
 #include "settings/Hosts.h"
 #include "settings/Version.h"
+#include "win/CodePage.h"
 #include "win/Text.h"
-#include "win/TextRules.h"
 
 namespace downloader {
 namespace {

@@ -12,7 +12,7 @@
 #include "downloader/NwsStationsRules.h"
 #include "downloader/StatusCodes.h"
 #include "win/Files.h"
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 namespace downloader {
 namespace {

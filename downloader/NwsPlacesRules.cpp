@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace downloader {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "downloader/UrlRules.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace downloader {
 namespace {

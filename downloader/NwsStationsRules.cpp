@@ -5,7 +5,7 @@
 
 #include "downloader/NwsJsonRules.h"
 #include "downloader/NwsXmlRules.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace downloader {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace downloader {
 namespace {

@@ -2,8 +2,8 @@
 
 #include "downloader/Internet.h"
 #include "downloader/ProxyRules.h"
-#include "settings/ProxySettings.h"
-#include "win/Text.h"
+#include "settings/ProxyLogin.h"
+#include "win/CodePage.h"
 
 namespace downloader {
 namespace {

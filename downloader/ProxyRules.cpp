@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace downloader {
 namespace {

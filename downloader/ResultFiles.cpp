@@ -9,7 +9,7 @@
 #include "win/Files.h"
 #include "win/Handle.h"
 #include "win/NeverDestroyed.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace downloader {
 namespace {

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "downloader/StatusCodes.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace downloader {
 namespace {

@@ -7,9 +7,9 @@
 #include "downloader/Sources.h"
 #include "downloader/StatusCodes.h"
 #include "settings/IniOpenSave.h"
-#include "win/CommandLineRules.h"
+#include "win/CommandLine.h"
 #include "win/Hardening.h"
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 // dl.exe URL|data file|status file: fetches the URL, with no window and no question asked.
 namespace downloader {

@@ -4,11 +4,11 @@
 #include "options/Pages.h"
 #include "options/resource.h"
 #include "settings/IniOpenSave.h"
-#include "win/Choice.h"
+#include "win/ListItems.h"
 #include "win/Dialog.h"
 #include "win/Messages.h"
 #include "win/TextMeter.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace options {
 
@@ -16,7 +16,7 @@ using namespace settings;
 
 namespace {
 
-win::ChoiceControl List2(HWND page) {
+win::ListControl List2(HWND page) {
     return win::ListBox(page, frmOptions_List2);
 }
 
@@ -30,17 +30,17 @@ bool IsShowOnlyStored() {
 
 // Makes room to scroll to the end of the longest phrase.
 void FitScrollRange(HWND page) {
-    const win::ChoiceControl list = List2(page);
+    const win::ListControl list = List2(page);
     const win::TextMeter meter(list.window);
     int widest = 0;
-    for (int i = 0; i < win::CountChoices(list); ++i)
-        widest = std::max(widest, meter.Width(win::ChoiceText(list, i) + "  "));
+    for (int i = 0; i < win::CountItems(list); ++i)
+        widest = std::max(widest, meter.Width(win::ItemText(list, i) + "  "));
     SendMessageA(list.window, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
 }
 
 void ShowListChange(HWND page) {
     FitScrollRange(page);
-    win::EnableControl(page, frmOptions_Command10, win::CountChoices(List2(page)) > 0);
+    win::EnableControl(page, frmOptions_Command10, win::CountItems(List2(page)) > 0);
 }
 
 void Command9_Click(HWND page) {
@@ -49,20 +49,20 @@ void Command9_Click(HWND page) {
     if (word.empty()) return;
     MarkChanged(Page::AlertFilters);
     const std::string entry = QuotedWord(word);
-    if (win::FindChoice(List2(page), entry) < 0) win::AddChoice(List2(page), entry);
+    if (win::FindItem(List2(page), entry) < 0) win::AddItem(List2(page), entry);
     win::SetControlText(page, frmOptions_Text3, "");
     ShowListChange(page);
     SetFocus(GetDlgItem(page, frmOptions_Text3));
 }
 
 void Command10_Click(HWND page) {
-    if (!win::Ask(GetParent(page),
-                  "Are you sure you want to remove the selected word(s)/phrase(s)?", 0))
+    if (!win::Confirm(GetParent(page),
+                      "Are you sure you want to remove the selected word(s)/phrase(s)?", 0))
         return;
-    const win::ChoiceControl list = List2(page);
-    for (int i = win::CountChoices(list) - 1; i >= 0; --i)
+    const win::ListControl list = List2(page);
+    for (int i = win::CountItems(list) - 1; i >= 0; --i)
         if (SendMessageA(list.window, LB_GETSEL, static_cast<WPARAM>(i), 0) > 0)
-            win::RemoveChoice(list, i);
+            win::RemoveItem(list, i);
     MarkChanged(Page::AlertFilters);
     ShowListChange(page);
 }
@@ -101,10 +101,10 @@ INT_PTR CALLBACK AlertFiltersProcedure(HWND page, UINT message, WPARAM wParam, L
 }
 
 void LoadAlertFilters(HWND page) {
-    const win::ChoiceControl list = List2(page);
+    const win::ListControl list = List2(page);
     SendMessageA(list.window, WM_SETREDRAW, FALSE, 0);
     for (const std::string& word : win::Split(ReadSetting(kAlertFilters), kFilterSeparator))
-        win::AddChoice(list, QuotedWord(word));
+        win::AddItem(list, QuotedWord(word));
     SendMessageA(list.window, WM_SETREDRAW, TRUE, 0);
     ShowListChange(page);
     CheckRadioButton(page, frmOptions_Option6, frmOptions_OptionIgnore,
@@ -112,10 +112,10 @@ void LoadAlertFilters(HWND page) {
 }
 
 void ApplyAlertFilters(HWND page) {
-    const win::ChoiceControl list = List2(page);
+    const win::ListControl list = List2(page);
     std::vector<std::string> entries;
-    entries.reserve(static_cast<std::size_t>(win::CountChoices(list)));
-    for (int i = 0; i < win::CountChoices(list); ++i) entries.push_back(win::ChoiceText(list, i));
+    entries.reserve(static_cast<std::size_t>(win::CountItems(list)));
+    for (int i = 0; i < win::CountItems(list); ++i) entries.push_back(win::ItemText(list, i));
     WriteSetting(kAlertFilters, JoinFilterWords(entries));
     WriteSetting(kShowFilteredWords, BooleanText(ShowsOnly(page)));
 }

@@ -5,7 +5,7 @@
 #include "settings/ProgramState.h"
 #include "settings/modRegistry.h"
 #include "tray/MinuteClock.h"
-#include "win/Choice.h"
+#include "win/ListItems.h"
 #include "win/Dialog.h"
 
 namespace options {
@@ -62,11 +62,10 @@ void LoadGeneral(HWND page) {
     storeLocationChanged = false;
     for (const CheckSetting& check : kChecks)
         win::SetChecked(page, check.control, IsTrue(ReadSetting(check.setting)));
-    const win::ChoiceControl combo = win::ComboBox(page, frmOptions_Combo2);
-    for (const Interval& interval : kIntervals)
-        win::AddChoice(combo, std::string(interval.caption));
-    win::SelectChoice(combo, win::FindChoice(combo, ValueOr(ReadSetting(kAutoUpdateInterval),
-                                                            State().autoUpdateInterval)));
+    const win::ListControl combo = win::ComboBox(page, frmOptions_Combo2);
+    for (const Interval& interval : kIntervals) win::AddItem(combo, std::string(interval.caption));
+    win::SelectItem(combo, win::FindItem(combo, ValueOr(ReadSetting(kAutoUpdateInterval),
+                                                        State().autoUpdateInterval)));
 }
 
 void ApplyGeneral(HWND page) {
@@ -74,8 +73,8 @@ void ApplyGeneral(HWND page) {
         WriteSetting(check.setting, BooleanText(win::IsChecked(page, check.control)));
     ApplyStartWithWindows(win::IsChecked(page, frmOptions_Check3));
     ChooseDataFolder(win::IsChecked(page, frmOptions_Check28));
-    const win::ChoiceControl combo = win::ComboBox(page, frmOptions_Combo2);
-    ApplyInterval(win::ChoiceText(combo, win::SelectedChoice(combo)));
+    const win::ListControl combo = win::ComboBox(page, frmOptions_Combo2);
+    ApplyInterval(win::ItemText(combo, win::SelectedItem(combo)));
     MakeDataFolder();
 }
 

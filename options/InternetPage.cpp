@@ -1,7 +1,7 @@
 #include "options/Pages.h"
 #include "options/resource.h"
 #include "settings/IniOpenSave.h"
-#include "settings/ProxySettings.h"
+#include "settings/ProxyLogin.h"
 #include "win/Dialog.h"
 
 namespace options {

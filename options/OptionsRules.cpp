@@ -1,8 +1,8 @@
 #include "options/OptionsRules.h"
 
-#include "settings/Catalogue.h"
-#include "stations/StationLineRules.h"
-#include "win/TextRules.h"
+#include "settings/SettingKeys.h"
+#include "stations/StationLine.h"
+#include "win/Text.h"
 
 namespace options {
 

@@ -6,10 +6,10 @@
 #include "options/Pages.h"
 #include "options/resource.h"
 #include "search/frmSearch.h"
-#include "stations/StationLineRules.h"
+#include "stations/StationLine.h"
 #include "stations/StationList.h"
 #include "tray/modTrayMenu.h"
-#include "win/Choice.h"
+#include "win/ListItems.h"
 #include "win/Dialog.h"
 #include "win/Messages.h"
 #include "win/NeverDestroyed.h"
@@ -24,7 +24,7 @@ bool isRead = false;
 // The whole lines behind the entries of Combo1, which shows their display texts.
 std::vector<std::string>& lines = win::NeverDestroyed<std::vector<std::string>>();
 
-win::ChoiceControl Combo1(HWND page) {
+win::ListControl Combo1(HWND page) {
     return win::ComboBox(page, frmOptions_Combo1);
 }
 
@@ -35,20 +35,20 @@ void EnableStationButtons(HWND page) {
 }
 
 void ShowLines(HWND page, int selected) {
-    const win::ChoiceControl combo = Combo1(page);
+    const win::ListControl combo = Combo1(page);
     SendMessageA(combo.window, WM_SETREDRAW, FALSE, 0);
-    win::ClearChoices(combo);
+    win::ClearItems(combo);
     for (const std::string& line : lines)
-        win::AddChoice(combo, std::string(stations::DisplayText(line)));
+        win::AddItem(combo, std::string(stations::DisplayText(line)));
     SendMessageA(combo.window, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(combo.window, nullptr, TRUE);
-    win::SelectChoice(combo, selected);
+    win::SelectItem(combo, selected);
     EnableStationButtons(page);
 }
 
 // The index of the selected line, or the count of lines when none is selected.
 std::size_t Selected(HWND page) {
-    const int index = win::SelectedChoice(Combo1(page));
+    const int index = win::SelectedItem(Combo1(page));
     return index < 0 ? lines.size() : static_cast<std::size_t>(index);
 }
 
@@ -81,15 +81,15 @@ void Command23_Click(HWND page) {
 void Command7_Click(HWND page) {
     const std::size_t selected = Selected(page);
     if (selected >= lines.size() ||
-        !win::Ask(GetParent(page), RemoveQuestion(stations::DisplayText(lines[selected])), 0))
+        !win::Confirm(GetParent(page), RemoveQuestion(stations::DisplayText(lines[selected])), 0))
         return;
     lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(selected));
     ChangeLines(page, selected);
 }
 
 void Command5_Click(HWND page) {
-    if (!win::Ask(GetParent(page), "Are you sure you want to remove all saved weather stations?",
-                  0))
+    if (!win::Confirm(GetParent(page),
+                      "Are you sure you want to remove all saved weather stations?", 0))
         return;
     lines.clear();
     ChangeLines(page, 0);
@@ -142,7 +142,7 @@ void ApplyStations(HWND) {
 
 void SetCombo1City(HWND page, const std::string& line) {
     for (std::size_t i = 0; i < lines.size(); ++i)
-        if (lines[i] == line) win::SelectChoice(Combo1(page), static_cast<int>(i));
+        if (lines[i] == line) win::SelectItem(Combo1(page), static_cast<int>(i));
 }
 
 }  // namespace options

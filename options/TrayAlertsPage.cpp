@@ -2,7 +2,7 @@
 #include "options/resource.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
-#include "win/Choice.h"
+#include "win/ListItems.h"
 #include "win/Dialog.h"
 #include "win/Files.h"
 #include "win/modPlaySound.h"
@@ -18,8 +18,8 @@ std::string SoundPath(const std::string& name) {
 }
 
 std::string ChosenSound(HWND page) {
-    const win::ChoiceControl combo = win::ComboBox(page, frmOptions_Combo11);
-    return win::ChoiceText(combo, win::SelectedChoice(combo));
+    const win::ListControl combo = win::ComboBox(page, frmOptions_Combo11);
+    return win::ItemText(combo, win::SelectedItem(combo));
 }
 
 void cmdTest_Click(HWND page) {
@@ -49,14 +49,14 @@ INT_PTR CALLBACK TrayAlertsProcedure(HWND page, UINT message, WPARAM wParam, LPA
 
 void LoadTrayAlerts(HWND page) {
     win::SetChecked(page, frmOptions_Check1, ReadSetting(kDisplayTrayAlert) != kFalse);
-    const win::ChoiceControl combo = win::ComboBox(page, frmOptions_Combo11);
-    win::AddChoice(combo, kNoSound);
+    const win::ListControl combo = win::ComboBox(page, frmOptions_Combo11);
+    win::AddItem(combo, kNoSound);
     for (const std::string& name : win::FindFileNames(SoundPath("*.wav")))
-        win::AddChoice(combo, name);
+        win::AddItem(combo, name);
     const std::string stored = ValueOr(ReadSetting(kTrayAlertSound), kNoSound);
-    const int index = win::FindChoice(combo, stored);
+    const int index = win::FindItem(combo, stored);
     // A sound that is gone stays the choice: the user may bring it back.
-    win::SelectChoice(combo, index < 0 ? win::AddChoice(combo, stored) : index);
+    win::SelectItem(combo, index < 0 ? win::AddItem(combo, stored) : index);
 }
 
 void ApplyTrayAlerts(HWND page) {

@@ -5,7 +5,7 @@
 #include "settings/ProgramState.h"
 #include "tray/modTrayIcon.h"
 #include "tray/resource.h"
-#include "win/Choice.h"
+#include "win/ListItems.h"
 #include "win/Dialog.h"
 #include "win/Files.h"
 #include "win/Images.h"
@@ -81,16 +81,16 @@ bool ApplyChoice(IconChoice& choice, win::Icon& trayImage) {
 }
 
 void FillActions(HWND page, int control, const Setting& setting, const std::string& inEffect) {
-    const win::ChoiceControl combo = win::ComboBox(page, control);
+    const win::ListControl combo = win::ComboBox(page, control);
     for (const std::string& action : {std::string(kNoAction), std::string(kViewNationalAction),
                                       std::string(kOpenOptionsAction), VisitMakerAction()})
-        win::AddChoice(combo, action);
-    win::SelectChoice(combo, win::FindChoice(combo, ValueOr(ReadSetting(setting), inEffect)));
+        win::AddItem(combo, action);
+    win::SelectItem(combo, win::FindItem(combo, ValueOr(ReadSetting(setting), inEffect)));
 }
 
 void ApplyAction(HWND page, int control, const Setting& setting, std::string& inEffect) {
-    const win::ChoiceControl combo = win::ComboBox(page, control);
-    const std::string action = win::ChoiceText(combo, win::SelectedChoice(combo));
+    const win::ListControl combo = win::ComboBox(page, control);
+    const std::string action = win::ItemText(combo, win::SelectedItem(combo));
     if (action.empty()) return;  // the stored one is none of the choices and stays
     WriteSetting(setting, action);
     inEffect = action;

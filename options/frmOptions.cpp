@@ -157,8 +157,8 @@ void Apply() {
     }
     if (IsStoreLocationChanged()) {
         ForgetStoreLocationChange();
-        win::Tell(form.window, RestartMessage(settings::State().storeFilesInProgramFolder),
-                  MB_ICONINFORMATION, "Skyvane Live");
+        win::ShowMessage(form.window, RestartMessage(settings::State().storeFilesInProgramFolder),
+                         MB_ICONINFORMATION, "Skyvane Live");
     }
     // What could not be stored, or was changed meanwhile, is left for a later Apply.
     form.anythingChanged =

@@ -1,6 +1,6 @@
 #include "search/SearchRequestRules.h"
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace search {
 

@@ -13,7 +13,7 @@
 #include "win/Dialog.h"
 #include "win/ListView.h"
 #include "win/Messages.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace search {
 namespace {

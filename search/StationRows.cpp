@@ -7,7 +7,7 @@
 #include "search/resource.h"
 #include "win/ListView.h"
 #include "win/TextMeter.h"
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 namespace search {
 namespace {

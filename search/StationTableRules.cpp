@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "stations/StationLineRules.h"
-#include "win/TextRules.h"
+#include "stations/StationLine.h"
+#include "win/Text.h"
 
 namespace search {
 namespace {

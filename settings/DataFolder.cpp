@@ -3,7 +3,7 @@
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "win/Files.h"
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 namespace settings {
 

@@ -7,7 +7,7 @@
 #include "win/Files.h"
 #include "win/Handle.h"
 #include "win/Messages.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace settings {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "settings/IniTextRules.h"
+#include "settings/IniText.h"
 
 // An INI file on disk. A file that cannot be read (a virus scanner, a backup or a synchronisation
 // holds it) never counts as an empty one. Until it is read for the first time, a file that is in

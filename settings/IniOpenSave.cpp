@@ -10,8 +10,8 @@
 #include "win/Files.h"
 #include "win/Messages.h"
 #include "win/NeverDestroyed.h"
+#include "win/CodePage.h"
 #include "win/Text.h"
-#include "win/TextRules.h"
 
 namespace settings {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "settings/Catalogue.h"
-#include "settings/IniTextRules.h"
+#include "settings/SettingKeys.h"
+#include "settings/IniText.h"
 
 // The settings store: text values by section and key, in a per-user INI file in the program folder
 // or in the per-user registry area. The choice is made once, at start; no other room knows which.

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "settings/IniTextRules.h"
+#include "settings/IniText.h"
 
 // The registry: the three routines for values outside the settings store, which take a predefined
 // root key, and the store's own text values below HKEY_CURRENT_USER. Errors are ignored throughout.

@@ -1,7 +1,7 @@
 #include "stations/StationList.h"
 
 #include "settings/ProgramState.h"
-#include "stations/StationLineRules.h"
+#include "stations/StationLine.h"
 #include "win/Files.h"
 #include "win/Messages.h"
 

@@ -5,7 +5,7 @@
 
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
-#include "stations/StationLineRules.h"
+#include "stations/StationLine.h"
 #include "stations/StationList.h"
 #include "win/Files.h"
 #include "win/Handle.h"

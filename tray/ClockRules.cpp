@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "settings/Catalogue.h"
-#include "win/TextRules.h"
+#include "settings/SettingKeys.h"
+#include "win/Text.h"
 
 namespace tray {
 namespace {

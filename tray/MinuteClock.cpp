@@ -4,7 +4,7 @@
 #include "tray/ClockRules.h"
 #include "tray/RetrieveAlerts.h"
 #include "tray/modTrayMenu.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace tray {
 namespace {

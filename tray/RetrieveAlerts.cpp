@@ -51,7 +51,7 @@ UINT_PTR unreadTimer = 0;  // while the station file cannot be read
 
 void OfferStationChoice() {
     askingForStation = true;
-    if (win::Ask(nullptr, kNoStationQuestion, MB_ICONINFORMATION)) {
+    if (win::Confirm(nullptr, kNoStationQuestion, MB_ICONINFORMATION)) {
         settings::WriteSetting(settings::kLastOption, settings::kStationsPage);
         ShowOptions();
     }
@@ -91,7 +91,8 @@ void EndCycle(const alerts::CycleOutcome& outcome, bool interactive, void (*when
     }
     settings::State().lastCycleEnd = GetTickCount64();
     if (outcome.failed && interactive)
-        win::Tell(nullptr, alerts::FailureMessage(settings::WeatherHost()), MB_ICONINFORMATION);
+        win::ShowMessage(nullptr, alerts::FailureMessage(settings::WeatherHost()),
+                         MB_ICONINFORMATION);
     settings::State().minuteCounter = 0;
     if (whenEnded) whenEnded();
 }

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "settings/Hosts.h"
-#include "stations/StationLineRules.h"
-#include "win/TextRules.h"
+#include "stations/StationLine.h"
+#include "win/Text.h"
 
 namespace tray {
 namespace {

@@ -10,7 +10,7 @@
 #include "win/Dialog.h"
 #include "win/Messages.h"
 #include "win/Shell.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace tray {
 namespace {

@@ -3,7 +3,7 @@
 #include <array>
 #include <bitset>
 
-#include "settings/Catalogue.h"
+#include "settings/SettingKeys.h"
 #include "settings/Hosts.h"
 #include "settings/ProgramState.h"
 #include "tray/MinuteClock.h"

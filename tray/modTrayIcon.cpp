@@ -13,7 +13,7 @@
 #include "win/Images.h"
 #include "win/Messages.h"
 #include "win/NeverDestroyed.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace tray {
 namespace {

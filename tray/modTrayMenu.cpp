@@ -7,7 +7,7 @@
 #include "settings/Hosts.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
-#include "stations/StationLineRules.h"
+#include "stations/StationLine.h"
 #include "stations/StationList.h"
 #include "tray/TrayCommands.h"
 #include "tray/TrayMenuRules.h"
@@ -17,8 +17,8 @@
 #include "win/Messages.h"
 #include "win/NeverDestroyed.h"
 #include "win/Shell.h"
+#include "win/CodePage.h"
 #include "win/Text.h"
-#include "win/TextRules.h"
 
 namespace tray {
 namespace {

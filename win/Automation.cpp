@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "win/Com.h"
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 namespace win {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 namespace win {
 
@@ -11,17 +11,17 @@ void EnsureCom() {
     static_cast<void>(once);
 }
 
-BasicString::BasicString(std::string_view text) {
+Bstr::Bstr(std::string_view text) {
     const std::wstring wide = ToWide(text);
     value_ = late::SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
 }
 
-BSTR* BasicString::Receive() {
+BSTR* Bstr::Receive() {
     late::SysFreeString(std::exchange(value_, nullptr));
     return &value_;
 }
 
-std::string BasicString::Text() const {
+std::string Bstr::Text() const {
     return value_ ? FromWide({value_, late::SysStringLen(value_)}) : std::string();
 }
 

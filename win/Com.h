@@ -10,13 +10,13 @@ namespace win {
 void EnsureCom();
 
 // Owns one BSTR.
-class BasicString {
+class Bstr {
   public:
-    BasicString() = default;
-    explicit BasicString(std::string_view text);
-    BasicString(const BasicString&) = delete;
-    BasicString& operator=(const BasicString&) = delete;
-    ~BasicString() { late::SysFreeString(value_); }
+    Bstr() = default;
+    explicit Bstr(std::string_view text);
+    Bstr(const Bstr&) = delete;
+    Bstr& operator=(const Bstr&) = delete;
+    ~Bstr() { late::SysFreeString(value_); }
     BSTR Get() const { return value_; }
     BSTR* Receive();
     // The text in the process's code page.

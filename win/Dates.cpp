@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "win/LateFunctions.h"
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 namespace win {
 namespace {

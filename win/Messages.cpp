@@ -48,11 +48,11 @@ void PumpOrWait(DWORD milliseconds, HANDLE other) {
     if (!DispatchPending()) Sleep(milliseconds);
 }
 
-void Tell(HWND owner, const std::string& text, UINT icon, const char* title) {
+void ShowMessage(HWND owner, const std::string& text, UINT icon, const char* title) {
     MessageBoxA(owner, text.c_str(), title, MB_OK | icon | MB_SETFOREGROUND);
 }
 
-bool Ask(HWND owner, const std::string& text, UINT icon) {
+bool Confirm(HWND owner, const std::string& text, UINT icon) {
     return MessageBoxA(owner, text.c_str(), kProgramName, MB_YESNO | icon | MB_SETFOREGROUND) ==
            IDYES;
 }

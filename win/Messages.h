@@ -27,9 +27,9 @@ void PumpNowAndThen();
 void PumpOrWait(DWORD milliseconds, HANDLE other = nullptr);
 
 // Shows a message box with OK and `icon` (MB_ICONINFORMATION, ...), brought to the foreground.
-void Tell(HWND owner, const std::string& text, UINT icon, const char* title = kProgramName);
+void ShowMessage(HWND owner, const std::string& text, UINT icon, const char* title = kProgramName);
 
 // The same with Yes and No; true for Yes.
-bool Ask(HWND owner, const std::string& text, UINT icon);
+bool Confirm(HWND owner, const std::string& text, UINT icon);
 
 }  // namespace win

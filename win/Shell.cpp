@@ -4,7 +4,7 @@
 
 #include "win/Com.h"
 #include "win/Files.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace win {
 

@@ -1,26 +1,64 @@
 #pragma once
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
-// The only conversions between the process's code page and UTF-16, for COM, WinHTTP and dates.
+// Text as the rules see it: std::string in the process's code page. Characters are counted by code
+// point where the text is well-formed UTF-8 and by byte where it is not (an older Windows, whose
+// code page is a single-byte one).
 namespace win {
 
-// Text of the process's code page as UTF-16; bytes that are no character become U+FFFD.
-std::wstring ToWide(std::string_view text);
+// Whether all of the text is well-formed UTF-8.
+bool IsUtf8(std::string_view text);
 
-// UTF-16 as text of the process's code page; characters that it lacks become '?'.
-std::string FromWide(std::wstring_view text);
+// The number of characters.
+std::size_t CountChars(std::string_view text);
 
-// UTF-16 as UTF-8, for files that are UTF-8 whatever the code page.
-std::string ToUtf8(std::wstring_view text);
+// The first `count` characters, or all when there are fewer.
+std::string_view FirstChars(std::string_view text, std::size_t count);
 
-// The text in lower case by the rules of Unicode.
-std::string ToLower(std::string_view text);
+// What is left after the first `count` characters; empty when there are no more.
+std::string_view WithoutFirstChars(std::string_view text, std::size_t count);
 
-// The broken bar U+00A6, which joins alert identifiers, in the process's code page.
-const std::string& BrokenBar();
+// As many whole characters from the start as fit into `bytes` bytes.
+std::string_view FitBytes(std::string_view text, std::size_t bytes);
 
-// The value of an environment variable; empty when it is not set.
-std::string Environment(const char* name);
+// The text without blanks (only U+0020) at both ends.
+std::string_view TrimBlanks(std::string_view text);
+
+// Every `what` replaced by `with`, left to right; `what` must not be empty.
+std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with);
+
+// The pieces between the separators; an empty text gives no piece, as a split of nothing.
+std::vector<std::string> Split(std::string_view text, std::string_view separator);
+
+// The pieces with the separator between them.
+std::string Join(const std::vector<std::string>& pieces, std::string_view separator);
+
+// Whether the text reads as a number from end to end: blanks around, a sign, digits with at most
+// one point.
+bool IsNumeric(std::string_view text);
+
+// The number that the text begins with (blanks and line feeds before it are skipped, digits may
+// hold one decimal point), 0 when it begins with none; infinity when there is no end of digits.
+double LeadingNumber(std::string_view text);
+
+// LeadingNumber as a 16-bit whole number; 0 when it does not fit.
+std::int16_t LeadingInt16(std::string_view text);
+
+// The sum of two 16-bit numbers; the first one when the sum does not fit.
+std::int16_t AddInt16(std::int16_t number, std::int16_t more);
+
+// A whole number in decimal.
+std::string Decimal(long long number);
+
+// Equal but for the case of ASCII letters.
+bool EqualIgnoringCase(std::string_view left, std::string_view right);
+
+// ASCII letters in lower (upper) case, everything else as it is.
+std::string AsciiLower(std::string_view text);
+std::string AsciiUpper(std::string_view text);
 
 }  // namespace win

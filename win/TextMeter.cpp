@@ -1,6 +1,6 @@
 #include "win/TextMeter.h"
 
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 namespace win {
 
@@ -21,13 +21,13 @@ int TextMeter::Width(const std::string& text) const {
     // Adding up is much quicker than asking, and the same: the controls draw without kerning.
     int sum = 0;
     for (const char c : text) {
-        if (static_cast<unsigned char>(c) >= asciiWidths_.size()) return Ask(text);
+        if (static_cast<unsigned char>(c) >= asciiWidths_.size()) return MeasureText(text);
         sum += asciiWidths_[static_cast<unsigned char>(c)];
     }
     return sum;
 }
 
-int TextMeter::Ask(const std::string& text) const {
+int TextMeter::MeasureText(const std::string& text) const {
     SIZE size{};
     const std::wstring wide = ToWide(text);
     GetTextExtentPoint32W(device_, wide.c_str(), static_cast<int>(wide.size()), &size);

@@ -18,7 +18,7 @@ class TextMeter {
     int Width(const std::string& text) const;
 
   private:
-    int Ask(const std::string& text) const;
+    int MeasureText(const std::string& text) const;
 
     HWND control_;
     HDC device_;

@@ -3,8 +3,8 @@
 #include "win/Com.h"
 #include "win/Files.h"
 #include "win/Messages.h"
-#include "win/Text.h"
-#include "win/XmlGuardRules.h"
+#include "win/CodePage.h"
+#include "win/XmlGuard.h"
 
 namespace win {
 namespace {
@@ -67,7 +67,7 @@ XmlDocument LoadXmlFile(const std::string& path) {
 
 XmlNodeList SelectNodes(const XmlDocument& document, const char* path) {
     XmlNodeList list;
-    if (FAILED(document->selectNodes(BasicString(path).Get(), &list))) return nullptr;
+    if (FAILED(document->selectNodes(Bstr(path).Get(), &list))) return nullptr;
     return list;
 }
 
@@ -78,7 +78,7 @@ XmlNode NextNode(const XmlNodeList& list) {
 }
 
 std::string NodeName(const XmlNode& node) {
-    BasicString name;
+    Bstr name;
     return SUCCEEDED(node->get_nodeName(name.Receive())) ? name.Text() : std::string();
 }
 
@@ -95,18 +95,18 @@ XmlAttributes NodeAttributes(const XmlNode& node) {
 }
 
 std::optional<std::string> DocumentUtf8(const XmlDocument& document) {
-    BasicString text;
+    Bstr text;
     if (FAILED(document->get_xml(text.Receive()))) return std::nullopt;
     return ToUtf8({text.Get(), late::SysStringLen(text.Get())});
 }
 
 std::string BaseName(const XmlNode& node) {
-    BasicString name;
+    Bstr name;
     return SUCCEEDED(node->get_baseName(name.Receive())) ? name.Text() : std::string();
 }
 
 std::string NodeText(const XmlNode& node) {
-    BasicString text;
+    Bstr text;
     return SUCCEEDED(node->get_text(text.Receive())) ? text.Text() : std::string();
 }
 

@@ -5,8 +5,8 @@
 #include "downloader/NwsRequestRules.h"
 #include "settings/Hosts.h"
 #include "tests/ScratchStore.h"
+#include "win/CodePage.h"
 #include "win/Text.h"
-#include "win/TextRules.h"
 
 namespace alerts {
 namespace {

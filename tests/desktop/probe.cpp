@@ -36,7 +36,7 @@
 #include "tests/TrayIconWindow.h"
 #include "win/Files.h"
 #include "win/Handle.h"
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 namespace {
 

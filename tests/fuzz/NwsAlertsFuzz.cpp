@@ -4,8 +4,8 @@
 #include "downloader/NwsRequestRules.h"
 #include "downloader/NwsStationsRules.h"
 #include "tests/fuzz/Rows.h"
-#include "win/TextRules.h"
-#include "win/XmlGuardRules.h"
+#include "win/Text.h"
+#include "win/XmlGuard.h"
 
 namespace {
 

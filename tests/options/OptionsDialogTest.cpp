@@ -1,7 +1,7 @@
 #include "tests/Handles.h"
 #include "tests/options/OptionsDriver.h"
 #include "win/Handle.h"
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 namespace options {
 namespace {
@@ -156,8 +156,8 @@ TEST_F(OptionsFormTest, RemovesNothingThatIsNotToBeRemoved) {
             ClickAndAnswer(dialog, button, IDNO);
         ClickAndAnswer(dialog, frmOptions_Command23, IDCANCEL);
         EXPECT_FALSE(CanApply(dialog));
-        EXPECT_EQ(win::CountChoices({Find(dialog, frmOptions_Combo1), false}), 2);
-        EXPECT_EQ(win::CountChoices({Find(dialog, frmOptions_List2), true}), 1);
+        EXPECT_EQ(win::CountItems({Find(dialog, frmOptions_Combo1), false}), 2);
+        EXPECT_EQ(win::CountItems({Find(dialog, frmOptions_List2), true}), 1);
     });
 }
 
@@ -194,7 +194,7 @@ TEST_F(OptionsFormTest, LeavesAnUnreadStationFileAlone) {
         held.Reset();
         PumpUntilEnabled([&] { return Find(dialog, buttons[0]); });
         for (const int button : buttons) EXPECT_TRUE(IsWindowEnabled(Find(dialog, button)));
-        EXPECT_EQ(win::CountChoices({Find(dialog, frmOptions_Combo1), false}), 2);
+        EXPECT_EQ(win::CountItems({Find(dialog, frmOptions_Combo1), false}), 2);
         EXPECT_FALSE(CanApply(dialog));
     });
     EXPECT_EQ(State().stationCount, 2u);

@@ -11,7 +11,7 @@
 #include "tests/ScratchStore.h"
 #include "tray/MinuteClock.h"
 #include "tray/frmTray.h"
-#include "win/Choice.h"
+#include "win/ListItems.h"
 #include "win/Dialog.h"
 #include "win/Messages.h"
 
@@ -35,10 +35,10 @@ inline void Click(HWND dialog, int control) {
 
 inline void Choose(HWND dialog, int control, const std::string& text) {
     const HWND combo = Find(dialog, control);
-    const win::ChoiceControl choice{combo, false};
-    const int index = win::FindChoice(choice, text);
+    const win::ListControl choice{combo, false};
+    const int index = win::FindItem(choice, text);
     ASSERT_GE(index, 0) << text;
-    win::SelectChoice(choice, index);
+    win::SelectItem(choice, index);
     SendMessageA(GetParent(combo), WM_COMMAND, MAKEWPARAM(control, CBN_SELCHANGE),
                  reinterpret_cast<LPARAM>(combo));
 }

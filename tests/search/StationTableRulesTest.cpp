@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace search {
 namespace {

@@ -4,8 +4,8 @@
 #include "settings/modRegistry.h"
 #include "tests/ScratchStore.h"
 #include "win/Handle.h"
+#include "win/CodePage.h"
 #include "win/Text.h"
-#include "win/TextRules.h"
 
 namespace settings {
 namespace {

@@ -7,7 +7,7 @@
 #include "tray/modExplorerMonitor.h"
 #include "tray/modTrayMenu.h"
 #include "tray/resource.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace tray {
 namespace {

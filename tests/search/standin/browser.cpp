@@ -12,7 +12,7 @@
 #include <string>
 
 #include "win/Files.h"
-#include "win/Text.h"
+#include "win/CodePage.h"
 
 namespace {
 

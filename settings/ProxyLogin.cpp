@@ -1,7 +1,7 @@
-#include "settings/ProxySettings.h"
+#include "settings/ProxyLogin.h"
 
 #include "settings/IniOpenSave.h"
-#include "settings/ScrambleRules.h"
+#include "settings/Scramble.h"
 
 namespace settings {
 namespace {

@@ -1,9 +1,9 @@
-#include "win/Choice.h"
+#include "win/ListItems.h"
 
 namespace win {
 namespace {
 
-LRESULT Send(const ChoiceControl& control, UINT comboMessage, UINT listMessage, WPARAM wParam = 0,
+LRESULT Send(const ListControl& control, UINT comboMessage, UINT listMessage, WPARAM wParam = 0,
              LPARAM lParam = 0) {
     return SendMessageA(control.window, control.isListBox ? listMessage : comboMessage, wParam,
                         lParam);
@@ -11,32 +11,32 @@ LRESULT Send(const ChoiceControl& control, UINT comboMessage, UINT listMessage, 
 
 }  // namespace
 
-ChoiceControl ComboBox(HWND dialog, int control) {
+ListControl ComboBox(HWND dialog, int control) {
     return {GetDlgItem(dialog, control), false};
 }
 
-ChoiceControl ListBox(HWND dialog, int control) {
+ListControl ListBox(HWND dialog, int control) {
     return {GetDlgItem(dialog, control), true};
 }
 
-void ClearChoices(const ChoiceControl& control) {
+void ClearItems(const ListControl& control) {
     Send(control, CB_RESETCONTENT, LB_RESETCONTENT);
 }
 
-int AddChoice(const ChoiceControl& control, const std::string& text) {
+int AddItem(const ListControl& control, const std::string& text) {
     return static_cast<int>(
         Send(control, CB_ADDSTRING, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str())));
 }
 
-void RemoveChoice(const ChoiceControl& control, int index) {
+void RemoveItem(const ListControl& control, int index) {
     Send(control, CB_DELETESTRING, LB_DELETESTRING, static_cast<WPARAM>(index));
 }
 
-int CountChoices(const ChoiceControl& control) {
+int CountItems(const ListControl& control) {
     return static_cast<int>(Send(control, CB_GETCOUNT, LB_GETCOUNT));
 }
 
-std::string ChoiceText(const ChoiceControl& control, int index) {
+std::string ItemText(const ListControl& control, int index) {
     const auto place = static_cast<WPARAM>(index);
     const LRESULT length = Send(control, CB_GETLBTEXTLEN, LB_GETTEXTLEN, place);
     if (length <= 0) return {};
@@ -49,18 +49,18 @@ std::string ChoiceText(const ChoiceControl& control, int index) {
     return text;
 }
 
-int FindChoice(const ChoiceControl& control, std::string_view text) {
-    const int count = CountChoices(control);
+int FindItem(const ListControl& control, std::string_view text) {
+    const int count = CountItems(control);
     for (int i = 0; i < count; ++i)
-        if (ChoiceText(control, i) == text) return i;
+        if (ItemText(control, i) == text) return i;
     return -1;
 }
 
-int SelectedChoice(const ChoiceControl& control) {
+int SelectedItem(const ListControl& control) {
     return static_cast<int>(Send(control, CB_GETCURSEL, LB_GETCURSEL));
 }
 
-void SelectChoice(const ChoiceControl& control, int index) {
+void SelectItem(const ListControl& control, int index) {
     Send(control, CB_SETCURSEL, LB_SETCURSEL, static_cast<WPARAM>(index));
 }
 

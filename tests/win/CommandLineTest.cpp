@@ -1,4 +1,4 @@
-#include "win/CommandLineRules.h"
+#include "win/CommandLine.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "settings/ScrambleRules.h"
+#include "settings/Scramble.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace settings {
 namespace {

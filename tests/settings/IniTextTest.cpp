@@ -1,4 +1,4 @@
-#include "settings/IniTextRules.h"
+#include "settings/IniText.h"
 
 #include <gtest/gtest.h>
 

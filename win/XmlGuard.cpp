@@ -1,9 +1,9 @@
-#include "win/XmlGuardRules.h"
+#include "win/XmlGuard.h"
 
 #include <algorithm>
 #include <string>
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace win {
 namespace {

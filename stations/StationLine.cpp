@@ -1,7 +1,7 @@
-#include "stations/StationLineRules.h"
+#include "stations/StationLine.h"
 
 #include "win/NeverDestroyed.h"
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace stations {
 namespace {

@@ -1,4 +1,4 @@
-#include "win/XmlGuardRules.h"
+#include "win/XmlGuard.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "settings/IniTextRules.h"
+#include "settings/IniText.h"
 
 #include <map>
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace settings {
 namespace {

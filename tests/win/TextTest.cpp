@@ -1,4 +1,4 @@
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "settings/ScrambleRules.h"
+#include "settings/Scramble.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "stations/StationLineRules.h"
+#include "stations/StationLine.h"
 
 #include <gtest/gtest.h>
 

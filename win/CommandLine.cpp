@@ -1,6 +1,6 @@
-#include "win/CommandLineRules.h"
+#include "win/CommandLine.h"
 
-#include "win/TextRules.h"
+#include "win/Text.h"
 
 namespace win {
 namespace {
