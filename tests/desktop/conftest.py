@@ -7,6 +7,7 @@ import pytest
 import harness
 import stores
 from feed import Feed
+from inside import probe
 
 RUN_KEY = r"HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\Run"
 
@@ -14,7 +15,7 @@ RUN_KEY = r"HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\Run"
 @pytest.fixture(scope="session")
 def user_folders():
     """The user's temporary and application data folders in the Wine prefix."""
-    return [pathlib.Path(stores.unix_path(path)) for path in harness.probe("folders")[0]]
+    return [pathlib.Path(stores.unix_path(path)) for path in probe("folders")[0]]
 
 
 @pytest.fixture

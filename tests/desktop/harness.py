@@ -16,7 +16,6 @@ from dataclasses import make_dataclass
 import stores
 from inside import probe
 
-PROGRAM_NAME = "Skyvane Alerts"
 TRAY_CLASS = "SkyvaneAlertsTray"
 # The minute clock's two timers, of which one runs at a time, the first one first.
 MINUTE_TIMERS = (3, 2)
@@ -103,36 +102,6 @@ def pixels(left, top, width, height):
                           f"{width}x{height}+{left}+{top}", "-depth", "8", "rgb:-"],
                          check=True, stdout=subprocess.PIPE).stdout
     return [tuple(raw[i:i + 3]) for i in range(0, len(raw), 3)]
-
-
-class MessageBox:
-    def __init__(self, window):
-        self.title = window.text
-        statics = [child.text for child in window.children if child.class_name == "Static"]
-        self.text = max(statics, key=len, default="")
-        self.buttons = {child.text.replace("&", ""): child for child in window.children
-                        if child.class_name == "Button"}
-
-    def answer(self, button):
-        """Clicks where the button stands now, and again if nothing comes of it: on a busy machine a new
-        box is still on its way to its place when it is first seen."""
-        for _ in range(5):
-            for box in message_boxes(self.title):
-                click(*box.buttons[button].center())
-            if not stays(lambda: message_boxes(self.title), 3):
-                return
-        raise AssertionError(f"the message box stays: {self.text}")
-
-
-def message_boxes(title=PROGRAM_NAME):
-    return [MessageBox(window) for window in find_windows("#32770", title)]
-
-
-def wait_for_message_box(title=PROGRAM_NAME):
-    def find():
-        found = [MessageBox(window) for window in settled(lambda: find_windows("#32770", title)) or []]
-        return found[0] if found and found[0].buttons else None
-    return wait_until(find, "a message box")
 
 
 class Program:

@@ -4,9 +4,10 @@ import pathlib
 import re
 import subprocess
 
-from harness import click, find_windows, stays, wait_for_message_box, wait_until
-from search_dialog import DIALOG, OPTIONS, Dialog, press, type_text
+from dialog import DIALOG, Dialog, press, type_text, wait_for_message_box
+from harness import click, find_windows, stays, wait_until
 
+OPTIONS = "Options - Skyvane Alerts"
 RESOURCES = (pathlib.Path(__file__).parents[2] / "options/resource.h").read_text(encoding="utf-8")
 NUMBERS = {name: int(number) for name, number in re.findall(r"#define frmOptions_(\w+) (\d+)", RESOURCES)}
 # A control that each page has for itself.

@@ -2,22 +2,20 @@
 
 import pathlib
 import re
-import subprocess
 import sys
 from urllib.parse import urlsplit
 
-import harness
 import pytest
-from harness import click, find_windows, settled, wait_until
+from dialog import Dialog, press, type_text
+from harness import click, wait_until
 from loopback import Server, answer
+from options_dialog import OPTIONS
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "demo"))
 from server import HEAD, TAIL, answer as demo_answer, element  # noqa: E402
 
 SEARCH = "Station Search - Skyvane Alerts"
 CHOOSER = "Choose Location - Skyvane Alerts"
-OPTIONS = "Options - Skyvane Alerts"
-DIALOG = "#32770"
 NOT_FOUND = "0 weather stations found."
 
 
@@ -80,75 +78,6 @@ def make_searcher(make_program, feed):
         return program
 
     return make
-
-
-def window_with_keyboard():
-    return subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], stdout=subprocess.PIPE,
-                          stderr=subprocess.DEVNULL).stdout.decode().strip()
-
-
-def type_text(text):
-    subprocess.run(["xdotool", "type", "--delay", "15", text], check=True)
-
-
-def press(key):
-    subprocess.run(["xdotool", "key", key], check=True)
-
-
-class Dialog:
-    """A window of the program by its title."""
-
-    def __init__(self, title):
-        self.title = title
-        wait_until(lambda: settled(self.window), title)
-
-    def window(self):
-        found = find_windows(DIALOG, self.title)
-        return found[0] if found else None
-
-    def is_open(self):
-        return bool(self.window())
-
-    def wait_until_closed(self):
-        wait_until(lambda: not self.is_open(), f"{self.title} closes")
-
-    def control(self, text=None, class_name=None):
-        return next(child for child in wait_until(self.window, self.title).children
-                    if (text is None or child.text.replace("&", "") == text)
-                    and (class_name is None or child.class_name == class_name))
-
-    def click(self, text, **more):
-        click(*self.control(text).center(), **more)
-
-    def click_row(self, row, times=1):
-        """Rows are counted from 0; the list must show them without scrolling."""
-        place = self.control(class_name="SysListView32")
-        click(place.left + 60, place.top + 26 + 17 * row, times=times)
-
-    def rows(self):
-        """What the list shows: (icon, text, ...) of each row."""
-        return [tuple(fields[1:]) for fields in harness.probe("rows", self.title)]
-
-    def selected(self):
-        return [n for n, fields in enumerate(harness.probe("rows", self.title)) if fields[0]]
-
-    def take_keyboard(self):
-        """Wine and the virtual screen's window manager do not always agree on who has the keyboard."""
-        def ask():
-            if window_with_keyboard() == self.title:
-                return True
-            subprocess.run(["xdotool", "search", "--name", f"^{re.escape(self.title)}$", "windowfocus"],
-                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-            return False
-        wait_until(ask, f"{self.title} has the keyboard")
-
-    def press(self, *keys):
-        self.take_keyboard()
-        for key in keys:
-            press(key)
-
-    def close_by_box(self):
-        self.press("alt+F4")  # the window manager's, which asks the window as its close box does
 
 
 class Search(Dialog):

@@ -4,8 +4,9 @@ import random
 
 import pytest
 
+from dialog import wait_for_message_box
 from feed import AT_START, FLOOD, LAWRENCE, PARIS, TORNADO, document
-from harness import RIGHT, station_line, wait_for_message_box, wait_until
+from harness import RIGHT, station_line, wait_until
 from tray_menu import choose, open_menus
 
 MIB = 1024 * 1024

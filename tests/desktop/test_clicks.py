@@ -4,11 +4,11 @@ import time
 
 import pytest
 
+from dialog import DIALOG, Dialog
 from feed import FLOOD, LAWRENCE, PARIS, TORNADO
 from harness import DOUBLE_CLICK_SECONDS, LEFT, LEFT_DOUBLE, LEFT_DOWN, RIGHT_DOWN, click, find_windows, point_at, stays, wait_until
-from options_dialog import Options
-from search_dialog import DIALOG, OPTIONS, Dialog
-from tray_menu import MAKER, MAP, WEATHER, alert_page, choose, close_menu, open_menu, open_menus, station_page
+from options_dialog import OPTIONS, Options
+from tray_menu import MAKER, MAP, WEATHER, alert_page, choose, close_menu, open_menus, station_page
 
 
 def test_single_click_waits_for_a_double_click(make_watcher, browser):

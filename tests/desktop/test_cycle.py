@@ -5,8 +5,9 @@ import shutil
 
 import pytest
 
+from dialog import message_boxes, wait_for_message_box
 from feed import AT_START, FLOOD, LAWRENCE, PARIS, TORNADO, document
-from harness import message_boxes, stays, wait_for_message_box, wait_until
+from harness import stays, wait_until
 from stores import windows_path
 from tray_menu import choose
 

@@ -6,7 +6,8 @@ import re
 from collections import namedtuple
 
 from feed import LAWRENCE, PARIS
-from harness import TRAY_CLASS, probe, wait_until
+from harness import TRAY_CLASS, wait_until
+from inside import probe
 
 
 Holdings = namedtuple("Holdings", "kernel gdi user private_kib")  # `user` of all processes together

@@ -7,10 +7,11 @@ import xml.etree.ElementTree
 
 import pytest
 
+from dialog import Dialog
 from downloader_run import Downloader, assert_failed
 from harness import wait_until
 from loopback import answer
-from search_dialog import CHOOSER, Dialog, apply_options, make_searcher, open_search, saved_stations
+from search_dialog import CHOOSER, apply_options, make_searcher, open_search, saved_stations
 from tray_menu import choose
 from weather_service import YEAR, WeatherService, alert, collection, recorded, vtec
 

@@ -4,9 +4,9 @@ import os
 
 import pytest
 
+from dialog import DIALOG
 from feed import FLOOD, LAWRENCE, TORNADO
 from harness import LEFT, click, find_windows, stays, wait_until
-from search_dialog import DIALOG
 from tray_menu import FIXED, MAP, alert_page, choose, close_menu, open_menu, place_of
 
 

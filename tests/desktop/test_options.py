@@ -3,9 +3,9 @@
 import pytest
 
 from feed import LAWRENCE, PARIS, TORNADO
-from harness import LEFT, find_windows, message_boxes, wait_until
-from options_dialog import Options, answer_yes
-from search_dialog import DIALOG, OPTIONS
+from dialog import DIALOG, message_boxes
+from harness import LEFT, find_windows, wait_until
+from options_dialog import OPTIONS, Options, answer_yes
 from stores import windows_path
 from tray_menu import choose, station_page
 

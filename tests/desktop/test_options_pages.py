@@ -6,9 +6,9 @@ import subprocess
 import pytest
 
 import stores
-from harness import pixels, station_line, user_name, wait_for_message_box, wait_until
+from dialog import press, wait_for_message_box
+from harness import pixels, station_line, user_name, wait_until
 from options_dialog import Options, answer_by_text, answer_yes
-from search_dialog import press
 from tray_menu import choose
 
 # By page, in the order of the tabs: control, key, and the values that it is set to in two rounds. The first

@@ -9,9 +9,9 @@ import zipfile
 import pytest
 
 import stores
+from dialog import PROGRAM_NAME, message_boxes
 from feed import FLOOD, LAWRENCE, TORNADO
-from harness import (PROGRAM_NAME, click, message_boxes, processes, settled, station_line, stays,
-                     visible_windows, wait_until)
+from harness import click, processes, settled, station_line, stays, visible_windows, wait_until
 from prefix import snapshot
 
 ROOT = pathlib.Path(__file__).parents[2]

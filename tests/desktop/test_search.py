@@ -3,11 +3,13 @@
 import os
 import time
 
-import harness
 import pytest
-from harness import stays, wait_until
+from dialog import Dialog
+from harness import TRAY_CLASS, stays, wait_until
+from inside import probe
 from loopback import Held, answer
-from search_dialog import (CHOOSER, NOT_FOUND, OPTIONS, Dialog, apply_options, feed, locations,
+from options_dialog import OPTIONS
+from search_dialog import (CHOOSER, NOT_FOUND, apply_options, feed, locations,
                            make_searcher, open_search, saved_stations, stations)
 
 BLANKS = " " * 100
@@ -177,6 +179,6 @@ def test_closing_in_the_middle_of_a_wait(program, feed, temp_folder):
     before = program.processor_seconds()
     time.sleep(2)
     assert program.processor_seconds() - before < 0.2
-    harness.probe("post", harness.TRAY_CLASS, 0x111, 111, 0)
+    probe("post", TRAY_CLASS, 0x111, 111, 0)
     assert program.wait_for_end() == 0
     assert "unhandled" not in program.errors().lower()

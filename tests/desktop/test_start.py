@@ -9,9 +9,10 @@ import time
 
 import pytest
 
+from dialog import message_boxes, wait_for_message_box
 from feed import LAWRENCE, TORNADO
-from harness import (RETRIEVER_DELAY_TIMER, WM_TIMER, hold, message_boxes, probe, stays, user_name,
-                     wait_for_message_box, wait_until)
+from harness import RETRIEVER_DELAY_TIMER, TRAY_CLASS, WM_TIMER, hold, stays, user_name, wait_until
+from inside import probe
 from stores import IniStore, windows_path
 from tray_menu import choose
 
@@ -117,7 +118,7 @@ def test_icon_comes_back_with_a_new_taskbar(make_watcher, feed):
     program.start(WINEDEBUG="fixme+all")  # Wine writes down the calls that do nothing there
     program.wait_for_picture("new alerts")
     assert "ChangeWindowMessageFilterEx" in program.errors()  # for a program with more rights than the taskbar
-    probe("forget-icon", "SkyvaneAlertsTray")  # what the end of the taskbar does to the icon
+    probe("forget-icon", TRAY_CLASS)  # what the end of the taskbar does to the icon
     wait_until(lambda: not program.icon(), "the icon is gone")
     program.send("TaskbarCreated")
     program.wait_for_picture("normal")

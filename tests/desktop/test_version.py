@@ -2,7 +2,8 @@
 
 import pytest
 
-from harness import message_boxes, stays, wait_for_message_box
+from dialog import message_boxes, wait_for_message_box
+from harness import stays
 from loopback import Held, Server, answer, redirect
 from tray_menu import choose
 
