@@ -29,9 +29,9 @@ endforeach()
 
 set(helpPage ${productDir}/Help.html)
 add_custom_command(OUTPUT ${helpPage}
-  COMMAND ${CMAKE_SOURCE_DIR}/tools/make-help ${CMAKE_SOURCE_DIR}/README.md ${helpPage}
-  DEPENDS tools/make-help README.md
-  COMMENT "Making the help page")
+  COMMAND ${CMAKE_SOURCE_DIR}/tools/make-help ${CMAKE_SOURCE_DIR}/docs/help.md ${helpPage}
+  DEPENDS tools/make-help docs/help.md
+  COMMENT "Creating the help page")
 
 add_custom_target(productFiles ALL
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/assets/Sounds ${productDir}/Sounds

@@ -73,7 +73,7 @@ can_reach_live_feed() {
     [ "$status" = 0 ]
 }
 if [ -z "$feed" ] && ! can_reach_live_feed; then
-    echo "The live feed at https://api.weather.gov could not be reached: status ${status:-missing} (README, \"The downloader's codes\")." >&2
+    echo "The live feed at https://api.weather.gov could not be reached: status ${status:-missing} (see docs/settings.md)." >&2
     exit 1
 fi
 

@@ -19,7 +19,7 @@ packages+=(xvfb icewm xdotool x11-xkb-utils imagemagick x11-utils fonts-liberati
 packages+=(python3 python3-pytest)
 # form and faults of the C++ code
 packages+=(clang-format clang-tidy)
-# the help page, from the README
+# the help page, from docs/help.md
 packages+=(cmark-gfm)
 # putting the map page together
 packages+=(nodejs=node npm=npm)
