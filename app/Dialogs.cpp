@@ -1,11 +1,17 @@
 #include "options/frmOptions.h"
-#include "tray/TrayCommands.h"
+#include "settings/IniOpenSave.h"
+#include "tray/OptionsDialog.h"
 
-// Where the tray's wish for the Options dialog leads.
+// The tray opens the Options dialog, which is above it.
 namespace tray {
 
 void ShowOptions() {
     options::ShowOptionsDialog();
+}
+
+void ShowStationOptions() {
+    settings::WriteSetting(settings::kLastOption, settings::kStationsPage);
+    ShowOptions();
 }
 
 }  // namespace tray

@@ -17,7 +17,7 @@ add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc downloader/LeanLibr
 target_link_libraries(dl PRIVATE fetch)
 
 # Nobody else knows what the resource scripts take in.
-file(GLOB resourceParts CONFIGURE_DEPENDS */*.rc */resource.h assets/icons/*.ico assets/icons/*.bmp)
+file(GLOB resourceParts CONFIGURE_DEPENDS */*.rc */resource.h assets/icons/*)
 list(APPEND resourceParts ${CMAKE_SOURCE_DIR}/assets/skyvane.manifest ${CMAKE_SOURCE_DIR}/settings/Version.h)
 set_source_files_properties(app/SVAlerts.rc downloader/dl.rc PROPERTIES OBJECT_DEPENDS "${resourceParts}")
 

@@ -29,8 +29,8 @@ set(portableSources
   settings/IniText.cpp
   settings/Scramble.cpp
   stations/StationLine.cpp
-  tray/ClockRules.cpp
   tray/TrayMenuRules.cpp
+  tray/TrayTip.cpp
   win/CommandLine.cpp
   win/Text.cpp
   win/XmlGuard.cpp

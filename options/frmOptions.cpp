@@ -7,12 +7,12 @@
 #include <array>
 #include <string>
 
+#include "assets/icons/icons.h"
 #include "options/OptionsRules.h"
 #include "options/Pages.h"
 #include "options/resource.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
-#include "tray/resource.h"
 #include "win/Dialog.h"
 #include "win/Files.h"
 #include "win/LateFunctions.h"

@@ -2,12 +2,12 @@
 
 #include <commctrl.h>
 
+#include "assets/icons/icons.h"
 #include "search/SearchForm.h"
 #include "search/StationRows.h"
 #include "search/frmSearchChoose.h"
 #include "search/resource.h"
 #include "settings/ProgramState.h"
-#include "tray/resource.h"
 #include "win/Dialog.h"
 #include "win/ListView.h"
 #include "win/Messages.h"

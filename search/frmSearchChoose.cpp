@@ -1,8 +1,8 @@
 #include "search/frmSearchChoose.h"
 
+#include "assets/icons/icons.h"
 #include "search/StationTableRules.h"
 #include "search/resource.h"
-#include "tray/resource.h"
 #include "win/Dialog.h"
 #include "win/ListView.h"
 #include "win/Messages.h"

@@ -1,7 +1,7 @@
 #include "tray/MinuteClock.h"
 
 #include "settings/ProgramState.h"
-#include "tray/ClockRules.h"
+#include "settings/SettingKeys.h"
 #include "tray/RetrieveAlerts.h"
 #include "tray/modTrayMenu.h"
 #include "win/Text.h"
@@ -12,18 +12,30 @@ namespace {
 Timer nextHalf = Timer::TimerUpdate1;
 bool hasSlept = false;
 
-// The two halves of the clock alternate, and stop by themselves once the flag is cleared.
+// The two halves alternate; neither is started again once automatic updates are off.
 void StartNextHalf() {
     if (settings::State().automaticUpdate && !IsTimerRunning(Timer::TimerUpdate1) &&
         !IsTimerRunning(Timer::TimerUpdate2))
         StartTimer(nextHalf);
 }
 
-bool IsDue() {
+// The minutes of the chosen interval. An unknown name counts as 0, so that every tick retrieves.
+int IntervalMinutes() {
+    for (const settings::Interval& interval : settings::kIntervals)
+        if (interval.caption == settings::State().autoUpdateInterval) return interval.minutes;
+    return 0;
+}
+
+// Counts this minute. The timers stand still while the computer sleeps: after that the elapsed time
+// decides too.
+bool IsRetrievalDue() {
+    constexpr std::uint64_t kMinute = 60'000;
     settings::ProgramState& state = settings::State();
     state.minuteCounter = win::AddInt16(state.minuteCounter, 1);
-    return IsRetrievalDue(state.minuteCounter, IntervalMinutes(state.autoUpdateInterval), hasSlept,
-                          GetTickCount64() - state.lastCycleEnd);
+    const int interval = IntervalMinutes();
+    const std::uint64_t elapsed = GetTickCount64() - state.lastCycleEnd;
+    return state.minuteCounter >= interval ||
+           (hasSlept && elapsed >= static_cast<std::uint64_t>(interval) * kMinute);
 }
 
 }  // namespace
@@ -45,11 +57,11 @@ void StopMinuteClock() {
 
 void TickMinuteClock(Timer half) {
     nextHalf = half == Timer::TimerUpdate1 ? Timer::TimerUpdate2 : Timer::TimerUpdate1;
-    // While the menu is open no retrieval starts; the next minute will do.
-    if (!IsDue() || IsTrayMenuOpen()) return StartNextHalf();
+    // No retrieval starts while the menu is open; the next tick makes up for it.
+    if (!IsRetrievalDue() || IsTrayMenuOpen()) return StartNextHalf();
     hasSlept = false;
     settings::State().minuteCounter = 0;
-    // The question for a station may stay open: the clock does not wait for its answer.
+    // RetrieveAlerts will ask for a station: the clock does not wait for the answer.
     if (settings::State().stationCount == 0) StartNextHalf();
     RetrieveAlerts(false, StartNextHalf);
 }

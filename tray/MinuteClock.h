@@ -1,18 +1,19 @@
 #pragma once
 
-#include "tray/frmTray.h"
+#include "tray/TrayWindow.h"
 
-// The clock of automatic updates: one tick a minute, a retrieval when the chosen interval is over.
+// The clock of automatic updates: it ticks once a minute and starts a retrieval when the chosen
+// interval has passed.
 namespace tray {
 
-// Switches the clock on, with its count reset, or off; a clock that already runs goes on.
+// Starts the clock and resets its count; a running clock is left alone.
 void StartMinuteClock();
 void StopMinuteClock();
 
-// Handles the timer of one half of the clock.
+// Handles one of the clock's two timers, TimerUpdate1 or TimerUpdate2.
 void TickMinuteClock(Timer half);
 
-// The computer has woken from sleep: the next tick checks how long that took.
+// Records that the computer has woken from sleep: the next tick also checks the elapsed time.
 void NoteSleep();
 
 }  // namespace tray

@@ -13,7 +13,7 @@
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "stations/StationList.h"
-#include "tray/TrayCommands.h"
+#include "tray/OptionsDialog.h"
 #include "tray/modTrayIcon.h"
 #include "tray/modTrayMenu.h"
 #include "win/Dates.h"
@@ -51,10 +51,7 @@ UINT_PTR unreadTimer = 0;  // while the station file cannot be read
 
 void OfferStationChoice() {
     askingForStation = true;
-    if (win::Confirm(nullptr, kNoStationQuestion, MB_ICONINFORMATION)) {
-        settings::WriteSetting(settings::kLastOption, settings::kStationsPage);
-        ShowOptions();
-    }
+    if (win::Confirm(nullptr, kNoStationQuestion, MB_ICONINFORMATION)) ShowStationOptions();
     askingForStation = false;
 }
 

@@ -11,24 +11,21 @@
 #include "settings/ProgramState.h"
 #include "settings/Version.h"
 #include "stations/StationList.h"
+#include "tray/OptionsDialog.h"
 #include "tray/RetrieveAlerts.h"
 #include "tray/TrayMenuRules.h"
+#include "tray/TrayWindow.h"
 #include "tray/frmAbout.h"
-#include "tray/frmTray.h"
 #include "tray/modExplorerMonitor.h"
 #include "tray/modTrayIcon.h"
 #include "tray/modTrayMenu.h"
 #include "tray/resource.h"
 #include "win/Messages.h"
-#include "win/NeverDestroyed.h"
 #include "win/Shell.h"
 #include "win/modRandomFile.h"
 
 namespace tray {
 namespace {
-
-constexpr char kRetrieveTag[] = "RetrieveAlerts";
-std::string& fireEventTag = win::NeverDestroyed<std::string>();
 
 void Open(const std::string& address) {
     win::OpenInBrowser(TrayWindow(), address);
@@ -37,7 +34,6 @@ void Open(const std::string& address) {
 }  // namespace
 
 void mnuRetrieveSevereAlerts_Click() {
-    fireEventTag = kRetrieveTag;
     StartTimer(Timer::TimerFireEvent);
 }
 
@@ -84,8 +80,7 @@ void RunFixedCommand(unsigned identifier) {
     }
 }
 
-void RunFiredEvent() {
-    if (fireEventTag != kRetrieveTag) return;
+void RetrieveByCommand() {
     EnableRetrieveItem(false);
     win::PumpPendingMessages();
     RetrieveAlerts(true, [] { EnableRetrieveItem(true); });
@@ -96,7 +91,7 @@ void ShutDown() {
     RemoveMenuSubclass();
     alerts::AbandonDownloads();
     settings::StoreHeldSettings();
-    // The search of the copy that goes on may wait for such files.
+    // A second copy must leave the files that a search of the first copy may be waiting for.
     if (settings::State().isFirstCopy) win::DeleteTempFiles("SVA");
     settings::State().runningMutex.Reset();
     StopExplorerMonitor(TrayWindow());

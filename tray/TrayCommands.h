@@ -1,26 +1,26 @@
 #pragma once
 
-// The commands behind the tray menu's fixed items, and the shutdown.
+// The commands of the tray menu's fixed items, and the shutdown.
 namespace tray {
 
+// Schedules RetrieveByCommand, which runs after the current event has returned.
 void mnuRetrieveSevereAlerts_Click();
+// Opens the national alert map in the browser.
 void mnuViewNationalSevereAlerts_Click();
 void mnuOptions_Click();
+// Opens the maker's web site in the browser.
 void mnuVisitQuillmark_Click();
-// Starts the shutdown, which runs once the current event has returned.
+// Schedules the shutdown, which runs after the current event has returned.
 void mnuExit_Click();
 
-// Runs the command of a fixed menu item; other identifiers do nothing.
+// Runs the command of a fixed menu item; ignores other identifiers.
 void RunFixedCommand(unsigned identifier);
 
-// Runs the command that was put off until the event before it had returned.
-void RunFiredEvent();
+// Starts a retrieval that reports its failure; the menu item is disabled while it runs.
+void RetrieveByCommand();
 
-// Removes the icon and every trace of the run, and ends the process.
+// Removes the icon, ends running downloads, stores the settings, deletes temporary files and ends
+// the process.
 [[noreturn]] void ShutDown();
-
-// The one wish that goes up: the Options dialog stands above the tray, and app/ says where. Returns
-// when the dialog is closed, at once when it is already open (which brings it to the front).
-void ShowOptions();
 
 }  // namespace tray

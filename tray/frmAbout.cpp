@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "assets/icons/icons.h"
 #include "settings/Hosts.h"
 #include "tray/resource.h"
 #include "win/Dialog.h"

@@ -1,41 +1,21 @@
 #include "tray/frmTray.h"
 
-#include <array>
 #include <bitset>
 
-#include "settings/SettingKeys.h"
 #include "settings/Hosts.h"
 #include "settings/ProgramState.h"
+#include "settings/SettingKeys.h"
 #include "tray/MinuteClock.h"
 #include "tray/RetrieveAlerts.h"
 #include "tray/TrayCommands.h"
+#include "tray/TrayWindow.h"
 #include "tray/modExplorerMonitor.h"
 #include "tray/modTrayIcon.h"
 #include "tray/modTrayMenu.h"
-#include "tray/resource.h"
 #include "win/Messages.h"
 
 namespace tray {
 namespace {
-
-constexpr char kClassName[] = "SkyvaneAlertsTray";
-
-HWND window = nullptr;
-
-struct TimerState {
-    UINT interval;  // milliseconds
-    bool running = false;
-};
-std::array<TimerState, static_cast<std::size_t>(Timer::Count)> timers{
-    {{30000}, {60000}, {60000}, {1}, {1}, {200}}};
-
-TimerState& StateOf(Timer timer) {
-    return timers[static_cast<std::size_t>(timer)];
-}
-
-UINT_PTR TimerIdentifier(Timer timer) {
-    return static_cast<UINT_PTR>(timer) + 1;
-}
 
 void PerformClickAction(const std::string& action) {
     if (action == settings::kOpenOptionsAction)
@@ -46,10 +26,10 @@ void PerformClickAction(const std::string& action) {
         mnuVisitQuillmark_Click();
 }
 
-// What fired while the menu was open. Inside the menu's loop a new window would get no input and
-// nothing below that loop would go on.
+// Events that arrived while the menu was open. A window opened from inside the menu's loop would
+// get no input, and the code below that loop would not run until the window closes.
 bool doubleClickPostponed = false;
-std::bitset<static_cast<std::size_t>(Timer::Count)> postponedTimers;
+std::bitset<kTimerCount + 1> postponedTimers;  // by identifier
 
 void PerformDoubleClick() {
     doubleClickPostponed = IsTrayMenuOpen();
@@ -59,7 +39,7 @@ void PerformDoubleClick() {
 void OpenTrayMenu() {
     static int clicks = 0;
     const int thisClick = ++clicks;
-    SetForegroundWindow(window);
+    SetForegroundWindow(TrayWindow());
     win::PumpPendingMessages();
     LoadUnreadStations();
     if (thisClick != clicks) return;  // a newer click has shown the menu meanwhile
@@ -99,7 +79,7 @@ void RunTimer(Timer timer) {
             TickMinuteClock(timer);
             break;
         case Timer::TimerFireEvent:
-            RunFiredEvent();
+            RetrieveByCommand();
             break;
         case Timer::TimerUnload:
             ShutDown();
@@ -107,20 +87,17 @@ void RunTimer(Timer timer) {
         case Timer::Timer1:
             PerformClickAction(settings::State().singleClickAction);
             break;
-        case Timer::Count:
-            break;
     }
 }
 
-// The clock counts its minutes under the open menu too, and nothing may keep the program from
-// ending.
+// The clock counts minutes while the menu is open too, and nothing may delay the shutdown.
 bool MustWaitForMenu(Timer timer) {
     return IsTrayMenuOpen() && timer != Timer::TimerUpdate1 && timer != Timer::TimerUpdate2 &&
            timer != Timer::TimerUnload;
 }
 
 void OnTimer(Timer timer) {
-    if (!IsTimerRunning(timer)) return;  // stopped while its message was on the way
+    if (!IsTimerRunning(timer)) return;  // stopped while its message was in the queue
     StopTimer(timer);
     if (MustWaitForMenu(timer))
         postponedTimers.set(static_cast<std::size_t>(timer));
@@ -130,7 +107,7 @@ void OnTimer(Timer timer) {
 
 void OnMenuClosed() {
     BuildPostponedMenus();
-    for (std::size_t i = 0; i < postponedTimers.size(); ++i)
+    for (std::size_t i = 1; i <= kTimerCount; ++i)
         if (postponedTimers.test(i)) {
             postponedTimers.reset(i);
             RunTimer(static_cast<Timer>(i));
@@ -138,19 +115,19 @@ void OnMenuClosed() {
     if (doubleClickPostponed) PerformDoubleClick();
 }
 
-LRESULT CALLBACK TrayProcedure(HWND self, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK TrayProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case kTrayCallback:
             Form_MouseMove(static_cast<short>(LOWORD(lParam)));
             return 0;
         case WM_TIMER:
-            if (wParam >= 1 && wParam <= timers.size()) OnTimer(static_cast<Timer>(wParam - 1));
+            if (wParam >= 1 && wParam <= kTimerCount) OnTimer(static_cast<Timer>(wParam));
             return 0;
         case WM_COMMAND:
             RunFixedCommand(LOWORD(wParam));
             return 0;
         case WM_QUERYENDSESSION:
-        case WM_CLOSE:  // how the task manager asks; the window has no close box
+        case WM_CLOSE:  // sent by the task manager; the window has no close box
             mnuExit_Click();
             return TRUE;
         case WM_ENDSESSION:  // Windows may end the process as soon as this returns
@@ -163,46 +140,17 @@ LRESULT CALLBACK TrayProcedure(HWND self, UINT message, WPARAM wParam, LPARAM lP
             OnMenuClosed();
             return 0;
         default:
-            return DefWindowProcA(self, message, wParam, lParam);
+            return DefWindowProcA(window, message, wParam, lParam);
     }
 }
 
 }  // namespace
 
 HWND LoadTrayWindow() {
-    WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = TrayProcedure;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszMenuName = MAKEINTRESOURCEA(IDR_TRAYMENUBAR);
-    windowClass.lpszClassName = kClassName;
-    RegisterClassA(&windowClass);
     LoadBuiltInImages();
-    window = CreateWindowExA(0, kClassName, win::kProgramName, WS_OVERLAPPED, 0, 0, 0, 0, nullptr,
-                             nullptr, windowClass.hInstance, nullptr);
+    const HWND window = CreateTrayWindow(TrayProcedure);
     StartExplorerMonitor(window);
     return window;
-}
-
-HWND TrayWindow() {
-    return window;
-}
-
-void StartTimer(Timer timer) {
-    StateOf(timer).running =
-        SetTimer(window, TimerIdentifier(timer), StateOf(timer).interval, nullptr);
-}
-
-void StopTimer(Timer timer) {
-    KillTimer(window, TimerIdentifier(timer));
-    StateOf(timer).running = false;
-}
-
-bool IsTimerRunning(Timer timer) {
-    return StateOf(timer).running;
-}
-
-void SetTimerInterval(Timer timer, UINT milliseconds) {
-    StateOf(timer).interval = milliseconds;
 }
 
 }  // namespace tray

@@ -5,10 +5,10 @@
 #include <cstddef>
 #include <cstring>
 
+#include "assets/icons/icons.h"
 #include "settings/IniOpenSave.h"
-#include "tray/ClockRules.h"
-#include "tray/frmTray.h"
-#include "tray/resource.h"
+#include "tray/TrayTip.h"
+#include "tray/TrayWindow.h"
 #include "win/Dates.h"
 #include "win/Images.h"
 #include "win/Messages.h"

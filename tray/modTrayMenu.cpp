@@ -9,9 +9,9 @@
 #include "settings/ProgramState.h"
 #include "stations/StationLine.h"
 #include "stations/StationList.h"
-#include "tray/TrayCommands.h"
+#include "tray/OptionsDialog.h"
 #include "tray/TrayMenuRules.h"
-#include "tray/frmTray.h"
+#include "tray/TrayWindow.h"
 #include "tray/resource.h"
 #include "win/Handle.h"
 #include "win/Messages.h"
@@ -53,8 +53,7 @@ void RunBuiltCommand(std::uint32_t identifier) {
         }
     }
     if (identifier == kAddStation) {
-        settings::WriteSetting(settings::kLastOption, settings::kStationsPage);
-        mnuOptions_Click();
+        ShowStationOptions();
     } else if (identifier > kAddStation) {
         Open(StationAddress(settings::WeatherHost(),
                             stations::StationAt(identifier - kFirstStation)));

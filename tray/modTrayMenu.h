@@ -1,12 +1,8 @@
 #pragma once
-#include <windows.h>
 
 // The tray icon's popup menu: its fixed items come from the window's menu; the list of current
 // alerts at the top and the "View Weather" submenu are built here.
 namespace tray {
-
-// Posted to the tray window once the popup has closed, after the command that was chosen.
-inline constexpr UINT kTrayMenuClosed = WM_APP + 1;
 
 // Finds the popup, inserts the empty "View Weather" submenu and subclasses the tray window.
 void SetUpTrayMenus();

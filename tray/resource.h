@@ -13,12 +13,6 @@
 #define mnuSupportQuillmark 110
 #define mnuExit 111
 
-// The program's own icon comes first: the lowest number is the one that the shell shows for the
-// file.
-#define IDI_PROGRAM 1
-#define IDI_NORMAL 2
-#define IDI_NEWALERTS 3
-
 #define IDD_frmAbout 120
 #define IDB_WEATHERBUG 121
 #define frmAbout_Command1 1

@@ -10,6 +10,7 @@
 #include "options/resource.h"
 #include "tests/ScratchStore.h"
 #include "tray/MinuteClock.h"
+#include "tray/TrayWindow.h"
 #include "tray/frmTray.h"
 #include "win/ListItems.h"
 #include "win/Dialog.h"

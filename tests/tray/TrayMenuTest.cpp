@@ -3,6 +3,7 @@
 
 #include "tests/Handles.h"
 #include "tests/ScratchStore.h"
+#include "tray/TrayWindow.h"
 #include "tray/frmTray.h"
 #include "tray/modExplorerMonitor.h"
 #include "tray/modTrayMenu.h"

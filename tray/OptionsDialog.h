@@ -1,0 +1,14 @@
+#pragma once
+
+// One call goes upward: the Options dialog is above the tray, which opens it. Both functions are
+// implemented in app/Dialogs.cpp.
+namespace tray {
+
+// Shows the Options dialog and returns when it is closed. If it is already open, brings it to the
+// front and returns at once.
+void ShowOptions();
+
+// The same, with the Stations page in front; an open dialog stays on its page.
+void ShowStationOptions();
+
+}  // namespace tray
