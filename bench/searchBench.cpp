@@ -1,5 +1,6 @@
-// From an answer of 500 stations to the filled list, against what the XML library alone takes to
-// load and walk it. Prints a line per run: "search" or "xml", milliseconds.
+// Measures the time from an answer of 500 stations to the filled list, and the time that the XML
+// library alone needs to load and read that answer. Prints a line per run: "search" or "xml",
+// milliseconds.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -8,9 +9,9 @@
 #include <string>
 
 #include "bench/Stopwatch.h"
-#include "search/MapPage.h"
 #include "search/SearchFeed.h"
 #include "search/SearchForm.h"
+#include "search/SearchMap.h"
 #include "search/StationRows.h"
 #include "search/resource.h"
 #include "settings/ProgramState.h"
@@ -34,7 +35,7 @@ std::string MakeAnswer() {
     return text + "</aws:weather>";
 }
 
-// Every attribute's name and text, as any reader of the answer must ask for them.
+// Reads the name and text of every attribute, as any reader of the answer must.
 double TimeXml(const std::string& path) {
     const double began = bench::Milliseconds();
     const win::XmlDocument document = win::LoadXmlFile(path);
@@ -63,8 +64,8 @@ double TimeSearch(const std::string& path) {
     const double began = bench::Milliseconds();
     const win::XmlDocument document = win::LoadXmlFile(path);
     const auto page = search::WriteMapPage(document);
-    const auto table = search::ReadStations(search::ReadRows(document, "aws:weather/"));
-    search::ShowStationRows(*search::ListRows(*table, true));
+    const auto table = search::ReadStations(search::ReadElements(document, "aws:weather/"));
+    search::ShowStationRows(*search::MakeListRows(*table, true));
     const double ended = bench::Milliseconds();
     if (!page || search::Form().rows.size() != 500) {
         std::puts("failed");
@@ -76,21 +77,21 @@ double TimeSearch(const std::string& path) {
 LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* note = reinterpret_cast<NMHDR*>(lParam);
     if (message == WM_NOTIFY && note->code == static_cast<UINT>(LVN_GETDISPINFOA))
-        search::AnswerStationCell(reinterpret_cast<NMLVDISPINFOA&>(*note));
+        search::ProvideStationCell(reinterpret_cast<NMLVDISPINFOA&>(*note));
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-// A window with the list that the dialog has.
-void MakeForm() {
+// Creates a window with the same list as the dialog.
+void CreateForm() {
     WNDCLASSA form{};
     form.lpfnWndProc = FormProcedure;
     form.lpszClassName = "searchBench";
     RegisterClassA(&form);
     const HWND window = CreateWindowExA(0, form.lpszClassName, "", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
                                         0, 0, 500, 400, nullptr, nullptr, nullptr, nullptr);
-    constexpr DWORD style = WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA;
+    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA;
     const HWND list =
-        CreateWindowExA(0, WC_LISTVIEWA, "", style, 0, 0, 400, 300, window,
+        CreateWindowExA(0, WC_LISTVIEWA, "", kStyle, 0, 0, 400, 300, window,
                         reinterpret_cast<HMENU>(frmSearch_StationList), nullptr, nullptr);
     for (const char* header : {"Station Name", "Location", "Data Source"})
         win::AddListColumn(list, header, 120);
@@ -100,13 +101,13 @@ void MakeForm() {
 }  // namespace
 
 int main() {
-    // The map page's template is the product's own, in the folder that the runner lays out.
+    // The map page's template is in the product folder that the runner creates.
     settings::State().dataFolder = win::ExecutableFolder() + "\\..\\product";
     const std::string path = win::ExecutableFolder() + "\\stations.xml";
     win::ReplaceFileWhole(path, MakeAnswer());
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES};
     win::late::InitCommonControlsEx(&controls);
-    MakeForm();
+    CreateForm();
     for (int round = -1; round < 15; ++round) {
         const double xml = TimeXml(path);
         const double search = TimeSearch(path);

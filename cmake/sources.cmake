@@ -21,11 +21,9 @@ set(portableSources
   downloader/ProxyRules.cpp
   downloader/UrlRules.cpp
   options/OptionsRules.cpp
-  search/LocationTableRules.cpp
-  search/MapKeyRules.cpp
-  search/MapPageRules.cpp
-  search/SearchRequestRules.cpp
-  search/StationTableRules.cpp
+  search/LocationTable.cpp
+  search/MapPage.cpp
+  search/StationTable.cpp
   settings/IniText.cpp
   settings/Scramble.cpp
   stations/StationLine.cpp

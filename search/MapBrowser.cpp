@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "search/MapKeyRules.h"
 #include "win/Com.h"
 
 namespace search {
@@ -10,26 +9,27 @@ namespace {
 
 constexpr char kControlClass[] = "Shell.Explorer.2";
 constexpr char kHostClass[] = "AtlAxWin";
-constexpr UINT kForwardMessage = 0x37F;  // the host window offers the message to its control
+constexpr UINT kForwardMessage = 0x37F;  // the host window passes the message to its control
+constexpr char kInnerHtml[] = "innerHTML";
 
-HMODULE HostLibrary() {
+HMODULE LoadHostLibrary() {
     static const HMODULE library = LoadLibraryExA("atl.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     return library;
 }
 
 template <class Function>
-Function HostFunction(const char* name) {
-    return reinterpret_cast<Function>(
-        reinterpret_cast<void*>(HostLibrary() ? GetProcAddress(HostLibrary(), name) : nullptr));
+Function LoadHostFunction(const char* name) {
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(
+        LoadHostLibrary() ? GetProcAddress(LoadHostLibrary(), name) : nullptr));
 }
 
 bool RegisterHostClass() {
-    const auto initialise = HostFunction<BOOL(WINAPI*)()>("AtlAxWinInit");
+    const auto initialise = LoadHostFunction<BOOL(WINAPI*)()>("AtlAxWinInit");
     return initialise && initialise();
 }
 
-win::Automation ControlIn(HWND window) {
-    const auto getControl = HostFunction<HRESULT(WINAPI*)(HWND, IUnknown**)>("AtlAxGetControl");
+win::Automation FindControl(HWND window) {
+    const auto getControl = LoadHostFunction<HRESULT(WINAPI*)(HWND, IUnknown**)>("AtlAxGetControl");
     Microsoft::WRL::ComPtr<IUnknown> control;
     win::Automation browser;
     if (window && getControl && SUCCEEDED(getControl(window, &control)) && control)
@@ -37,29 +37,37 @@ win::Automation ControlIn(HWND window) {
     return browser;
 }
 
-constexpr char kInside[] = "innerHTML";
-
-// The element of the browser's page; null when there is none.
-win::Automation ElementOf(const win::Automation& browser, std::string_view identifier) {
+// Returns an element of the browser's page, or null.
+win::Automation FindElement(const win::Automation& browser, std::string_view identifier) {
     const auto document = win::GetObjectProperty(browser, "Document");
     return win::GetItem(win::GetObjectProperty(document, "All"), identifier);
 }
 
 }  // namespace
 
+KeyTarget FindKeyTarget(WPARAM key, bool isControlDown) {
+    if (key == VK_ESCAPE) return KeyTarget::Dialog;
+    if (isControlDown) return KeyTarget::None;
+    // Space, Page Up, Page Down, End, Home and the arrows, also those of the number pad.
+    if (key >= VK_SPACE && key <= VK_DOWN) return KeyTarget::Map;
+    for (const int used : {VK_TAB, VK_RETURN, VK_ADD, VK_SUBTRACT, VK_OEM_PLUS, VK_OEM_MINUS})
+        if (key == static_cast<WPARAM>(used)) return KeyTarget::Map;
+    return KeyTarget::None;
+}
+
 bool MapBrowser::Create(HWND parent, int control) {
     win::EnsureCom();
     if (!RegisterHostClass()) return false;
-    // The host window makes the control that its text names.
+    // The host window creates the control that its text names.
     window_ = CreateWindowExA(WS_EX_CLIENTEDGE, kHostClass, kControlClass,
                               WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPCHILDREN, 0, 0, 0, 0,
                               parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(control)),
                               GetModuleHandleA(nullptr), nullptr);
-    browser_ = ControlIn(window_);
+    browser_ = FindControl(window_);
     if (!browser_ && window_) DestroyWindow(std::exchange(window_, nullptr));
-    // The page's faults are no boxes to click away.
+    // Script errors of the page show no message boxes.
     win::PutProperty(browser_, "Silent", win::Variant(true));
-    // Nor does what is dropped on the map lead away from it.
+    // A file dropped on the map does not replace the page.
     win::PutProperty(browser_, "RegisterAsDropTarget", win::Variant(false));
     return static_cast<bool>(browser_);
 }
@@ -88,33 +96,34 @@ bool MapBrowser::HasDocument() const {
     return static_cast<bool>(win::GetObjectProperty(browser_, "Document"));
 }
 
-bool MapBrowser::BodyHolds(std::string_view text) const {
+bool MapBrowser::BodyContains(std::string_view text) const {
     const auto document = win::GetObjectProperty(browser_, "Document");
-    const auto inside = win::GetProperty(win::GetObjectProperty(document, "body"), kInside);
-    return inside && inside->Text().find(text) != std::string::npos;
+    const auto markup = win::GetProperty(win::GetObjectProperty(document, "body"), kInnerHtml);
+    return markup && markup->Text().find(text) != std::string::npos;
 }
 
 std::optional<std::string> MapBrowser::ReadElement(std::string_view identifier) const {
-    const auto inside = win::GetProperty(ElementOf(browser_, identifier), kInside);
-    if (!inside) return std::nullopt;
-    return inside->Text();
+    const auto markup = win::GetProperty(FindElement(browser_, identifier), kInnerHtml);
+    if (!markup) return std::nullopt;
+    return markup->Text();
 }
 
 void MapBrowser::WriteElement(std::string_view identifier, std::string_view markup) const {
-    win::PutProperty(ElementOf(browser_, identifier), kInside, win::Variant(markup));
+    win::PutProperty(FindElement(browser_, identifier), kInnerHtml, win::Variant(markup));
 }
 
-bool MapBrowser::TakeKey(const MSG& message) const {
-    // Keys with Alt are no such messages: they stay the dialog's.
+bool MapBrowser::HandleKey(const MSG& message) const {
+    // Keys with Alt have other messages, which the dialog handles.
     const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_DEADCHAR;
     if (!isKey || !window_ || !IsChild(window_, message.hwnd)) return false;
-    // A character is what became of a key that was the map's.
+    // Character messages come only from keys that the map has been given.
     if (message.message == WM_KEYDOWN || message.message == WM_KEYUP) {
-        const KeyTaker taker = MapKeyTaker(message.wParam, GetKeyState(VK_CONTROL) < 0);
-        if (taker != KeyTaker::Map) return taker == KeyTaker::Nobody;
+        const KeyTarget target = FindKeyTarget(message.wParam, GetKeyState(VK_CONTROL) < 0);
+        if (target != KeyTarget::Map) return target == KeyTarget::None;
     }
     if (SendMessageA(window_, kForwardMessage, 0, reinterpret_cast<LPARAM>(&message))) return true;
-    // Behind the page's last link Tab leaves it. The rest stays, or the arrows would leave it too.
+    // After the page's last link Tab moves on to the dialog. Other keys must not, or the arrows
+    // would.
     if (message.wParam == VK_TAB) return false;
     TranslateMessage(&message);
     DispatchMessageW(&message);

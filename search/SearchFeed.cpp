@@ -1,18 +1,33 @@
 #include "search/SearchFeed.h"
 
-namespace search {
+#include "alerts/modDownloader.h"
 
-std::vector<NodeRow> ReadRows(const win::XmlDocument& document, const std::string& path) {
-    std::vector<NodeRow> rows;
-    const win::XmlNodeList any = win::SelectNodes(document, (path + "*").c_str());
-    const win::XmlNode first = any ? win::NextNode(any) : nullptr;
-    if (!first) return rows;
+namespace search {
+namespace {
+
+constexpr char kTempPrefix[] = "SVA";
+
+}  // namespace
+
+FeedAnswer FetchDocument(const std::string& address, bool (*isCancelled)()) {
+    alerts::Download download(address, kTempPrefix);
+    download.Wait(isCancelled);
+    if (isCancelled()) return {};
+    return {download.Succeeded(), win::LoadXmlFile(download.DataFile())};
+}
+
+std::vector<win::XmlAttributes> ReadElements(const win::XmlDocument& document,
+                                             const std::string& path) {
+    std::vector<win::XmlAttributes> elements;
+    const win::XmlNodeList all = win::SelectNodes(document, (path + "*").c_str());
+    const win::XmlNode first = all ? win::NextNode(all) : nullptr;
+    if (!first) return elements;
     const win::XmlNodeList named =
         win::SelectNodes(document, (path + win::NodeName(first)).c_str());
-    if (!named) return rows;
+    if (!named) return elements;
     while (const win::XmlNode node = win::NextNode(named))
-        rows.push_back(win::NodeAttributes(node));
-    return rows;
+        elements.push_back(win::NodeAttributes(node));
+    return elements;
 }
 
 }  // namespace search

@@ -7,16 +7,15 @@
 
 #include "search/MapBrowser.h"
 #include "search/SearchLayout.h"
-#include "search/StationTableRules.h"
+#include "search/StationTable.h"
 #include "win/Images.h"
 
-// The one search dialog and its routines, one file for each of: the dialog itself, the search run,
-// the talk with the map.
+// The state of the search dialog and the operations on it that its files share.
 namespace search {
 
 struct SearchForm {
     HWND window = nullptr;
-    HWND stationCombo = nullptr;  // the Options dialog's Combo1
+    HWND stationCombo = nullptr;  // Combo1 of the Options dialog
     SearchLayout layout;
     win::ImageList images;  // ImageList1
     MapBrowser browser;     // mashupbrowser
@@ -25,32 +24,27 @@ struct SearchForm {
     std::string lastClickedStation;
     std::optional<std::string> chosenLine;
 
-    int runsOnStack = 0;  // searches that wait inside one another, mostly none or one
-    int runNumber = 0;    // the newest search
+    int activeSearches = 0;  // on the stack; a search that waits can be nested in another
+    int searchNumber = 0;    // of the newest search
     bool isWaitPointer = false;
-    bool isSelecting = false;  // the program selects a row, not the user
-    bool isClosing = false;    // hidden; unloads when no search is on the stack any more
+    bool isSelecting = false;  // the program, not the user, is selecting a row
+    bool isClosing = false;    // hidden; unloads when the last search on the stack has ended
 };
+
+// Returns the one search form.
 SearchForm& Form();
+// Returns whether the dialog is closing; a wait of the search ends then.
+bool IsFormClosing();
 
-// A control of the dialog.
+// Returns a control of the dialog, or null when the dialog is not open.
 HWND Control(int control);
-// Label1.
+// Shows a text in the status line, Label1.
 void SetStatus(const std::string& text);
+// Shows the wait pointer over the whole dialog, or the arrow.
 void SetWaitPointer(bool wait);
-// Selects a row of StationList without taking it for a choice of the user's.
+// Selects a row of StationList (counted from 0) without treating it as a choice of the user.
 void SelectStation(int row);
-// Hides the dialog and unloads it, at once or as soon as the searches on the stack have ended.
+// Hides the dialog and unloads it, at once or when the searches on the stack have ended.
 void CloseForm();
-
-// One whole search for the text in Text1, from the click to the filled list.
-void Command1_Click();
-
-// Centres the map on the selected station.
-void CenterMap();
-// Returns the map to its overall view. Nothing needs it at present: a new list has a new page.
-void ResetMap();
-// Looks which station was clicked on the map, and selects it.
-void CityClickedTimer_Timer();
 
 }  // namespace search

@@ -5,7 +5,7 @@
 namespace search {
 namespace {
 
-// Which borders of the dialog a control's own borders follow when it grows.
+// The borders of a control that move with the dialog's right or bottom border.
 struct Anchor {
     int control;
     bool leftFollows;
@@ -23,14 +23,14 @@ constexpr Anchor kAnchors[] = {{frmSearch_Shape1, false, true, false, false},
                                {frmSearch_Command2, true, true, true, true}};
 constexpr int kGapUnits = 4;
 
-// The size of a thousand dialog units in pixels: what the controls scale by.
-SIZE DialogUnit(HWND dialog) {
+// Returns the size of a thousand dialog units in pixels, by which the controls scale.
+SIZE MeasureDialogUnits(HWND dialog) {
     RECT units{0, 0, 1000, 1000};
     MapDialogRect(dialog, &units);
     return {units.right, units.bottom};
 }
 
-SIZE ClientSize(HWND dialog) {
+SIZE GetClientSize(HWND dialog) {
     RECT client;
     GetClientRect(dialog, &client);
     return {client.right, client.bottom};
@@ -45,8 +45,8 @@ void Move(HWND window, const RECT& rect) {
 
 void SearchLayout::Remember(HWND dialog) {
     dialog_ = dialog;
-    client_ = ClientSize(dialog);
-    unit_ = DialogUnit(dialog);
+    client_ = GetClientSize(dialog);
+    unit_ = MeasureDialogUnits(dialog);
     places_.clear();
     for (const Anchor& anchor : kAnchors) {
         RECT rect;
@@ -56,28 +56,28 @@ void SearchLayout::Remember(HWND dialog) {
     }
 }
 
-// The remembered sizes hold for the font that the dialog had then; a screen of another resolution
-// brings another one.
-RECT SearchLayout::Scaled(const RECT& rect) const {
-    const SIZE now = DialogUnit(dialog_);
+// The remembered sizes belong to the font that the dialog had then. On a screen of another
+// resolution the font differs.
+RECT SearchLayout::Scale(const RECT& rect) const {
+    const SIZE now = MeasureDialogUnits(dialog_);
     return {MulDiv(rect.left, now.cx, unit_.cx), MulDiv(rect.top, now.cy, unit_.cy),
             MulDiv(rect.right, now.cx, unit_.cx), MulDiv(rect.bottom, now.cy, unit_.cy)};
 }
 
-SIZE SearchLayout::ScaledClient() const {
-    const RECT scaled = Scaled({0, 0, client_.cx, client_.cy});
+SIZE SearchLayout::ScaleClient() const {
+    const RECT scaled = Scale({0, 0, client_.cx, client_.cy});
     return {scaled.right, scaled.bottom};
 }
 
 void SearchLayout::Apply(HWND map) const {
     if (!dialog_) return;
-    const SIZE now = ClientSize(dialog_);
-    const SIZE least = ScaledClient();
+    const SIZE now = GetClientSize(dialog_);
+    const SIZE least = ScaleClient();
     const int wider = now.cx - least.cx;
     const int higher = now.cy - least.cy;
     for (std::size_t i = 0; i < places_.size(); ++i) {
         const Anchor& anchor = kAnchors[i];
-        RECT rect = Scaled(places_[i].rect);
+        RECT rect = Scale(places_[i].rect);
         const int margin = rect.left;
         if (anchor.leftFollows) rect.left += wider;
         if (anchor.rightFollows) rect.right += wider;
@@ -100,7 +100,7 @@ void SearchLayout::Apply(HWND map) const {
 
 void SearchLayout::LimitSize(MINMAXINFO& limits) const {
     if (!dialog_) return;
-    const SIZE least = ScaledClient();
+    const SIZE least = ScaleClient();
     RECT frame{0, 0, least.cx, least.cy};
     AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongA(dialog_, GWL_STYLE)), FALSE,
                        static_cast<DWORD>(GetWindowLongA(dialog_, GWL_EXSTYLE)));

@@ -5,14 +5,15 @@
 
 namespace search {
 
-// Where the controls of the search dialog stand at its present size: the list and the map share the
-// room, the rest keeps its distance to the borders.
+// Places the controls of the search dialog for its current size: the list and the map share the
+// space, the other controls keep their distances to the borders.
 class SearchLayout {
   public:
-    // Takes the dialog's present size as its smallest and the controls' places as those for it.
+    // Takes the dialog's current size as its smallest, and the controls' places as those for it.
     void Remember(HWND dialog);
-    // Puts the controls where they belong. Without a map the list has all the room.
+    // Moves the controls to their places. Without a map (null) the list takes all the space.
     void Apply(HWND map) const;
+    // Sets the dialog's smallest size.
     void LimitSize(MINMAXINFO& limits) const;
 
   private:
@@ -20,8 +21,8 @@ class SearchLayout {
         int control;
         RECT rect;
     };
-    SIZE ScaledClient() const;
-    RECT Scaled(const RECT& rect) const;
+    SIZE ScaleClient() const;
+    RECT Scale(const RECT& rect) const;
 
     HWND dialog_ = nullptr;
     SIZE client_{};

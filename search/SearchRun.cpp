@@ -1,11 +1,11 @@
+#include "search/SearchRun.h"
+
 #include <vector>
 
-#include "alerts/modDownloader.h"
-#include "search/LocationTableRules.h"
-#include "search/MapPage.h"
+#include "search/LocationTable.h"
 #include "search/SearchFeed.h"
 #include "search/SearchForm.h"
-#include "search/SearchRequestRules.h"
+#include "search/SearchMap.h"
 #include "search/StationRows.h"
 #include "search/frmSearchChoose.h"
 #include "search/resource.h"
@@ -18,23 +18,27 @@
 namespace search {
 namespace {
 
-constexpr char kTempPrefix[] = "SVA";
 constexpr char kNothingFound[] = "0 weather stations found.";
 constexpr UINT kPollMilliseconds = 50;
 constexpr DWORD kBusyMilliseconds = 15;
 
-// What the stations are looked up for and how they are then listed.
+// The place that stations are looked up for and the way they are listed.
 struct Target {
     Place place;
-    bool listByZipCode = true;
+    bool listAsZipCode = true;
 };
-
-bool IsFormClosing() {
-    return Form().isClosing;
-}
 
 std::string FeedAddress(const std::string& query) {
     return settings::FeedHost() + settings::kFeedRequest + query;
+}
+
+// The text goes into the address as typed; only its spaces are escaped.
+std::string LocationQuery(std::string_view text) {
+    return "&RequestType=501&SearchString=" + win::ReplaceAll(text, " ", "%20");
+}
+
+std::string StationQuery(const Place& place) {
+    return (place.isZipCode ? "&requesttype=1&zipcode=" : "&requesttype=1&CityCode=") + place.code;
 }
 
 void EnableForm(bool enable) {
@@ -47,8 +51,8 @@ void EnableForm(bool enable) {
 
 void BeginSearch() {
     SearchForm& form = Form();
-    ++form.runsOnStack;
-    ++form.runNumber;
+    ++form.activeSearches;
+    ++form.searchNumber;
     EnableWindow(form.stationCombo, FALSE);
     SetWaitPointer(true);
     EnableForm(false);
@@ -59,81 +63,68 @@ void BeginSearch() {
     ShowStationRows({});
 }
 
-// Lets the user pick one of several locations; nothing ends the search.
+// Lets the user choose one of several locations. Returns nullopt when the search ends here.
 std::optional<Target> ChooseTarget(const std::vector<Location>& locations) {
     SetWaitPointer(false);
     const auto row =
-        ShowLocationChooser(Form().window, ChooserRows(locations), Form().images.Get());
+        ShowLocationChooser(Form().window, MakeChooserRows(locations), Form().images.Get());
     if (!row || Form().isClosing) {
         SetStatus(kNothingFound);
         return std::nullopt;
     }
     SetWaitPointer(true);
-    const auto place = PlaceOf(SelectedLocation(locations, *row));
+    const auto place = FindChosenPlace(locations, *row);
     if (!place) return std::nullopt;
-    return Target{*place, place->byZipCode};
+    return Target{*place, place->isZipCode};
 }
 
-// The only location found; whatever its type, its stations are listed as those of a ZIP code.
-std::optional<Target> SingleTarget(const Location& location) {
-    const auto byZipCode = IsByZipCode(location.type);
-    if (!byZipCode) return std::nullopt;
-    return Target{{location.code, *byZipCode}, true};
+// Returns the target of the only location found. Its stations are listed as those of a ZIP code,
+// whatever its type.
+std::optional<Target> UseSingleLocation(const Location& location) {
+    const auto place = FindPlace(location);
+    if (!place) return std::nullopt;
+    return Target{*place, true};
 }
 
-// Finds the place that the text means; nothing ends the search, the status being set.
+// Finds the place for the text. Returns nullopt, with the status set, when the search ends here. An
+// answer that is no XML or no usable table ends it without a message.
 std::optional<Target> FindTarget(const std::string& text) {
     if (win::IsNumeric(text)) return Target{{text, true}, true};
-    LocationTable table;
-    {
-        alerts::Download download(FeedAddress(LocationQuery(text)), kTempPrefix);
-        download.Wait(IsFormClosing);
-        if (Form().isClosing) return std::nullopt;
-        if (!download.Succeeded()) {
-            SetStatus("Server not found!");
-            return std::nullopt;
-        }
-        // What is no XML, and a table that could not be read, end the search without a word.
-        const win::XmlDocument document = win::LoadXmlFile(download.DataFile());
-        if (!document) return std::nullopt;
-        table = ReadLocations(ReadRows(document, "aws:weather/aws:locations/"));
-        if (table.failed) return std::nullopt;
+    const FeedAnswer answer = FetchDocument(FeedAddress(LocationQuery(text)), IsFormClosing);
+    if (Form().isClosing) return std::nullopt;
+    if (!answer.succeeded) {
+        SetStatus("Server not found!");
+        return std::nullopt;
     }
+    if (!answer.document) return std::nullopt;
+    const LocationTable table =
+        ReadLocations(ReadElements(answer.document, "aws:weather/aws:locations/"));
+    if (table.failed) return std::nullopt;
     if (table.locations.empty()) {
         SetStatus(kNothingFound);
         return std::nullopt;
     }
-    return table.locations.size() == 1 ? SingleTarget(table.locations.front())
+    return table.locations.size() == 1 ? UseSingleLocation(table.locations.front())
                                        : ChooseTarget(table.locations);
 }
 
-// Shows the stations of the document on the map, or an empty map for a null document; false when
-// the page cannot be written.
-bool ShowMapPage(const win::XmlDocument& document) {
-    const auto page = WriteMapPage(document);
-    if (page) Form().browser.Navigate(*page);
-    return page.has_value();
-}
-
-// Fetches the stations of the place, shows them on the map and keeps them in the table.
+// Fetches the stations of the place, shows them on the map and stores them in the table. Returns
+// false when there are none to list.
 bool LookUpStations(const Place& place) {
     SetStatus("Searching for available weather stations...");
-    alerts::Download download(FeedAddress(StationQuery(place)), kTempPrefix);
-    download.Wait(IsFormClosing);
-    if (Form().isClosing) return false;
-    const win::XmlDocument document = win::LoadXmlFile(download.DataFile());
+    const auto document = FetchDocument(FeedAddress(StationQuery(place)), IsFormClosing).document;
     if (Form().isClosing) return false;
     if (!ShowMapPage(document) || !document) return false;
-    auto stations = ReadStations(ReadRows(document, "aws:weather/"));
+    auto stations = ReadStations(ReadElements(document, "aws:weather/"));
     if (!stations) return false;
     Form().stations = std::move(*stations);
     return true;
 }
 
-void FillStationList(bool listByZipCode) {
+void FillStationList(bool listAsZipCode) {
     if (Form().stations.identifiers.size() > 1)
         SetTimer(Form().window, frmSearch_CityClickedTimer, kPollMilliseconds, nullptr);
-    auto rows = ListRows(Form().stations, listByZipCode);
+    auto rows = MakeListRows(Form().stations, listAsZipCode);
     if (!rows) return;
     SetStatus(win::Decimal(static_cast<long long>(rows->size())) + " weather station(s) found.");
     ShowStationRows(std::move(*rows));
@@ -143,23 +134,24 @@ void RunSearch(const std::string& text) {
     const auto target = FindTarget(text);
     if (Form().isClosing) return;
     if (!target)
-        ShowMapPage(nullptr);  // the list is empty, too
+        ShowMapPage(nullptr);  // empty, like the list
     else if (LookUpStations(target->place))
-        FillStationList(target->listByZipCode);
+        FillStationList(target->listAsZipCode);
     else
         SetStatus(kNothingFound);
 }
 
-// Waits for the page to be there; false when the dialog or a newer search has gone on meanwhile.
+// Waits until the page is loaded. Returns false when the dialog closes or a newer search begins
+// meanwhile.
 bool WaitForMap() {
-    const int run = Form().runNumber;
-    while (!Form().isClosing && Form().runNumber == run && Form().browser.IsBusy())
-        win::PumpOrWait(kBusyMilliseconds);
-    return !Form().isClosing && Form().runNumber == run;
+    const int number = Form().searchNumber;
+    const auto isCurrent = [&] { return !Form().isClosing && Form().searchNumber == number; };
+    while (isCurrent() && Form().browser.IsBusy()) win::PumpOrWait(kBusyMilliseconds);
+    return isCurrent();
 }
 
-// There is a browser control but nothing behind it that could show a page: the list has the room.
-void DoWithoutMap() {
+// Removes a browser control that cannot show a page, and gives its space to the list.
+void RemoveMap() {
     Form().browser.Remove();
     Form().layout.Apply(nullptr);
     win::FillLastListColumn(Control(frmSearch_StationList), Form().rows.size());
@@ -169,7 +161,7 @@ void EndSearch() {
     const HWND list = Control(frmSearch_StationList);
     const bool hasRows = win::CountListRows(list) > 0;
     win::SetControlText(Form().window, frmSearch_Text1, "");
-    // Only what is on takes the focus; the buttons come on when the focus is where it belongs.
+    // Only an enabled control takes the focus. The buttons are enabled once the focus is set.
     const HWND next = hasRows ? list : Control(frmSearch_Text1);
     EnableWindow(next, TRUE);
     if (hasRows)
@@ -180,9 +172,9 @@ void EndSearch() {
     EnableForm(true);
     if (hasRows) {
         if (!WaitForMap()) return;
-        if (!Form().browser.HasDocument()) DoWithoutMap();
+        if (!Form().browser.HasDocument()) RemoveMap();
         CenterMap();
-        if (IsChild(Form().browser.Window(), GetFocus())) SetFocus(list);  // taken by the new page
+        if (IsChild(Form().browser.Window(), GetFocus())) SetFocus(list);  // the new page took it
     }
     SetWaitPointer(false);
 }
@@ -195,7 +187,7 @@ void Command1_Click() {
     BeginSearch();
     RunSearch(text);
     if (!Form().isClosing) EndSearch();
-    if (--Form().runsOnStack == 0 && Form().isClosing) CloseForm();
+    if (--Form().activeSearches == 0 && Form().isClosing) CloseForm();
 }
 
 }  // namespace search

@@ -15,8 +15,8 @@ namespace {
 constexpr std::string ListRow::*kColumns[] = {&ListRow::name, &ListRow::location,
                                               &ListRow::dataSource};
 
-// A row that is as wide as the widest of each column.
-ListRow WidestRow(HWND list, const std::vector<ListRow>& rows) {
+// Returns a row that has the widest text of each column.
+ListRow MakeWidestRow(HWND list, const std::vector<ListRow>& rows) {
     const win::TextMeter meter(list);
     ListRow widest;
     for (const auto column : kColumns) {
@@ -40,16 +40,15 @@ void SetRows(HWND list, std::vector<ListRow> rows) {
 void ShowStationRows(std::vector<ListRow> rows) {
     const HWND list = Control(frmSearch_StationList);
     if (!rows.empty()) {
-        // A list that asks for its texts sizes itself by the rows in view at most: it is shown the
-        // widest.
-        SetRows(list, {WidestRow(list, rows)});
+        // A virtual list measures only the rows in view, so it gets the widest texts first.
+        SetRows(list, {MakeWidestRow(list, rows)});
         win::FitListColumns(list);
         win::FillLastListColumn(list, rows.size());
     }
     SetRows(list, std::move(rows));
 }
 
-void AnswerStationCell(NMLVDISPINFOA& request) {
+void ProvideStationCell(NMLVDISPINFOA& request) {
     LVITEMA& item = request.item;
     const auto row = static_cast<std::size_t>(item.iItem);
     const auto column = static_cast<std::size_t>(item.iSubItem);
@@ -60,7 +59,7 @@ void AnswerStationCell(NMLVDISPINFOA& request) {
 }
 
 int FindStationRow(const NMHDR& request) {
-    // An ANSI dialog gets the wide request from some systems; the two differ in the text alone.
+    // Some systems send the wide request to an ANSI dialog. The two differ only in the text.
     const auto& ansi = reinterpret_cast<const NMLVFINDITEMA&>(request);
     const auto& wide = reinterpret_cast<const NMLVFINDITEMW&>(request);
     const bool isWide = request.code == static_cast<UINT>(LVN_ODFINDITEMW);

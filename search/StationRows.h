@@ -4,20 +4,20 @@
 
 #include <vector>
 
-#include "search/StationTableRules.h"
+#include "search/StationTable.h"
 
-// What StationList shows. The list holds no texts of its own but asks for those that it draws, so
-// that it is filled at once however many stations there are.
+// The rows of StationList. The list is virtual: it asks for each cell that it draws, so it fills at
+// once however many stations there are.
 namespace search {
 
-// Replaces the rows. Where there are any, every column is sized to its contents and header, and the
-// last one takes the room that is left.
+// Replaces the rows. With any rows, sizes every column to its contents and header; the last column
+// takes the remaining width.
 void ShowStationRows(std::vector<ListRow> rows);
 
-// Answers a request of the list for a cell.
-void AnswerStationCell(NMLVDISPINFOA& request);
+// Answers the list's request for a cell.
+void ProvideStationCell(NMLVDISPINFOA& request);
 
-// The row that letters typed in the list ask for by LVN_ODFINDITEM, -1 for none.
+// Returns the row that the letters typed in the list search for (LVN_ODFINDITEM), or -1 for none.
 int FindStationRow(const NMHDR& request);
 
 }  // namespace search

@@ -4,33 +4,33 @@
 
 #include "assets/icons/icons.h"
 #include "search/SearchForm.h"
+#include "search/SearchMap.h"
+#include "search/SearchRun.h"
 #include "search/StationRows.h"
-#include "search/frmSearchChoose.h"
 #include "search/resource.h"
 #include "settings/ProgramState.h"
 #include "win/Dialog.h"
 #include "win/ListView.h"
 #include "win/Messages.h"
-#include "win/NeverDestroyed.h"
 
 namespace search {
 namespace {
 
-constexpr WPARAM kLongestText = 500;  // far below what a command line holds
+constexpr WPARAM kLongestText = 500;  // characters; far fewer than a command line may have
 
 HWND StationList() {
     return Control(frmSearch_StationList);
 }
 
 void AddColumns() {
-    RECT room;
-    GetClientRect(StationList(), &room);
+    RECT client;
+    GetClientRect(StationList(), &client);
     const struct {
         const char* header;
         int percent;
     } columns[] = {{"Station Name", 40}, {"Location", 35}, {"Data Source", 25}};
     for (const auto& column : columns)
-        win::AddListColumn(StationList(), column.header, room.right * column.percent / 100);
+        win::AddListColumn(StationList(), column.header, client.right * column.percent / 100);
 }
 
 void Form_Load(HWND dialog) {
@@ -40,7 +40,7 @@ void Form_Load(HWND dialog) {
     form.images = win::LoadSmallIcons({IDI_STATION, IDI_NETWORK, IDI_PLACE});
     form.layout.Remember(dialog);
     if (form.browser.Create(dialog, frmSearch_mashupbrowser)) {
-        // Behind the list in the Tab order.
+        // After the list in the Tab order.
         SetWindowPos(form.browser.Window(), StationList(), 0, 0, 0, 0,
                      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
         form.browser.Navigate("about:blank");
@@ -55,7 +55,7 @@ void Form_Load(HWND dialog) {
 void Command3_Click() {
     const int row = win::SelectedListRow(StationList());
     if (row < 0 || Form().isClosing) return;
-    auto line = StationLineOf(Form().stations, static_cast<std::size_t>(row));
+    auto line = FormatStationLine(Form().stations, static_cast<std::size_t>(row));
     if (!line) return SetStatus("This station cannot be added.");
     Form().chosenLine = std::move(line);
     CloseForm();
@@ -80,24 +80,24 @@ void RunCommand(int control, int code) {
     }
 }
 
-void TakeListNote(NMHDR& note) {
-    switch (note.code) {
+void HandleListNotification(NMHDR& notification) {
+    switch (notification.code) {
         case static_cast<UINT>(NM_SETFOCUS):
             SendMessageA(Form().window, DM_SETDEFID, frmSearch_Command3, 0);
             return;
-        case static_cast<UINT>(NM_CLICK):  // also on the row that is selected already
-            if (reinterpret_cast<const NMITEMACTIVATE&>(note).iItem >= 0) CenterMap();
+        case static_cast<UINT>(NM_CLICK):  // also on the selected row
+            if (reinterpret_cast<const NMITEMACTIVATE&>(notification).iItem >= 0) CenterMap();
             return;
         case static_cast<UINT>(NM_DBLCLK):
             return Command3_Click();
         case static_cast<UINT>(LVN_GETDISPINFOA):
-            return AnswerStationCell(reinterpret_cast<NMLVDISPINFOA&>(note));
+            return ProvideStationCell(reinterpret_cast<NMLVDISPINFOA&>(notification));
         case static_cast<UINT>(LVN_ODFINDITEMA):
         case static_cast<UINT>(LVN_ODFINDITEMW):
-            SetWindowLongPtrA(Form().window, DWLP_MSGRESULT, FindStationRow(note));
+            SetWindowLongPtrA(Form().window, DWLP_MSGRESULT, FindStationRow(notification));
             return;
         case static_cast<UINT>(LVN_ITEMCHANGED): {
-            const auto& change = reinterpret_cast<const NMLISTVIEW&>(note);
+            const auto& change = reinterpret_cast<const NMLISTVIEW&>(notification);
             const bool isSelected =
                 (change.uNewState & LVIS_SELECTED) && !(change.uOldState & LVIS_SELECTED);
             if (isSelected && !Form().isSelecting) CenterMap();
@@ -108,7 +108,7 @@ void TakeListNote(NMHDR& note) {
     }
 }
 
-// Whether the wait pointer is up, which then stands over the whole dialog.
+// Sets the wait pointer over the whole dialog while a search runs. Returns whether it did.
 bool ShowWaitPointer(HWND dialog) {
     if (!Form().isWaitPointer) return false;
     SetCursor(LoadCursorA(nullptr, IDC_WAIT));
@@ -125,9 +125,9 @@ INT_PTR CALLBACK SearchProcedure(HWND dialog, UINT message, WPARAM wParam, LPARA
             RunCommand(LOWORD(wParam), HIWORD(wParam));
             return TRUE;
         case WM_NOTIFY: {
-            auto* note = reinterpret_cast<NMHDR*>(lParam);
-            if (note->idFrom != frmSearch_StationList) return FALSE;
-            TakeListNote(*note);
+            auto* notification = reinterpret_cast<NMHDR*>(lParam);
+            if (notification->idFrom != frmSearch_StationList) return FALSE;
+            HandleListNotification(*notification);
             return TRUE;
         }
         case WM_TIMER:
@@ -154,15 +154,15 @@ INT_PTR CALLBACK SearchProcedure(HWND dialog, UINT message, WPARAM wParam, LPARA
     }
 }
 
-bool TakeBrowserKey(const MSG& message) {
-    return Form().browser.TakeKey(message);
+bool HandleBrowserKey(const MSG& message) {
+    return Form().browser.HandleKey(message);
 }
 
 void BringToFront(HWND window) {
-    constexpr UINT inPlace = SWP_NOMOVE | SWP_NOSIZE;
-    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, inPlace);
+    constexpr UINT kInPlace = SWP_NOMOVE | SWP_NOSIZE;
+    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, kInPlace);
     win::PumpPendingMessages();
-    SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, inPlace);
+    SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, kInPlace);
     SetForegroundWindow(window);
 }
 
@@ -175,42 +175,6 @@ void Form_Unload(HWND owner) {
 
 }  // namespace
 
-SearchForm& Form() {
-    static SearchForm& form = win::NeverDestroyed<SearchForm>();
-    return form;
-}
-
-HWND Control(int control) {
-    return Form().window ? GetDlgItem(Form().window, control) : nullptr;
-}
-
-void SetStatus(const std::string& text) {
-    SetWindowTextA(Control(frmSearch_Label1), text.c_str());
-}
-
-void SetWaitPointer(bool wait) {
-    Form().isWaitPointer = wait;
-    SetCursor(LoadCursorA(nullptr, wait ? IDC_WAIT : IDC_ARROW));
-}
-
-void SelectStation(int row) {
-    Form().isSelecting = true;
-    win::SelectListRow(StationList(), row);
-    Form().isSelecting = false;
-}
-
-void CloseForm() {
-    Form().isClosing = true;
-    CloseLocationChooser();
-    if (Form().runsOnStack == 0)
-        win::EndModal(Form().window);
-    else {
-        // As in EndModal, the owner first; it need not wait for what is still on the stack.
-        if (const HWND owner = GetWindow(Form().window, GW_OWNER)) EnableWindow(owner, TRUE);
-        ShowWindow(Form().window, SW_HIDE);
-    }
-}
-
 std::optional<std::string> ShowSearchDialog(HWND owner, HWND stationCombo) {
     static bool isOpen = false;
     if (isOpen) return std::nullopt;
@@ -218,7 +182,7 @@ std::optional<std::string> ShowSearchDialog(HWND owner, HWND stationCombo) {
     Form() = SearchForm();
     Form().stationCombo = stationCombo;
     if (win::ShowModal({IDD_frmSearch, IDI_PROGRAM, ICC_LISTVIEW_CLASSES, SearchProcedure}, owner,
-                       TakeBrowserKey))
+                       HandleBrowserKey))
         Form_Unload(owner);
     auto line = std::move(Form().chosenLine);
     Form() = SearchForm();

@@ -1,7 +1,7 @@
 #include "search/frmSearchChoose.h"
 
 #include "assets/icons/icons.h"
-#include "search/StationTableRules.h"
+#include "search/StationTable.h"
 #include "search/resource.h"
 #include "win/Dialog.h"
 #include "win/ListView.h"
@@ -58,9 +58,9 @@ INT_PTR CALLBACK ChooserProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
             if (LOWORD(wParam) == frmSearchChoose_Command2) Command2_Click();
             return TRUE;
         case WM_NOTIFY: {
-            const auto* note = reinterpret_cast<const NMHDR*>(lParam);
-            if (note->idFrom == frmSearchChoose_LocationList &&
-                note->code == static_cast<UINT>(NM_DBLCLK))
+            const auto* notification = reinterpret_cast<const NMHDR*>(lParam);
+            if (notification->idFrom == frmSearchChoose_LocationList &&
+                notification->code == static_cast<UINT>(NM_DBLCLK))
                 Command3_Click();
             return TRUE;
         }

@@ -8,12 +8,13 @@
 
 namespace search {
 
-// Lets the user choose one of the locations: its row counted from 0. Nothing when the choice is
-// cancelled, and at once, without a dialog, when there are no rows.
+// Lets the user choose one of the locations and returns its row, counted from 0. Returns nullopt
+// when the user cancels, and at once, without a dialog, when there are no rows or the chooser is
+// open.
 std::optional<std::size_t> ShowLocationChooser(HWND owner, const std::vector<std::string>& rows,
                                                HIMAGELIST images);
 
-// Cancels the choice if one is under way.
+// Cancels the chooser if it is open.
 void CloseLocationChooser();
 
 }  // namespace search

@@ -1,5 +1,5 @@
 #pragma once
-// Control identifiers: the form's name and the control's own.
+// Control identifiers: the form's name and the control's name.
 #define IDD_frmSearch 300
 #define IDD_frmSearchChoose 301
 
@@ -8,20 +8,20 @@
 #define IDI_NETWORK 11
 #define IDI_PLACE 12
 
-// Search and Cancel are the platform's IDOK and IDCANCEL.
-#define frmSearch_Command1 1
-#define frmSearch_Command2 2
-#define frmSearch_Command3 1201
-#define frmSearch_Text1 1202
+// The buttons numbered 1 and 2 are IDOK and IDCANCEL, so that Enter and Esc press them.
+#define frmSearch_Command1 1     // "Search"
+#define frmSearch_Command2 2     // "Cancel"
+#define frmSearch_Command3 1201  // "Add Station"
+#define frmSearch_Text1 1202     // city or ZIP code
 #define frmSearch_StationList 1203
-#define frmSearch_mashupbrowser 1204
-#define frmSearch_Label1 1205
-#define frmSearch_Label25 1206
-#define frmSearch_Shape1 1207
-#define frmSearch_CityClickedTimer 1208
+#define frmSearch_mashupbrowser 1204     // map
+#define frmSearch_Label1 1205            // status
+#define frmSearch_Label25 1206           // "Enter the name or zip code of your city below..."
+#define frmSearch_Shape1 1207            // frame
+#define frmSearch_CityClickedTimer 1208  // timer
 
-#define frmSearchChoose_Command3 1
-#define frmSearchChoose_Command2 2
+#define frmSearchChoose_Command3 1  // "OK"
+#define frmSearchChoose_Command2 2  // "Cancel"
 #define frmSearchChoose_LocationList 1301
-#define frmSearchChoose_Label25 1302
-#define frmSearchChoose_Shape1 1303
+#define frmSearchChoose_Label25 1302  // "More than one location matched your search..."
+#define frmSearchChoose_Shape1 1303   // frame

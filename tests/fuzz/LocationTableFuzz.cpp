@@ -1,15 +1,16 @@
-#include "search/LocationTableRules.h"
-#include "tests/fuzz/Rows.h"
+#include "search/LocationTable.h"
+#include "tests/fuzz/Elements.h"
 
-// Whatever the elements hold, the table keeps its bounds.
+// Whatever the elements contain, the table stays within its bounds.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const auto rows = fuzz::MakeRows(data, size);
-    const search::LocationTable table = search::ReadLocations(rows);
-    fuzz::Require(table.locations.size() <= 52 && table.locations.size() <= rows.size());
-    fuzz::Require(!table.failed || table.locations.empty());
-    fuzz::Require(table.locations.size() < 52 || table.locations[51].city.empty());
-    fuzz::Require(search::ChooserRows(table.locations).size() <= table.locations.size());
-    for (std::size_t i = 0; i <= table.locations.size(); ++i)
-        search::SelectedLocation(table.locations, i);
+    const auto elements = fuzz::MakeElements(data, size);
+    const search::LocationTable table = search::ReadLocations(elements);
+    const auto& locations = table.locations;
+    fuzz::Require(locations.size() <= 52 && locations.size() <= elements.size());
+    fuzz::Require(!table.failed || locations.empty());
+    fuzz::Require(locations.size() < 52 || locations[51].city.empty());
+    fuzz::Require(search::MakeChooserRows(locations).size() <= locations.size());
+    for (const search::Location& location : locations) search::FindPlace(location);
+    for (std::size_t i = 0; i <= locations.size(); ++i) search::FindChosenPlace(locations, i);
     return 0;
 }

@@ -3,7 +3,7 @@
 #include "downloader/NwsPlacesRules.h"
 #include "downloader/NwsRequestRules.h"
 #include "downloader/NwsStationsRules.h"
-#include "tests/fuzz/Rows.h"
+#include "tests/fuzz/Elements.h"
 #include "win/Text.h"
 #include "win/XmlGuard.h"
 

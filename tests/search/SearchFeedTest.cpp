@@ -14,35 +14,36 @@ class SearchFeedTest : public tests::ScratchStore {
                              "<aws:weather xmlns:aws=\"http://a\" xmlns:b=\"http://b\">" +
                              inside + "</aws:weather>"));
     }
-    static std::string Rows(const std::string& inside, const std::string& path) {
+    static std::string Read(const std::string& inside, const std::string& path) {
         std::string text;
-        for (const NodeRow& row : ReadRows(Load(inside), path)) {
-            for (const auto& [name, value] : row) text += name + "=" + value + ";";
+        for (const win::XmlAttributes& element : ReadElements(Load(inside), path)) {
+            for (const auto& [name, value] : element) text += name + "=" + value + ";";
             text += "\n";
         }
         return text;
     }
 };
 
-TEST_F(SearchFeedTest, ReadsTheElementsNamedAsTheFirst) {
+TEST_F(SearchFeedTest, ReadsElementsWithTheNameOfTheFirst) {
     const std::string path = "aws:weather/aws:locations/";
     EXPECT_EQ(
-        Rows("<aws:locations><aws:l cityname='Łódź &amp; &quot;x&quot;' b:citytype='1' zip=''/>"
+        Read("<aws:locations><aws:l cityname='Łódź &amp; &quot;x&quot;' b:citytype='1' zip=''/>"
              "<aws:other cityname='no'/><!-- x --><aws:l/><aws:l citytype='0'>text</aws:l>"
              "</aws:locations>",
              path),
         "cityname=Łódź & \"x\";citytype=1;zip=;\n\ncitytype=0;\n");
-    EXPECT_EQ(Rows("<aws:locations/>", path), "");
-    EXPECT_EQ(Rows("<aws:places><aws:l a='1'/></aws:places>", path), "");
-    EXPECT_EQ(Rows("<aws:s id='1'/><b:s id='2'/><aws:s id='3'/>", "aws:weather/"),
+    EXPECT_EQ(Read("<aws:locations/>", path), "");
+    EXPECT_EQ(Read("<aws:places><aws:l a='1'/></aws:places>", path), "");
+    EXPECT_EQ(Read("<aws:s id='1'/><b:s id='2'/><aws:s id='3'/>", "aws:weather/"),
               "id=1;\nid=3;\n");
-    // A document that does not know the prefix.
+    // A document that does not declare the prefix.
     const auto other = win::LoadXmlFile(WriteScratchFile("<weather><l a='1'/></weather>"));
     ASSERT_TRUE(other);
-    EXPECT_TRUE(ReadRows(other, "aws:weather/").empty());
+    EXPECT_TRUE(ReadElements(other, "aws:weather/").empty());
 }
 
-// Makes documents that follow outside references, as those of Windows do and Wine's do not.
+// Creates documents that follow external references by default, as those of Windows do and Wine's
+// do not.
 class FollowingDocuments final : public IClassFactory {
   public:
     STDMETHODIMP QueryInterface(REFIID, void** result) override {

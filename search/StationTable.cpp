@@ -1,4 +1,4 @@
-#include "search/StationTableRules.h"
+#include "search/StationTable.h"
 
 #include <algorithm>
 
@@ -11,8 +11,8 @@ namespace {
 constexpr char kSeparator = '|';
 constexpr char kCityCodeSource[] = "CustomWeather";
 
-// The part of a name that stands in brackets, without its last character: the feed's bracketed
-// names end in a blank. Nothing when the brackets hold not even that.
+// Returns the part of a name in parentheses without its last character, because the feed ends that
+// part with a space. Returns nullopt when the parentheses are empty.
 std::optional<std::string> ShortName(const std::string& name) {
     const std::size_t open = name.find('(');
     if (open == std::string::npos) return name;
@@ -23,12 +23,12 @@ std::optional<std::string> ShortName(const std::string& name) {
     return std::string(win::FirstChars(inside, win::CountChars(inside) - 1));
 }
 
-// The columns as they are gathered: each a text of values that end in the separator.
-struct Gathered {
+// The columns while elements are read: each a text in which a separator follows every value.
+struct ColumnTexts {
     std::string identifiers, names, locations, dataSources, codes, latitudes, longitudes;
 
-    // False for a value that ends the reading.
-    bool Take(const Attribute& attribute) {
+    // Returns false when a value makes the table unusable.
+    bool Take(const win::XmlAttribute& attribute) {
         const auto& [name, text] = attribute;
         if (name == "id") return Add(identifiers, text);
         if (name == "name") {
@@ -53,51 +53,52 @@ struct Gathered {
     }
 };
 
-// The values of a gathered column, of which the last character is cut off: mostly a separator, but
-// of a city that no region follows, its last letter. False for a column without any value.
-bool TakeApart(const std::string& gathered, std::vector<std::string>& column) {
-    if (gathered.empty()) return false;
-    column = win::Split(gathered.back() == kSeparator
-                            ? std::string_view(gathered).substr(0, gathered.size() - 1)
-                            : win::FirstChars(gathered, win::CountChars(gathered) - 1),
-                        std::string_view(&kSeparator, 1));
+// Splits a column's text after removing its last character, which is a separator unless the last
+// station has a city and no region: then the city loses its last letter. Returns false for an empty
+// text.
+bool SplitColumn(const std::string& text, std::vector<std::string>& column) {
+    if (text.empty()) return false;
+    column =
+        win::Split(text.back() == kSeparator ? std::string_view(text).substr(0, text.size() - 1)
+                                             : win::FirstChars(text, win::CountChars(text) - 1),
+                   std::string_view(&kSeparator, 1));
     return true;
 }
 
 }  // namespace
 
-std::optional<StationTable> ReadStations(const std::vector<NodeRow>& rows) {
-    Gathered gathered;
-    for (const NodeRow& row : rows)
-        for (const Attribute& attribute : row)
-            if (!gathered.Take(attribute)) return std::nullopt;
+std::optional<StationTable> ReadStations(const std::vector<win::XmlAttributes>& elements) {
+    ColumnTexts texts;
+    for (const win::XmlAttributes& element : elements)
+        for (const win::XmlAttribute& attribute : element)
+            if (!texts.Take(attribute)) return std::nullopt;
     StationTable table;
     const bool complete =
-        TakeApart(gathered.identifiers, table.identifiers) &&
-        TakeApart(gathered.names, table.names) && TakeApart(gathered.locations, table.locations) &&
-        TakeApart(gathered.dataSources, table.dataSources) &&
-        TakeApart(gathered.codes, table.codes) && TakeApart(gathered.latitudes, table.latitudes) &&
-        TakeApart(gathered.longitudes, table.longitudes);
+        SplitColumn(texts.identifiers, table.identifiers) &&
+        SplitColumn(texts.names, table.names) && SplitColumn(texts.locations, table.locations) &&
+        SplitColumn(texts.dataSources, table.dataSources) &&
+        SplitColumn(texts.codes, table.codes) && SplitColumn(texts.latitudes, table.latitudes) &&
+        SplitColumn(texts.longitudes, table.longitudes);
     if (!complete) return std::nullopt;
     return table;
 }
 
-std::optional<std::vector<ListRow>> ListRows(const StationTable& table, bool byZipCode) {
+std::optional<std::vector<ListRow>> MakeListRows(const StationTable& table, bool isZipCode) {
     const std::size_t count = table.identifiers.size();
     if (table.names.size() < count || table.locations.size() < count ||
-        (byZipCode && table.dataSources.size() < count))
+        (isZipCode && table.dataSources.size() < count))
         return std::nullopt;
     std::vector<ListRow> rows;
     rows.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
-        const std::string source = byZipCode ? table.dataSources[i] : kCityCodeSource;
+        const std::string source = isZipCode ? table.dataSources[i] : kCityCodeSource;
         rows.push_back({table.names[i], table.locations[i], source,
-                        byZipCode && source == "WeatherBug" ? kWeatherBugIcon : kOtherStationIcon});
+                        isZipCode && source == "WeatherBug" ? kWeatherBugIcon : kOtherStationIcon});
     }
     return rows;
 }
 
-std::optional<std::string> StationLineOf(const StationTable& table, std::size_t index) {
+std::optional<std::string> FormatStationLine(const StationTable& table, std::size_t index) {
     for (const auto* column : {&table.identifiers, &table.names, &table.locations, &table.codes,
                                &table.latitudes, &table.longitudes})
         if (index >= column->size()) return std::nullopt;
@@ -105,9 +106,9 @@ std::optional<std::string> StationLineOf(const StationTable& table, std::size_t 
         table.locations[index] + " (" + table.names[index] + ")",
         stations::MakeHiddenText(table.identifiers[index], table.codes[index],
                                  table.latitudes[index], table.longitudes[index]));
-    // It must stay one line of the station file, and its code a fit part of a command line.
-    constexpr std::size_t longestLine = 4000;
-    if (line.size() > longestLine) return std::nullopt;
+    // The line must stay one line of the station file, and its code must fit in a command line.
+    constexpr std::size_t kLongestLine = 4000;
+    if (line.size() > kLongestLine) return std::nullopt;
     for (char& c : line)
         if (static_cast<unsigned char>(c) < ' ') c = ' ';
     return line;

@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include "search/NodeRows.h"
+#include "win/XmlAttribute.h"
 
-// Fuzzer input as a feed's elements: one a line, attributes parted by ";", each a name and a text
-// parted by "=".
+// Reads fuzzer input as a feed's elements: one per line, attributes separated by ";", names and
+// texts separated by "=".
 namespace fuzz {
 
 inline std::string_view CutAt(std::string_view& rest, char separator) {
@@ -18,19 +18,19 @@ inline std::string_view CutAt(std::string_view& rest, char separator) {
     return piece;
 }
 
-inline std::vector<search::NodeRow> MakeRows(const std::uint8_t* data, std::size_t size) {
+inline std::vector<win::XmlAttributes> MakeElements(const std::uint8_t* data, std::size_t size) {
     std::string_view input(reinterpret_cast<const char*>(data), size);
-    std::vector<search::NodeRow> rows;
+    std::vector<win::XmlAttributes> elements;
     while (!input.empty()) {
         std::string_view line = CutAt(input, '\n');
-        rows.emplace_back();
+        elements.emplace_back();
         while (!line.empty()) {
             std::string_view attribute = CutAt(line, ';');
             const std::string_view name = CutAt(attribute, '=');
-            rows.back().push_back({std::string(name), std::string(attribute)});
+            elements.back().push_back({std::string(name), std::string(attribute)});
         }
     }
-    return rows;
+    return elements;
 }
 
 inline void Require(bool holds) {
