@@ -1,4 +1,4 @@
-// Makes the map page's template: node build.mjs <folder that holds node_modules> <file to write>
+// Builds the map page's template: node build.mjs <folder that contains node_modules> <file to write>
 import { createRequire } from "node:module";
 import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { dirname, join, resolve } from "node:path";
@@ -19,37 +19,37 @@ function fail(lines) {
     process.exit(1);
 }
 
-// The page stands alone: rules that name a file beside them (none is used here) and the pointer
-// to a debugger's map are left out.
+// The page is one file, so style rules with a url (none is needed here) and the source map comment are
+// removed.
 const leafletStyles = readPackaged("leaflet/dist/leaflet.css").replace(/[^{}]*\{[^{}]*url\([^{}]*\}/g, "");
 const leaflet = readPackaged("leaflet/dist/leaflet.js").replace(/^\/\/# sourceMappingURL=.*$/m, "");
 const outlines = JSON.stringify(makeOutlines(require("topojson-client"),
     require("us-atlas/states-10m.json"), require("world-atlas/countries-50m.json")));
 const script = ["(function () {\n\"use strict\";", `var outlines = ${outlines};`,
-    readSource("stations.js"), readSource("map.js"), "}());"].join("\n");
+    ...["feed.js", "markers.js", "map.js"].map(readSource), "}());"].join("\n");
 const styles = `${leafletStyles}\n${readSource("map.css")}`;
 
 const pieces = { styles, leaflet, script };
 const page = readSource("index.html").replace(/\{\{(\w+)\}\}/g, (_, name) => pieces[name].trim())
     .replace(/\r?\n/g, "\r\n");
 
-// Leaflet asks for the first row before it uses it and brings a substitute; the second row are
-// members of its own objects, of a canvas or of the window since long ago.
-const knownInLeaflet = ["globalThis", "requestAnimationFrame", "trunc", "classList", "composedPath", "Uint8Array",
+// Leaflet checks for the names of the first row and has substitutes. Those of the second row are
+// members of its own objects, or old members of a canvas or the window.
+const allowedInLeaflet = ["globalThis", "requestAnimationFrame", "trunc", "classList", "composedPath", "Uint8Array",
     "includes", "remove", "content", "fill", "scrollTo"];
 const acorn = require("acorn");
 const faults = [
-    ...findLaterThanEs5(acorn, "leaflet.js", leaflet, knownInLeaflet),
+    ...findLaterThanEs5(acorn, "leaflet.js", leaflet, allowedInLeaflet),
     ...findLaterThanEs5(acorn, "map script", script),
 ];
 for (const [name, text] of Object.entries(pieces)) {
-    if (/<\/(script|style)|<!--/i.test(text)) faults.push(`${name}: would end its element`);
+    if (/<\/(script|style)|<!--/i.test(text)) faults.push(`${name}: contains text that ends its element`);
 }
-if (page.split("[XML]").length !== 2) faults.push("the feed's marker does not stand exactly once");
+if (page.split("[XML]").length !== 2) faults.push("[XML] must occur exactly once");
 if (/url\(|@import|\ssrc=|<link/i.test(styles + script)) {
-    faults.push("the page names another file");
+    faults.push("the page refers to another file");
 }
-if (/[^\x00-\x7f]/.test(page)) faults.push("the page is not plain ASCII");
+if (/[^\x00-\x7f]/.test(page)) faults.push("the page is not ASCII");
 if (outlines.length > outlinesLimit) faults.push(`outlines: ${outlines.length} bytes, over ${outlinesLimit}`);
 if (faults.length > 0) fail(faults);
 

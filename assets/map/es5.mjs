@@ -1,5 +1,5 @@
-// Refuses script that the browser control's engine does not have: syntax later than ECMAScript 5 and
-// names that came to the language or the document model later than that engine.
+// Rejects script that the browser control's engine cannot run: syntax newer than ECMAScript 5, and names
+// that are newer in the language or the document model.
 
 const laterGlobals = new Set(`fetch Promise Map Set WeakMap WeakSet Symbol Proxy Reflect BigInt URL
     URLSearchParams AbortController Headers Request Response FormData TextEncoder TextDecoder Intl
@@ -23,9 +23,9 @@ function walk(node, visit, parent) {
     }
 }
 
-// The faults of a script, one line each. `known` names what a script may use all the same, because
-// it asks first whether it is there or because the name is its own.
-export function findLaterThanEs5(acorn, name, script, known = []) {
+// Returns the faults of a script, one line each. `allowed` lists names that the script may use, because
+// it checks for them first or defines them itself.
+export function findLaterThanEs5(acorn, name, script, allowed = []) {
     const faults = new Set();
     let tree;
     try {
@@ -46,5 +46,5 @@ export function findLaterThanEs5(acorn, name, script, known = []) {
             if (!isKey && !isMember) faults.add(node.name);
         }
     });
-    return [...faults].filter((fault) => !known.includes(fault)).map((fault) => `${name}: uses ${fault}`);
+    return [...faults].filter((fault) => !allowed.includes(fault)).map((fault) => `${name}: uses ${fault}`);
 }

@@ -1,17 +1,15 @@
-// Draws the stations on outlines of land and states, and talks with the program: it calls
-// setMapCenter through a hidden image that it writes into the element "ResetCenter", and reads
-// the element "SVSelectedCity", which holds the identifier of the station last clicked.
+// The map: outlines of land and states, the view, and the interface to the program. The program calls
+// setMapCenter through a hidden image that it writes into the element "ResetCenter", and reads the
+// identifier of the station last clicked from the element "SVSelectedCity".
 
 var unitedStates = [[24.4, -124.9], [49.5, -66.9]];  // south west and north east, in degrees
-var closestFit = 10;       // zoom that fitting several stations stops at
-var closestFitOfOne = 7;   // the same for a single one: its state's lines stay in sight
-var dotStyle = {stroke: true, color: "#ffffff", weight: 1.5, fillColor: "#1d5f8f", fillOpacity: 1};
-var selectedStyle = {stroke: true, color: "#2a0f06", weight: 2, fillColor: "#e0561f", fillOpacity: 1};
+var closestZoomOfSeveral = 10;
+var closestZoomOfOne = 7;  // the borders of its state stay in sight
 
-var map, stations, dots, selectedDot, dotCanvas;
-var pageZoom;  // the zoom that the page itself chose last
+var map, stations;
+var pageZoom;  // the last zoom that the page chose, not the user
 
-// Lines and rings come as differences in hundredths of a degree: x, y, then steps from there.
+// Decodes lines and rings: x and y of the first point, then steps, in hundredths of a degree.
 function decodeOutlines(paths) {
     return paths.map(function (steps) {
         var points = [];
@@ -39,40 +37,9 @@ function drawOutlines() {
     L.polyline(decodeOutlines(outlines.stateLines), style("#bdb6a6", 1)).addTo(map);
 }
 
-// The name as an element to show: built as a text node, so nothing in it can act.
-function makeNameElement(dot) {
-    var element = document.createElement("span");
-    element.appendChild(document.createTextNode(dot.station.name));
-    return element;
-}
-
-function dotRadius() {
-    return stations.length > 100 ? 4.5 : 6;
-}
-
-// Shows a station's name while the pointer is on it, and for as long as it is selected.
-function bindName(dot, isSelected) {
-    dot.unbindTooltip();
-    dot.bindTooltip(makeNameElement, {
-        permanent: isSelected, className: isSelected ? "selected" : "", offset: [isSelected ? 10 : 6, 0]
-    });
-}
-
-function selectDot(dot) {
-    if (dot === selectedDot) {
-        return;
-    }
-    if (selectedDot) {
-        selectedDot.setStyle(dotStyle).setRadius(dotRadius());
-        bindName(selectedDot, false);
-    }
-    selectedDot = dot;
-    dot.setStyle(selectedStyle).setRadius(9).bringToFront();
-    bindName(dot, true);
-}
-
-// What the program reads. The element is not there before the program first centres the map.
-function tellClicked(text) {
+// Sets the text that the program reads. The element does not exist until the program first centres the
+// map.
+function setClickedText(text) {
     var element = document.getElementById("SVSelectedCity");
     if (!element) {
         element = document.createElement("div");
@@ -85,18 +52,6 @@ function tellClicked(text) {
     element.appendChild(document.createTextNode(text));
 }
 
-function drawStation(station) {
-    var dot = L.circleMarker([station.latitude, station.longitude],
-        L.extend({renderer: dotCanvas, radius: dotRadius()}, dotStyle));
-    dot.station = station;
-    bindName(dot, false);
-    dot.on("click", function () {
-        selectDot(dot);
-        tellClicked(station.id);
-    });
-    return dot.addTo(map);
-}
-
 function stationBounds() {
     return stations.length === 0 ? L.latLngBounds(unitedStates)
         : L.latLngBounds(stations.map(function (station) {
@@ -105,7 +60,7 @@ function stationBounds() {
 }
 
 function closestZoom() {
-    return stations.length === 1 ? closestFitOfOne : closestFit;
+    return stations.length === 1 ? closestZoomOfOne : closestZoomOfSeveral;
 }
 
 function showAll() {
@@ -116,8 +71,8 @@ function showAll() {
     pageZoom = map.getZoom();
 }
 
-// Centres a place. The zoom is the page's choice until a person changes it: one at which every
-// station stays in sight whichever of them is in the middle.
+// Centres a place. Until the user changes the zoom, the page chooses one at which every station stays
+// in sight whichever of them is centred.
 function showPlace(place) {
     var isPageZoom = map.getZoom() === pageZoom;
     var zoomOfHalf = map.getBoundsZoom(stationBounds(), false, L.point(40, 40)) - 1;
@@ -127,21 +82,8 @@ function showPlace(place) {
     map.setView(place, isPageZoom ? pageZoom : map.getZoom(), {animate: false});
 }
 
-// The station at a place, else the one nearest to it; the selected one where several are as near.
-function findNearest(place) {
-    var nearest = null, least = Infinity;
-    dots.forEach(function (dot) {
-        var distance = place.distanceTo(dot.getLatLng());
-        if (distance < least || (distance === least && dot === selectedDot)) {
-            nearest = dot;
-            least = distance;
-        }
-    });
-    return nearest;
-}
-
-// Called by the program's image with the coordinates of the station selected in its list, as
-// text in degrees, or with nothing for the view of all stations. Others are ignored.
+// Called by the program's image with the coordinates of the station selected in its list, as texts in
+// degrees, or without arguments for the view of all stations. Unusable coordinates are ignored.
 function setMapCenter(latitude, longitude) {
     var place;
     if (!map) {
@@ -157,12 +99,12 @@ function setMapCenter(latitude, longitude) {
     }
     place = L.latLng(place.lat, place.lng);
     showPlace(place);
-    if (dots.length > 0) {
-        selectDot(findNearest(place));
+    if (markers.length > 0) {
+        selectMarker(findNearestMarker(place));
     }
-    // The program looks only for a text other than the last, which it keeps from search to search:
-    // with a blank in between, a second click on the same station counts again.
-    tellClicked(" ");
+    // The program reacts only to a text that differs from the last one, which it keeps between
+    // searches. The space lets a second click on the same station count again.
+    setClickedText(" ");
 }
 
 function addControls() {
@@ -199,15 +141,16 @@ function addControls() {
 function start() {
     var feed = document.getElementById("StationFeed");
     stations = readStations(feed.textContent);
-    // The program reads the whole body twenty times a second: the feed need not be in it.
+    // The program reads the whole body twenty times a second, so the body stays short.
     feed.parentNode.removeChild(feed);
     map = L.map("StationMap", {
         minZoom: 0, maxZoom: 13, keyboardPanDelta: 60, zoomSnap: 0.25,
         center: [38, -96], zoom: 3
     });
     drawOutlines();
-    dotCanvas = L.canvas({tolerance: 3});
-    dots = stations.map(drawStation);
+    drawMarkers(function (station) {
+        setClickedText(station.id);
+    });
     addControls();
     showAll();
     map.on("resize", function () {
@@ -216,7 +159,7 @@ function start() {
 }
 
 window.setMapCenter = setMapCenter;
-// The browser's own menu would lead away from the page, or print and show its source.
+// The browser's own menu could leave the page, print it, or show its source.
 document.oncontextmenu = function () {
     return false;
 };

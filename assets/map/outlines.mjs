@@ -1,11 +1,11 @@
-// Makes the outlines that the page draws from the atlas packages: decoded, simplified to what a
-// small map shows, and written as whole hundredths of a degree.
+// Makes the outlines that the page draws from the atlas packages: decoded, simplified to the detail of a
+// small map, and encoded in whole hundredths of a degree.
 
 const stepsPerDegree = 100;
 const unitedStatesId = "840";  // ISO 3166-1 number, by which the world atlas names its countries
 
-// Douglas-Peucker: the points of a line that keep it within the tolerance (degrees of longitude
-// count less towards the poles, as they do on the ground).
+// Simplifies a line to within the tolerance in degrees (Douglas-Peucker). Degrees of longitude count
+// less towards the poles, as they do on the ground.
 function simplifyLine(points, tolerance) {
     const keep = new Set([0, points.length - 1]);
     const pending = [[0, points.length - 1]];
@@ -33,7 +33,7 @@ function distanceToSegment([x, y], [x1, y1], [x2, y2]) {
     return Math.hypot(px - along * dx, py - along * dy);
 }
 
-// The atlas with its arcs decoded and simplified: neighbours share arcs, so they still meet.
+// Returns the atlas with its arcs decoded and simplified. Neighbours share arcs, so they still meet.
 function simplifyAtlas(atlas, tolerance) {
     const { scale, translate } = atlas.transform;
     const arcs = atlas.arcs.map((arc) => {
@@ -47,7 +47,8 @@ function simplifyAtlas(atlas, tolerance) {
     return { type: "Topology", objects: atlas.objects, arcs };
 }
 
-// First point, then steps, in hundredths of a degree; null for a line that has shrunk to a point.
+// Encodes a line as its first point, then steps, in hundredths of a degree. Returns null when fewer
+// than `fewest` points are left.
 function encodeLine(points, fewest) {
     const steps = [];
     let lastX = 0, lastY = 0;
@@ -59,9 +60,9 @@ function encodeLine(points, fewest) {
     return steps.length / 2 >= fewest ? steps : null;
 }
 
-// The parts of a ring that lie between the longitudes -180 and 180. The atlas lets a ring run across
-// that meridian, or round the pole; drawn as it is, the step from one side to the other would be a
-// line across the whole map.
+// Returns the parts of a ring between the longitudes -180 and 180. Rings of the atlas may cross that
+// meridian or go round the pole; drawn unchanged, the step from one side to the other would be a line
+// across the whole map.
 function cutAtDateLine(ring) {
     let turn = 0;
     const straight = ring.map(([x, y], i) => {
@@ -74,7 +75,7 @@ function cutAtDateLine(ring) {
         .map((part) => keepSide(keepSide(part, 1), -1)).filter((part) => part.length > 3);
 }
 
-// The part of a ring on one side of a meridian: side 1 west of 180, side -1 east of -180.
+// Returns the part of a ring on one side of a meridian: side 1 is west of 180, side -1 east of -180.
 function keepSide(ring, side) {
     const kept = [];
     ring.forEach((point, i) => {
@@ -90,26 +91,26 @@ function keepSide(ring, side) {
 }
 
 function encodeRings(multiPolygon, smallest) {
-    const isSeen = (ring) => {
+    const isVisible = (ring) => {
         const xs = ring.map((p) => p[0]), ys = ring.map((p) => p[1]);
         return Math.max(...xs) - Math.min(...xs) + Math.max(...ys) - Math.min(...ys) > smallest;
     };
-    return multiPolygon.coordinates.flat().flatMap(cutAtDateLine).filter(isSeen).map((r) => encodeLine(r, 4)).filter(Boolean);
+    return multiPolygon.coordinates.flat().flatMap(cutAtDateLine).filter(isVisible).map((r) => encodeLine(r, 4)).filter(Boolean);
 }
 
 function encodeLines(multiLine) {
     return multiLine.coordinates.map((line) => encodeLine(line, 2)).filter(Boolean);
 }
 
-// The four layers of the map. The United States are cut out of the world's land and come from their
-// own atlas, whose shores follow the Great Lakes.
+// Returns the four layers of the map. The United States come from their own atlas, whose shores follow
+// the Great Lakes, and are left out of the world's land.
 export function makeOutlines(topojson, statesAtlas, worldAtlas) {
     const us = simplifyAtlas(statesAtlas, 0.008), world = simplifyAtlas(worldAtlas, 0.035);
     const countries = world.objects.countries.geometries.filter((c) => c.id !== unitedStatesId);
-    const areBothSeen = (a, b) => a !== b && a.id !== unitedStatesId && b.id !== unitedStatesId;
+    const areBothForeign = (a, b) => a !== b && a.id !== unitedStatesId && b.id !== unitedStatesId;
     return {
         land: encodeRings(topojson.merge(world, countries), 0.15),
-        borders: encodeLines(topojson.mesh(world, world.objects.countries, areBothSeen)),
+        borders: encodeLines(topojson.mesh(world, world.objects.countries, areBothForeign)),
         states: encodeRings(topojson.merge(us, us.objects.states.geometries), 0.03),
         stateLines: encodeLines(topojson.mesh(us, us.objects.states, (a, b) => a !== b)),
     };

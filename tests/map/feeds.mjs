@@ -1,5 +1,5 @@
-// The feeds whose pages the map test opens. Run by itself it prints them, each by its name, for the
-// desktop test that lets the program write the pages.
+// The feeds whose pages the map test opens. As a program this file prints them by name for the desktop
+// test in which the program writes the pages.
 import { fileURLToPath } from "node:url";
 
 const escape = (text) => text.replaceAll("&", "&amp;").replaceAll("<", "&lt;").replaceAll("\"", "&quot;");
@@ -8,7 +8,7 @@ const element = ([id, name, latitude, longitude]) => `<aws:station id="${escape(
 const feed = (stations, extra = "") => `<?xml version="1.0"?>\r\n<aws:weather xmlns:aws="http://aws.example/">\n`
     + `${stations.map(element).join("\r\n")}${extra}</aws:weather>\r\n`;
 
-// Each station: identifier, name, latitude, longitude.
+// Stations: identifier, name, latitude, longitude.
 export const three = [["KNYC", "Central Park", "40.78", "-73.97"], ["4711", "School (PS 9 )", "40.78", "-73.47"],
     ["W-3", "Park (", "41.08", "-73.97"]];
 
@@ -21,7 +21,7 @@ export const hostile = ["\"", "C:\\", "\\\"", `";${act};//`, `\\";${act};//`, "O
     "[XML]", "$& $1 $`", "&lt;b&gt; &amp;", "SVSelectedCity", "Łódź \u{1F327}"]
     .map((text, i) => [text, text, String(30 + i), "-100"]);
 
-// What else may stand in a feed. A station comes after each; the last one lies where its station lies.
+// Other content of a feed. A station follows each; the last one is at the coordinates of its station.
 const markup = `</textarea></xmp></plaintext></script><script>${act}</script><img src=x onerror=${act}>`;
 const oddities = [`<!-- ${markup} -->`, `<![CDATA[${markup}]]>`, `<?pi ${markup}?>`, `<script>${act}</script>`,
     `<plaintext></plaintext><img src="x" onerror="${act}"/>`, "\n\\\n\\", "\\",

@@ -1,5 +1,5 @@
-// The pages that the program wrote, in a browser: what a person sees and clicks, and what the program
-// reads and writes.
+// Tests the pages that the program wrote in a browser: what the user sees and clicks, and what the
+// program reads and writes.
 import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
 import { createRequire } from "node:module";
@@ -12,7 +12,7 @@ const { chromium } = createRequire(resolve(process.env.MAP_PACKAGES, "package.js
 const folder = process.env.MAP_PAGES;
 const size = { width: 400, height: 300 };
 const middle = { x: 200, y: 150 };
-const colors = { dot: "29,95,143", selected: "224,86,31", states: "250,248,242", land: "235,233,226", water: "0,0,0" };
+const colors = { marker: "29,95,143", selected: "224,86,31", states: "250,248,242", land: "235,233,226", water: "0,0,0" };
 
 let browser;
 before(async () => {
@@ -24,7 +24,7 @@ before(async () => {
 });
 after(() => browser.close());
 
-// Opens the page of a feed. Any script error, dialog or request beyond the page itself fails.
+// Opens the page of a feed. Any script error, dialog or request for another file fails the test.
 async function open(t, name, prepare = () => {}) {
     const address = pathToFileURL(join(folder, `${name}.html`)).href;
     const page = await browser.newPage({ viewport: size });
@@ -43,20 +43,20 @@ async function open(t, name, prepare = () => {}) {
     return page;
 }
 
-// Writes what the program wrote to centre the map, with other coordinates or with none, and waits
-// until the page has acted on it.
-const centering = readFileSync(join(folder, "ResetCenter.element"), "utf8");
+// Writes the program's markup for centring the map, with other coordinates or none, and waits for the
+// page to act on it.
+const centerMarkup = readFileSync(join(folder, "ResetCenter.element"), "utf8");
 async function center(page, ...coordinates) {
     await page.evaluate((markup) => {
         const place = document.all.ResetCenter;
         place.innerHTML = markup;
         window.isCentred = false;
         place.firstChild.addEventListener("error", () => { window.isCentred = true; });
-    }, centering.replace(/'.*'/, coordinates.map((text) => `'${text}'`).join(",")));
+    }, centerMarkup.replace(/'.*'/, coordinates.map((text) => `'${text}'`).join(",")));
     await waitFor("the image's error", () => page.evaluate(() => window.isCentred));
 }
 
-// The colour that the map's canvases show at a point, those above first; water is where none drew.
+// Returns the colour of the topmost canvas that has drawn at a point; that of water when none has.
 const colorAt = (page, { x, y }) => page.evaluate(([px, py]) => {
     const canvases = [...document.querySelectorAll("canvas")].reverse();
     for (const canvas of canvases) {
@@ -71,18 +71,18 @@ const colorAt = (page, { x, y }) => page.evaluate(([px, py]) => {
 async function waitFor(what, isDone) {
     for (const end = Date.now() + 5000; Date.now() < end;) {
         if (await isDone()) return;
-        await new Promise((go) => setTimeout(go, 30));
+        await new Promise((resume) => setTimeout(resume, 30));
     }
-    assert.fail(`waited in vain: ${what}`);
+    assert.fail(`timed out waiting for ${what}`);
 }
 
 const waitForColor = (page, point, color) =>
     waitFor(`${color} at ${point.x},${point.y}`, async () => await colorAt(page, point) === colors[color]);
 
-// How far from the middle, along a step, the next dot stands; 0 when none does.
-async function distanceToDot(page, dx, dy) {
+// Returns the distance from the middle to the next marker in a direction, or 0.
+async function distanceToMarker(page, dx, dy) {
     for (let n = 12; n < 200; n += 1) {
-        if (await colorAt(page, { x: middle.x + dx * n, y: middle.y + dy * n }) === colors.dot) return n + 3.5;
+        if (await colorAt(page, { x: middle.x + dx * n, y: middle.y + dy * n }) === colors.marker) return n + 3.5;
     }
     return 0;
 }
@@ -92,7 +92,7 @@ const tooltips = (page) => page.locator(".leaflet-tooltip").allTextContents();
 
 const scaleOf = (page) => page.locator(".leaflet-control-scale").innerText();
 
-// Centres a station as the program does and waits until it stands in the middle with its name.
+// Centres a station as the program does and waits until it is in the middle with its name.
 async function choose(page, latitude, longitude, name) {
     await center(page, latitude, longitude);
     await waitFor(name, async () => (await tooltips(page)).join() === name);
@@ -104,7 +104,7 @@ async function clickMiddle(page, id) {
     await waitFor(`click on ${id}`, async () => await clicked(page) === id);
 }
 
-test("the file declares its zone and its engine", () => {
+test("the file declares its security zone and its engine", () => {
     const [head, rest] = readFileSync(join(folder, "three.html"), "utf8").split("var stationFeed = ");
     assert.match(head, /^<!DOCTYPE html>\r\n<!-- saved from url=\(0014\)about:internet -->\r\n/);
     assert.match(head, /<head>\r\n<meta http-equiv="X-UA-Compatible" content="IE=edge">\r\n/);
@@ -112,7 +112,7 @@ test("the file declares its zone and its engine", () => {
     assert.doesNotMatch(head.replaceAll("\r\n", ""), /[\r\n]/);
 });
 
-test("every station stands at its coordinates and a click on it tells its identifier", async (t) => {
+test("every station is at its coordinates, and a click on it sets its identifier", async (t) => {
     const page = await open(t, "three");
     assert.equal(await clicked(page), undefined);
     assert.doesNotMatch(await page.evaluate(() => document.body.innerHTML), /SVSelectedCity|aws:/);
@@ -124,22 +124,22 @@ test("every station stands at its coordinates and a click on it tells its identi
     // Half a degree east and 0.3 degrees north of the first, in the map's projection.
     const height = (degrees) => Math.log(Math.tan(Math.PI / 4 + degrees * Math.PI / 360));
     await choose(page, "40.78", "-73.97", "Central Park");
-    const east = await distanceToDot(page, 1, 0), north = await distanceToDot(page, 0, -1);
+    const east = await distanceToMarker(page, 1, 0), north = await distanceToMarker(page, 0, -1);
     const expected = (height(41.08) - height(40.78)) / (0.5 * Math.PI / 180);
     assert.ok(Math.abs(north / east - expected) < 0.06, `${north} / ${east}, not ${expected}`);
 });
 
-test("the same station can be clicked again after another was chosen in the list", async (t) => {
+test("a station can be clicked again after another was chosen in the list", async (t) => {
     const page = await open(t, "three");
     await choose(page, "40.78", "-73.97", "Central Park");
     await clickMiddle(page, "KNYC");
     await center(page, "40.78", "-73.47");
-    await waitFor("another text", async () => await clicked(page) === " ");
+    await waitFor("the text between", async () => await clicked(page) === " ");
     await choose(page, "40.78", "-73.97", "Central Park");
     await clickMiddle(page, "KNYC");
 });
 
-test("without coordinates the map goes back to all stations; unusable ones do nothing", async (t) => {
+test("no coordinates show all stations; unusable ones are ignored", async (t) => {
     const page = await open(t, "three");
     const picture = () => page.evaluate(() => document.querySelector(".leaflet-overlay-pane canvas").toDataURL());
     const first = await scaleOf(page);
@@ -155,16 +155,16 @@ test("without coordinates the map goes back to all stations; unusable ones do no
     await waitFor("the first view", async () => await scaleOf(page) === first);
 });
 
-test("the keyboard pans and zooms; the browser's own menu stays away", async (t) => {
+test("the keyboard pans and zooms; the browser's own menu does not open", async (t) => {
     const page = await open(t, "three");
     await choose(page, "40.78", "-73.97", "Central Park");
-    const before = await distanceToDot(page, 1, 0);
+    const before = await distanceToMarker(page, 1, 0);
     assert.ok(before > 0);
     await page.locator("#StationMap").focus();
     await page.keyboard.press("-");
-    let last = before;  // a key pressed during the zoom would stop it
+    let last = before;  // the next key would stop a zoom in progress
     await waitFor("half the distance, and a map at rest", async () => {
-        const isAtRest = Math.abs(last - (last = await distanceToDot(page, 1, 0))) < 0.01;
+        const isAtRest = Math.abs(last - (last = await distanceToMarker(page, 1, 0))) < 0.01;
         return isAtRest && Math.abs(last - before / 2) < 4;
     });
     await page.keyboard.press("ArrowRight");
@@ -173,7 +173,7 @@ test("the keyboard pans and zooms; the browser's own menu stays away", async (t)
         map.dispatchEvent(new MouseEvent("contextmenu", { bubbles: true, cancelable: true }))), false);
 });
 
-test("the page's own zoom follows the window's size; a zoom that a person chose stays", async (t) => {
+test("the page's zoom follows the window's size; the user's zoom stays", async (t) => {
     const page = await open(t, "three");
     await choose(page, "40.78", "-73.97", "Central Park");
     const first = await scaleOf(page);
@@ -192,11 +192,11 @@ test("the page's own zoom follows the window's size; a zoom that a person chose 
     }
 });
 
-test("land, lakes and sea lie where they do, without a network", async (t) => {
+test("land, lakes and sea are in the right places, without a network", async (t) => {
     const page = await open(t, "unusable");
     assert.match(await page.innerText("body"), /No stations to show/);
     assert.match(await page.innerText("body"), /Natural Earth, US Census Bureau/);
-    // Each differs in colour from the one before it.
+    // Each place has another colour than the one before it.
     for (const [place, latitude, longitude, color] of [["Lake Michigan", 43.5, -87.1, "water"],
         ["Kansas", 38.6, -98.3, "states"], ["Pacific", 20, -140, "water"], ["Saskatchewan", 55, -106, "land"],
         ["North Sea", 56, 3, "water"], ["Alaska", 65.5, -152, "states"], ["Chukotka", 66.5, -176, "land"],
@@ -208,7 +208,7 @@ test("land, lakes and sea lie where they do, without a network", async (t) => {
     }
 });
 
-test("hostile names and identifiers stay text, and nothing else in a feed acts", async (t) => {
+test("hostile names and identifiers stay text, and other markup in a feed has no effect", async (t) => {
     const page = await open(t, "hostile");
     for (const [, name, latitude, longitude] of [...hostile, ...afterOddities]) {
         await choose(page, latitude, longitude, name);
@@ -220,7 +220,7 @@ test("hostile names and identifiers stay text, and nothing else in a feed acts",
     assert.equal(await page.evaluate(() => document.scripts.length + document.images.length), 3);
 });
 
-test("500 stations stay quick and keep the text that the program polls short", async (t) => {
+test("500 stations draw quickly and keep the polled body short", async (t) => {
     const page = await open(t, "many");
     const spent = await page.evaluate(() => {
         const [timing] = performance.getEntriesByType("navigation");
@@ -233,16 +233,16 @@ test("500 stations stay quick and keep the text that the program polls short", a
     assert.ok(length < 8000, `${length} characters`);
 });
 
-// What the control's engine lacks is taken away.
-function makeOlder() {
+// Removes what the browser control's engine lacks.
+function removeNewerFeatures() {
     const lacking = [[window, ["fetch", "Promise", "requestAnimationFrame", "cancelAnimationFrame", "PointerEvent",
         "ResizeObserver", "URL"]], [Element.prototype, ["classList", "closest", "matches", "remove",
         "append", "prepend", "replaceChildren"]], [NodeList.prototype, ["forEach"]], [Event.prototype, ["composedPath"]]];
     for (const [owner, names] of lacking) for (const name of names) delete owner[name];
 }
 
-test("an older engine is enough", async (t) => {
-    const page = await open(t, "three", makeOlder);
+test("the page works in an older engine", async (t) => {
+    const page = await open(t, "three", removeNewerFeatures);
     await choose(page, "40.78", "-73.47", "PS 9");
     await clickMiddle(page, "4711");
 });

@@ -1,19 +1,18 @@
-// Reads the station feed that the program wrote into the page. Every text in it comes from
-// outside: it is only ever compared, parsed as XML or shown as a text node.
+// Reads the station feed that the program wrote into the page. The feed is not trusted: its texts are
+// only compared, parsed as XML, or shown as text nodes.
 
-// The feed's own text. It stands in the page inside a script string delimited by double quotes, in
-// which the program wrote each double quote as backslash + double quote, and left all else as it
-// was but for the CR LF pairs, which it took out. Line feeds and backslashes would break such a
-// string or change it, so it is never run: it is cut out between its outer quotes, and the inner
-// ones are put back.
+// Returns the feed's text from the page's statement, a script string in double quotes. The program
+// escaped the double quotes in it and removed the CR LF pairs, but left line feeds and backslashes,
+// which would break or change the string. The statement is therefore never run: the text between
+// the outer quotes is taken, and the inner quotes are restored.
 function cutFeed(statement) {
     var start = statement.indexOf("\"") + 1;
     var end = statement.lastIndexOf("\"");
     return statement.substring(start, end).replace(/\\"/g, "\"");
 }
 
-// The feed as an XML document; null when it is none. The XML declaration goes first: it may name an
-// encoding that a text already decoded no longer has.
+// Returns the feed as an XML document, or null. The XML declaration is removed first: it may name an
+// encoding, and the text is already decoded.
 function parseFeed(text) {
     var xml = text.replace(/^[\s\uFEFF]*(<\?xml\s[^>]*\?>)?\s*/, "");
     try {
@@ -23,23 +22,15 @@ function parseFeed(text) {
     }
 }
 
-// A coordinate in degrees; NaN unless the text is a plain decimal number from -limit to limit.
+// Returns a coordinate in degrees, or NaN unless the text is a plain decimal number from -limit to
+// limit.
 function readDegrees(text, limit) {
     var degrees = /^\s*[-+]?(\d+\.?\d*|\.\d+)\s*$/.test(text) ? parseFloat(text) : NaN;
     return Math.abs(degrees) <= limit ? degrees : NaN;
 }
 
-// The name as the program's station list shows it: of "Downtown (KABC )" only "KABC". The last
-// character in the brackets goes whatever it is, because the feed's bracketed names end in a blank.
-// Where nothing is left of it the list's row is empty; a dot has no other column that could name it,
-// so it keeps the whole name.
-function shortenName(name) {
-    var inside = /^[^(]*\(([^)]*)\)/.exec(name);
-    return inside && inside[1].replace(/(?:[\uD800-\uDBFF][\uDC00-\uDFFF]|[\s\S])$/, "") || name;
-}
-
-// The station that an element's attributes describe, by their names without prefix; null when it
-// has no usable place.
+// Returns the station that an element's attributes describe (by names without prefix), or null when
+// its coordinates are unusable.
 function readStation(element) {
     var values = {id: "", name: "", latitude: "", longitude: ""};
     var i, name, station;
@@ -54,14 +45,15 @@ function readStation(element) {
     }
     station = {
         id: values.id,
-        name: shortenName(values.name),
+        name: values.name,
         latitude: readDegrees(values.latitude, 90),
         longitude: readDegrees(values.longitude, 180)
     };
     return isNaN(station.latitude) || isNaN(station.longitude) ? null : station;
 }
 
-// The stations of the feed, in its order: the root's children that are named as the first one is.
+// Returns the stations of the feed in its order: the root's children that have the same name as the
+// first one.
 function readStations(statement) {
     var feed = parseFeed(cutFeed(statement));
     var root = feed && feed.documentElement;
