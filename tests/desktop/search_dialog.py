@@ -1,4 +1,4 @@
-"""The station search as a person uses it, its feed, and the fixtures of its tests."""
+"""Drives the station search, and provides its feed and the fixtures of its tests."""
 
 import pathlib
 import re
@@ -20,7 +20,7 @@ NOT_FOUND = "0 weather stations found."
 
 
 def locations(*rows):
-    """The feed's document for locations given as lists of (name, value)."""
+    """Returns the feed's document for locations, each a list of (name, value)."""
     return (HEAD + "<aws:locations>" + "".join(element("location", row) for row in rows) + "</aws:locations>"
             + TAIL).encode()
 
@@ -33,8 +33,7 @@ def stations(count, **more):
 
 
 class SearchFeed:
-    """The demonstration feed, but for the requests that `answers` holds another answer for: by a part
-    of the address."""
+    """The demonstration feed, except for requests whose address contains a key of `answers`."""
 
     def __init__(self):
         self.answers = {}
@@ -50,7 +49,7 @@ class SearchFeed:
         return answer(200, document.encode()) if document else answer(404)
 
     def searches(self):
-        """What was asked of the feed behind the partner, in order."""
+        """Returns what followed the partner in each request, in order."""
         return [urlsplit(target).query.partition("&")[2] for target in self.server.targets()]
 
     def close(self):
@@ -66,7 +65,7 @@ def feed():
 
 @pytest.fixture
 def make_searcher(make_program, feed):
-    """A program whose icon opens the Options on the Stations page, without stations."""
+    """Makes programs without stations, whose icon opens the Options on the Stations page."""
 
     def make(address=feed.address, **options):
         program = make_program()
@@ -93,7 +92,7 @@ class Search(Dialog):
 
     def start(self, text):
         """Types the text and presses Enter."""
-        wait_until(lambda: self.control("Search").enabled, "the controls are on")
+        wait_until(lambda: self.control("Search").enabled, "the controls are enabled")
         self.take_keyboard()
         click(*self.control(class_name="Edit").center(), times=2)
         type_text(text)
@@ -103,7 +102,7 @@ class Search(Dialog):
     def search(self, text, status):
         self.start(text)
         self.wait_for(status)
-        wait_until(lambda: self.control("Search").enabled, "the controls are on")
+        wait_until(lambda: self.control("Search").enabled, "the controls are enabled")
 
 
 def open_search(program):

@@ -1,4 +1,4 @@
-"""The station search: finding, choosing and adding a station."""
+"""Finding, choosing and adding a station."""
 
 import os
 import time
@@ -12,8 +12,8 @@ from options_dialog import OPTIONS
 from search_dialog import (CHOOSER, NOT_FOUND, apply_options, feed, locations,
                            make_searcher, open_search, saved_stations, stations)
 
-BLANKS = " " * 100
-STATION_0 = f"Lawrence, KS (Station 0){BLANKS}S0***10000***38.0***-95.5"
+SPACES = " " * 100
+STATION_0 = f"Lawrence, KS (Station 0){SPACES}S0***10000***38.0***-95.5"
 
 
 @pytest.fixture
@@ -47,7 +47,7 @@ def test_search_by_zip_code_and_by_name(program, feed, temp_folder):
     assert not list(temp_folder.glob("SVA*.tmp"))
 
 
-def test_several_locations_are_chosen_from(program, feed):
+def test_choosing_one_of_several_locations(program, feed):
     search = open_search(program)
     search.start("springfield")
     chooser = Dialog(CHOOSER)
@@ -63,7 +63,7 @@ def test_several_locations_are_chosen_from(program, feed):
         wait_until(chooser.is_open, "the chooser")
         close()
         search.wait_for(NOT_FOUND)
-        wait_until(lambda: search.control("Search").enabled, "the controls are on")
+        wait_until(lambda: search.control("Search").enabled, "the controls are enabled")
     search.start("springfield")
     wait_until(chooser.is_open, "the chooser")
     chooser.press("Return")
@@ -71,7 +71,7 @@ def test_several_locations_are_chosen_from(program, feed):
     assert feed.searches()[-1] == "requesttype=1&zipcode=62701"
 
 
-def test_feed_that_misbehaves(program, feed):
+def test_unusable_answers(program, feed):
     search = open_search(program)
     where, what = "SearchString=a", "zipcode=66044"
     plain = [("cityname", "A"), ("zipcode", "66044"), ("citytype", "0")]
@@ -95,13 +95,13 @@ def test_feed_that_misbehaves(program, feed):
         wait_until(lambda: search.control("Search").enabled, f"the end of {reply}")
         assert search.status() == status, reply
         assert not search.rows() and not search.control("Add Station").enabled
-    # A server that is not there.
+    # No server.
     feed.close()
     search.start("a")
     search.wait_for("Server not found!")
 
 
-def test_many_answers(program, feed):
+def test_many_locations_and_stations(program, feed):
     search = open_search(program)
     feed.answers = {"SearchString=many": locations(*([("cityname", f"City {n}"), ("statename", "KS"),
                                                       ("zipcode", f"{n}"), ("citytype", "0")]
@@ -116,7 +116,7 @@ def test_many_answers(program, feed):
     assert search.rows()[499] == ("1", "Łódź & <b>\"x\"</b>", "Lawrence, KS", "WeatherBug")
 
 
-def test_adding_ends_in_the_station_file(program, feed):
+def test_added_station_is_saved(program, feed):
     feed.answers = {"zipcode=66044": stations(3)}
     for add in (lambda search: search.click("Add Station"), lambda search: search.press("Return"),
                 lambda search: search.click_row(0, times=2)):
@@ -125,13 +125,13 @@ def test_adding_ends_in_the_station_file(program, feed):
         add(search)
         search.wait_until_closed()
         options = Dialog(OPTIONS)
-        wait_until(lambda: options.window().enabled, "the Options are on")
+        wait_until(lambda: options.window().enabled, "the Options are enabled")
         combo = wait_until(lambda: options.control(class_name="ComboBox"), "the station list")
-        wait_until(lambda: options.control(class_name="ComboBox").enabled, "the station list is on")
+        wait_until(lambda: options.control(class_name="ComboBox").enabled, "the station list is enabled")
         assert combo.text == "Lawrence, KS (Station 0)" and options.control("Apply").enabled
         apply_options()
         assert saved_stations(program) == [STATION_0]
-    feed.answers["zipcode=1"] = stations(3).replace(b'longitude="-95.5"', b"", 1)  # the last one lacks it then
+    feed.answers["zipcode=1"] = stations(3).replace(b'longitude="-95.5"', b"", 1)  # leaves the last station without one
     search = open_search(program)
     search.search("1", "3 weather station(s) found.")
     search.press("Down", "Down", "Return")
@@ -144,7 +144,7 @@ def test_adding_ends_in_the_station_file(program, feed):
                                                                "Lawrence, KS (Station 2)"]
 
 
-def test_closing_in_the_middle_of_a_wait(program, feed, temp_folder):
+def test_closing_while_a_search_waits(program, feed, temp_folder):
     held = feed.answers["66044"] = Held(answer(200, stations(2)))
     search = open_search(program)
     search.start("66044")
@@ -152,11 +152,11 @@ def test_closing_in_the_middle_of_a_wait(program, feed, temp_folder):
     assert not any(search.control(name).enabled for name in ("Search", "Cancel", "Add Station"))
     assert not Dialog(OPTIONS).control(class_name="ComboBox").enabled
     assert program.answers()
-    search.press("Escape")  # Cancel is off, and so is its key
+    search.press("Escape")  # Cancel is disabled, and so is its key
     assert stays(search.is_open, 0.5)
     search.close_by_box()
     search.wait_until_closed()
-    wait_until(lambda: Dialog(OPTIONS).control(class_name="ComboBox").enabled, "the station list is on")
+    wait_until(lambda: Dialog(OPTIONS).control(class_name="ComboBox").enabled, "the station list is enabled")
     wait_until(lambda: not program.downloaders(), "the downloader ends")
     assert not list(temp_folder.glob("SVA*.tmp"))
     held.gate.set()
@@ -168,14 +168,14 @@ def test_closing_in_the_middle_of_a_wait(program, feed, temp_folder):
     search.wait_until_closed()
     apply_options()
 
-    # Exit in a wait.
+    # Exit during a wait.
     held = feed.answers["66044"] = Held(answer(200, stations(2)))
     search = open_search(program)
     search.start("66044")
     assert held.asked.wait(15)
-    # The wait goes on without its downloader, and sleeps.
+    # The wait continues without its downloader and uses no processor time.
     os.kill(program.downloaders()[0], 9)
-    wait_until(lambda: not program.downloaders(), "the downloader's end")
+    wait_until(lambda: not program.downloaders(), "the downloader ends")
     before = program.processor_seconds()
     time.sleep(2)
     assert program.processor_seconds() - before < 0.2

@@ -1,4 +1,4 @@
-"""The station search and its map: the page that the program writes, and the talk with the page."""
+"""The map of the station search: the page that the program writes, and what it writes and reads there."""
 
 import json
 import os
@@ -24,7 +24,7 @@ def test_missing_template_fails_the_lookup(make_searcher):
 
 @pytest.fixture
 def stand_in(tmp_path):
-    """The stand-in for the browser control, in the platform's place; the folder of its page."""
+    """Registers the stand-in for the browser control and returns the folder that holds its page."""
     folder = tmp_path / "page"
     folder.mkdir()
     classes = r"HKEY_LOCAL_MACHINE\Software\Classes"
@@ -38,7 +38,7 @@ def stand_in(tmp_path):
     stores.import_registry(before)
 
 
-def test_talk_with_the_map_page(make_searcher, feed, stand_in):
+def test_list_and_map_follow_each_other(make_searcher, feed, stand_in):
     program = make_searcher()
     program.start(STANDIN_FOLDER=stores.windows_path(stand_in))
     feed.answers = {"zipcode=66044": stations(40), "zipcode=1": stations(1, latitude="');alert(1);('")}
@@ -48,7 +48,7 @@ def test_talk_with_the_map_page(make_searcher, feed, stand_in):
     (stand_in / "busy").touch()
     search = open_search(program)
 
-    # The page is asked only when it is no longer busy.
+    # The program waits until the page is no longer busy.
     search.start("66044")
     search.wait_for("40 weather station(s) found.")
     assert stays(lambda: center.read_text() == "", 0.3)
@@ -63,12 +63,12 @@ def test_talk_with_the_map_page(make_searcher, feed, stand_in):
 
     search.click_row(2)
     wait_until(lambda: center.read_text() == moved.format("38.002"), "the map moves to the clicked row")
-    # A click on the map selects, scrolls, and does not move the map.
+    # A click on the map selects and scrolls to the row, and does not move the map.
     clicked.write_text("S35")
-    assert stays(lambda: search.selected() == [2], 0.3), "a page without the element's name is not asked"
+    assert stays(lambda: search.selected() == [2], 0.3), "a page without the element's name is not read"
     body.write_text("... SVSelectedCity ...")
     wait_until(lambda: search.selected() == [35], "the clicked station is selected")
-    search.click_row(1)  # what was read stays known: the user's choice holds
+    search.click_row(1)  # the click was read before, so the user's choice stays
     assert stays(lambda: search.selected() != [35], 0.3)
     moved_last = center.read_text()
     clicked.write_text("no such station")
@@ -76,14 +76,14 @@ def test_talk_with_the_map_page(make_searcher, feed, stand_in):
     wait_until(lambda: search.selected() == [4], "the next clicked station is selected")
     assert center.read_text() == moved_last
 
-    # One station alone is not listened for, and its coordinates do not run as script.
+    # With a single station the map is not polled, and its coordinates do not run as script.
     center.write_text("untouched")
     search.search("1", "1 weather station(s) found.")
     search.click_row(5)  # below the only row
     wait_until(lambda: search.selected() == [], "nothing is selected")
     clicked.write_text("S0")
     assert stays(lambda: search.selected() == [] and center.read_text() == "untouched", 0.3)
-    # A location that is not found leaves an empty map beside the empty list.
+    # When no location is found the map is empty, like the list.
     search.search("nowhere", NOT_FOUND)
     assert stores.unix_path((stand_in / "navigated.txt").read_text().splitlines()[-1]) == str(page)
     assert "S0" not in page.read_text(encoding="utf-8")
@@ -94,7 +94,7 @@ def test_talk_with_the_map_page(make_searcher, feed, stand_in):
 
 
 def test_pages_for_the_browser(make_searcher, feed, stand_in):
-    """Searches for each feed of the map test, which then opens the pages that the program wrote."""
+    """Searches in each feed of the map test. That test opens the pages that the program writes here."""
     pages = pathlib.Path(os.environ["MAP_PAGES"])
     shutil.rmtree(pages, ignore_errors=True)
     pages.mkdir()
@@ -114,7 +114,7 @@ def test_pages_for_the_browser(make_searcher, feed, stand_in):
             shutil.copy(center, pages)
 
 
-def test_page_that_stays_busy_does_not_hold_the_dialog(make_searcher, feed, stand_in):
+def test_busy_page_does_not_block_the_dialog(make_searcher, feed, stand_in):
     (stand_in / "busy").touch()
     program = make_searcher()
     program.start(STANDIN_FOLDER=stores.windows_path(stand_in))
