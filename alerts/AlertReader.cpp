@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "alerts/AlertFeedRules.h"
+#include "alerts/SeenAlerts.h"
 #include "settings/IniOpenSave.h"
 #include "win/CodePage.h"
 #include "win/Text.h"
@@ -12,26 +12,30 @@
 namespace alerts {
 namespace {
 
-// A step this short leaves the user interface responsive.
+// Short enough to keep the user interface responsive.
 constexpr ULONGLONG kStepMilliseconds = 15;
 
-// No element is passed over: the list in force is the empty one. The others name elements that
-// could be and are kept beside it, out of use.
+// The elements to skip. The list in use is the empty one; the others are kept for reference.
 constexpr std::string_view kSkipList = "||";
 [[maybe_unused]] constexpr std::string_view kUnusedSkipLists[] = {"|year|second|",
                                                                   "|offset|text|hour-24|"};
 
-AlertFilter ReadFilter() {
+WordFilter ReadFilter() {
     using namespace settings;
     return {win::Split(win::ToLower(ReadSetting(kAlertFilters)), kFilterSeparator),
             IsTrue(ReadSetting(kShowFilteredWords))};
 }
 
-}  // namespace
-
-bool AlertFilter::Keeps(const std::string& body) const {
-    return lowerWords.empty() || KeepsAlert(win::ToLower(body), lowerWords, showOnly);
+// Replaces each run of spaces by one space and removes those at both ends.
+std::string CollapseSpaces(std::string_view body) {
+    std::string collapsed;
+    collapsed.reserve(body.size());
+    for (const char c : win::TrimBlanks(body))
+        if (c != ' ' || collapsed.back() != ' ') collapsed += c;
+    return collapsed;
 }
+
+}  // namespace
 
 AlertReader::AlertReader(const std::string& dataFile, const std::string& stationCode)
     : stationCode_(stationCode),
@@ -69,14 +73,14 @@ void AlertReader::Take(const win::XmlNode& node) {
     }
     if (name == "title") title_ = text;
     if (!isBody || text.empty()) return;
-    const std::string body = TidyBody(text);
-    if (filter_.Keeps(body))
-        Store(body);
+    const std::string body = CollapseSpaces(text);
+    if (filter_.lowerWords.empty() || filter_.Keeps(win::ToLower(body)))
+        Hold(body);
     else
         number_ = win::AddInt16(number_, -1);
 }
 
-void AlertReader::Store(const std::string& body) {
+void AlertReader::Hold(const std::string& body) {
     const std::string n = win::Decimal(number_);
     values_.emplace_back(settings::kAlertBody + n, body);
     values_.emplace_back(settings::kAlertTitle + n, title_);

@@ -3,45 +3,37 @@
 #include <string>
 #include <vector>
 
+#include "alerts/WordFilter.h"
 #include "settings/IniText.h"
 #include "win/XmlDocument.h"
 
-// Reading one station's feed of active alerts.
 namespace alerts {
 
-// The user's word filter, as it was when a feed began to be read.
-struct AlertFilter {
-    std::vector<std::string> lowerWords;
-    bool showOnly = false;
-
-    bool Keeps(const std::string& body) const;
-};
-
-// Reads a feed document in short steps, so that messages can run between them however long it is.
-// The alerts that pass the filter are held for the Alerts section, numbered on from its count.
+// Reads the feed document of one station in short steps, so that messages can be handled between
+// them however long the document is. The alerts that pass the word filter are held for the Alerts
+// section of the settings, numbered from its count on.
 class AlertReader {
   public:
-    // A document that does not load stores nothing.
+    // Starts to load the document. One that cannot be loaded holds no alerts.
     AlertReader(const std::string& dataFile, const std::string& stationCode);
 
-    // Reads on for some milliseconds; true when the document has been read to its end and stored.
+    // Reads for some milliseconds. Returns true when the whole document has been read and held.
     bool ReadSome();
-    // The identifiers of the stored alerts, in the order of the document, as the list of seen ones
-    // holds them.
+    // The identifiers of the held alerts, in the order of the document, each on one line.
     const std::vector<std::string>& Identifiers() const { return identifiers_; }
 
   private:
     void Take(const win::XmlNode& node);
-    void Store(const std::string& body);
+    void Hold(const std::string& body);
 
     std::string stationCode_;
-    AlertFilter filter_;
+    WordFilter filter_;  // as it was when the document was opened
     win::XmlDocument document_;
     win::XmlNodeList nodes_;
     std::int16_t number_ = 0;
     std::string identifier_;
-    std::string title_;           // carries over to an alert without a title of its own
-    settings::KeyValues values_;  // of the present step
+    std::string title_;           // kept for an alert without a title of its own
+    settings::KeyValues values_;  // of the current step
     std::vector<std::string> identifiers_;
 };
 

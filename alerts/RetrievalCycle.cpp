@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "alerts/AlertFeedRules.h"
+#include "alerts/SeenAlerts.h"
 #include "settings/Hosts.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
@@ -33,27 +33,32 @@ std::optional<CycleOutcome> RetrievalCycle::Continue() {
     std::ranges::copy(reader_->Identifiers(), std::back_inserter(identifiers_));
     reader_.reset();
     download_.reset();
-    done_.append(",").append(code_);
+    fetched_.append(",").append(code_);
     if (StartNextStation()) return std::nullopt;
     return End(false);
 }
 
-// Starts the download of the first station whose code this cycle has not fetched yet; false when
-// there is none. The list may have lost stations since the last step, so an index could skip one.
+bool RetrievalCycle::HasFetched(const std::string& code) const {
+    return (fetched_ + ",").find("," + code + ",") != std::string::npos;
+}
+
+// Starts the download for the first station whose code this cycle has not fetched yet; returns
+// false if there is none. The search starts over each time, because the list may have lost stations
+// since the last step.
 bool RetrievalCycle::StartNextStation() {
     for (std::size_t i = 0; i < settings::State().stationCount; ++i) {
         const std::string line = stations::StationAt(i);
         if (!stations::HasHiddenFields(line)) continue;
         code_ = stations::HiddenField(line, stations::kCode);
-        if (IsDone(done_, code_)) continue;
+        if (HasFetched(code_)) continue;
         download_.emplace(AlertsAddress(code_), "SVL");
         return true;
     }
     return false;
 }
 
-// The list of seen alerts changes only here: the alerts of a cycle that fails are not announced, so
-// they must not count as seen.
+// The list of seen alerts changes only here: a failed cycle announces no alerts, so they must not
+// count as seen.
 CycleOutcome RetrievalCycle::End(bool failed) {
     download_.reset();
     settings::StoreHeldSettings();

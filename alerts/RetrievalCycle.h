@@ -10,27 +10,28 @@
 namespace alerts {
 
 struct CycleOutcome {
-    bool failed = false;         // a download failed, which ended the cycle
-    std::int16_t newAlerts = 0;  // alerts not seen before; always 0 for a failed cycle
+    bool failed = false;         // a download failed, and the cycle ended there
+    std::int16_t newAlerts = 0;  // alerts not seen before; 0 for a failed cycle
 };
 
 // Rebuilds the stored alerts from the feeds of all stations, each station code once. It never
-// waits: its owner calls Continue now and then, from whichever message loop runs, so that a dialog
-// or another cycle that began meanwhile cannot hold it up.
+// waits: its owner calls Continue repeatedly, from any message loop, so that neither a dialog nor
+// another cycle can block it.
 class RetrievalCycle {
   public:
     // Clears the stored alerts.
     RetrievalCycle();
 
-    // Takes one short step; the outcome once the cycle has ended. It must not be called again then.
-    // The station list may change between two steps.
+    // Takes one short step. Returns nullopt until the cycle has ended; must not be called after
+    // that. The station list may change between two steps.
     std::optional<CycleOutcome> Continue();
 
   private:
+    bool HasFetched(const std::string& code) const;
     bool StartNextStation();
     CycleOutcome End(bool failed);
 
-    std::string done_;  // the codes fetched so far, each after a comma
+    std::string fetched_;  // the codes fetched so far, each after a comma
     std::string code_;
     std::optional<Download> download_;
     std::optional<AlertReader> reader_;

@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 
-#include "alerts/VersionRules.h"
 #include "alerts/modDownloader.h"
 #include "settings/Hosts.h"
 #include "settings/IniOpenSave.h"
@@ -11,11 +10,36 @@
 #include "win/Files.h"
 #include "win/Messages.h"
 #include "win/Shell.h"
+#include "win/Text.h"
 
 namespace alerts {
 namespace {
 
-void TellFailure() {
+// Whether the file's text, without spaces at its ends, is too long for a version: an error page.
+bool IsTooLong(std::string_view fileText) {
+    constexpr std::size_t kTooLong = 21;
+    return win::CountChars(win::TrimBlanks(fileText)) >= kTooLong;
+}
+
+// The text without spaces and line breaks at its end and spaces at its start.
+std::string OfferedVersion(std::string_view fileText) {
+    std::string_view version = win::TrimBlanks(fileText);
+    while (version.ends_with('\n') || version.ends_with('\r')) version.remove_suffix(1);
+    return std::string(win::TrimBlanks(version));
+}
+
+// The digits of a version as one 16-bit number, deliberately: 1.2.10 (1210) is newer than 1.3.0
+// (130). 0 for any other text.
+std::int16_t VersionNumber(std::string_view version) {
+    const std::string digits = win::ReplaceAll(version, ".", "");
+    return win::IsNumeric(digits) ? win::LeadingInt16(digits) : std::int16_t{0};
+}
+
+bool IsNewer(const std::string& offered, const std::string& running) {
+    return VersionNumber(win::ReplaceAll(offered, "\r\n", "")) > VersionNumber(running);
+}
+
+void ReportFailure() {
     win::ShowMessage(nullptr,
                      "The attempt to check for an updated version of Skyvane Alerts failed!\r\n\r\n"
                      "Please visit " +
@@ -34,30 +58,30 @@ void OfferDownload(HWND owner, const std::string& version, bool interactive) {
 }
 
 void Check(HWND owner, bool interactive) {
-    // Fixed names: after a failure both files stay, and the next check finds the old status at
-    // once.
+    // The names are fixed: after a failure both files remain, and the next check finds the old
+    // status at once.
     const std::string folder = settings::State().programFolder;
     const std::string dataFile = folder + "\\che.sk";
     const std::string statusFile = folder + "\\chet.sk";
-    // A folder like those of programs installed for everyone: no status would ever come.
+    // For example a folder installed for all users: the downloader could not write its status.
     if (!win::IsFolderWritable(folder)) {
-        if (interactive) TellFailure();
+        if (interactive) ReportFailure();
         return;
     }
     win::KernelHandle downloader =
         StartDownloader(settings::MakerHost() + "/SVAlerts.txt", dataFile, statusFile);
     PauseAfterStart();
-    // The status itself does not count: the data file alone decides.
+    // The status is not used: the data file alone decides.
     WaitForStatus(statusFile, downloader);
     const std::optional<std::string> text = win::ReadWholeFile(dataFile);
-    if (!text || OfferedVersion(*text).empty() || IsVersionTooLong(*text)) {
-        if (interactive) TellFailure();
+    if (!text || OfferedVersion(*text).empty() || IsTooLong(*text)) {
+        if (interactive) ReportFailure();
         return;
     }
     win::DeleteFileQuietly(dataFile);
     win::DeleteFileQuietly(statusFile);
     const std::string offered = OfferedVersion(*text);
-    if (IsNewerVersion(offered, settings::ReadSetting(settings::kVersion)))
+    if (IsNewer(offered, settings::ReadSetting(settings::kVersion)))
         OfferDownload(owner, offered, interactive);
     else if (interactive)
         win::ShowMessage(nullptr, "You are using the latest version of Skyvane Alerts.",
@@ -67,11 +91,11 @@ void Check(HWND owner, bool interactive) {
 }  // namespace
 
 void CheckVersion(HWND owner, std::string_view mode) {
-    static bool checking = false;
-    if (checking) return;
-    checking = true;
+    static bool isChecking = false;
+    if (isChecking) return;
+    isChecking = true;
     Check(owner, mode == "Yes");
-    checking = false;
+    isChecking = false;
 }
 
 }  // namespace alerts

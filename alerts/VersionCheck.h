@@ -5,9 +5,9 @@
 
 namespace alerts {
 
-// Fetches the version file from the maker's web site and offers a newer version. Mode "Yes" reports
-// every outcome; "No" speaks only of a newer version that it has not announced before. A check that
-// is under way makes a second call do nothing. Lets messages run.
+// Downloads the version file from the maker's web site and offers a newer version. Mode "Yes"
+// reports every outcome; "No" reports only a newer version that has not been announced before. Does
+// nothing while another check is running. Handles messages while it waits.
 void CheckVersion(HWND owner, std::string_view mode);
 
 }  // namespace alerts

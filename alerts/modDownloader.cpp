@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "alerts/AlertFeedRules.h"
 #include "settings/ProgramState.h"
 #include "win/Files.h"
 #include "win/Messages.h"
@@ -15,37 +14,43 @@
 namespace alerts {
 namespace {
 
-// How long a wait sleeps between two looks at the status file; the downloader's end cuts it short.
+// The interval at which a wait checks the status file; the downloader's end cuts it short.
 constexpr DWORD kPollMilliseconds = 15;
 
-// The downloads that have not been destroyed yet.
-std::vector<const Download*>& underWay = win::NeverDestroyed<std::vector<const Download*>>();
+// All Download objects that exist.
+std::vector<const Download*>& downloads = win::NeverDestroyed<std::vector<const Download*>>();
 
-// Ends the downloaders that still run when this program ends.
+// A job that ends its downloaders when this program ends, however it ends.
 HANDLE DownloaderJob() {
     static const HANDLE job = [] {
-        const HANDLE made = CreateJobObjectA(nullptr, nullptr);
+        const HANDLE created = CreateJobObjectA(nullptr, nullptr);
         JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
         limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
-        SetInformationJobObject(made, JobObjectExtendedLimitInformation, &limits, sizeof limits);
-        return made;  // the system closes it when the process ends
+        SetInformationJobObject(created, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+        return created;  // the system closes it when the process ends
     }();
     return job;
 }
 
-// Ends the downloader and waits until it is gone, so that it holds no file any more.
+// Terminates the downloader and waits until it has closed its files.
 void EndDownloader(const win::KernelHandle& downloader) {
-    constexpr DWORD enough = 2000;
+    constexpr DWORD kLongestWait = 2000;
     if (downloader && TerminateProcess(downloader.Get(), 1))
-        WaitForSingleObject(downloader.Get(), enough);
+        WaitForSingleObject(downloader.Get(), kLongestWait);
 }
 
-// The status, once the file has content. A virus scanner may hold the new file for a moment: a file
-// that cannot be read is not a success.
+// The status, or nullopt until the file has content that can be read: a virus scanner may lock the
+// new file for a moment.
 std::optional<std::string> ReadStatus(const std::string& statusFile) {
     if (!win::FileHasContent(statusFile)) return std::nullopt;
     auto text = win::ReadWholeFile(statusFile);
     return text && !text->empty() ? text : std::nullopt;
+}
+
+// The only argument of dl.exe.
+std::string DownloadArgument(const std::string& address, const std::string& dataFile,
+                             const std::string& statusFile) {
+    return address + "|" + dataFile + "|" + statusFile;
 }
 
 }  // namespace
@@ -60,14 +65,15 @@ win::KernelHandle StartDownloader(const std::string& address, const std::string&
     startup.dwFlags = STARTF_USESHOWWINDOW | STARTF_FORCEOFFFEEDBACK;
     startup.wShowWindow = SW_SHOWMINIMIZED;
     PROCESS_INFORMATION process{};
-    // The program is named apart from its command line, so that a space in the path names no other.
+    // The program is passed separately: in the command line alone, a space in its path would end
+    // its name.
     if (CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
                        folder.c_str(), &startup, &process)) {
         CloseHandle(process.hThread);
         AssignProcessToJobObject(DownloaderJob(), process.hProcess);
         return win::KernelHandle(process.hProcess);
     }
-    // Never 0, which would be a success.
+    // Never 0, which would mean success.
     const DWORD error = std::max<DWORD>(GetLastError(), ERROR_INVALID_FUNCTION);
     win::DeleteFileQuietly(dataFile);
     win::OverwriteFile(statusFile, win::Decimal(error));
@@ -80,27 +86,31 @@ void PauseAfterStart() {
 }
 
 std::optional<std::string> WaitForStatus(const std::string& statusFile,
-                                         win::KernelHandle& downloader, IsGivenUp isGivenUp) {
+                                         win::KernelHandle& downloader, IsCancelled isCancelled) {
     const bool started = static_cast<bool>(downloader);
     for (;;) {
-        if (isGivenUp && isGivenUp()) {
+        if (isCancelled && isCancelled()) {
             EndDownloader(downloader);
             return std::nullopt;
         }
         if (auto status = ReadStatus(statusFile)) return status;
-        // Without a downloader, and with no room even for its status, nothing would ever come.
+        // No downloader runs, and the disk is too full even for its status.
         if (!started) return std::nullopt;
         win::PumpOrWait(kPollMilliseconds, downloader.Get());
-        // A downloader that has ended would end every further sleep at once.
+        // The handle of a downloader that has ended would end every later wait at once.
         if (downloader && WaitForSingleObject(downloader.Get(), 0) == WAIT_OBJECT_0)
             downloader.Reset();
     }
 }
 
+bool IsSuccess(std::string_view status) {
+    return win::LeadingNumber(status) == 0;
+}
+
 Download::Download(const std::string& address, const std::string& prefix)
     : dataFile_(win::MakeTempFileName(prefix)), statusFile_(win::MakeTempFileName(prefix)) {
-    underWay.push_back(this);
-    // Without temporary files, in a full folder for example, no status would ever come.
+    downloads.push_back(this);
+    // Without temporary files (for example in a full folder) there would never be a status.
     done_ = dataFile_.empty() || statusFile_.empty();
     if (done_) return;
     downloader_ = StartDownloader(address, dataFile_, statusFile_);
@@ -113,10 +123,10 @@ bool Download::IsDone() {
     return done_;
 }
 
-void Download::Wait(IsGivenUp isGivenUp) {
+void Download::Wait(IsCancelled isCancelled) {
     if (done_) return;
     PauseAfterStart();
-    Finish(WaitForStatus(statusFile_, downloader_, isGivenUp));
+    Finish(WaitForStatus(statusFile_, downloader_, isCancelled));
     win::PauseTicks(1);
 }
 
@@ -127,7 +137,7 @@ void Download::Finish(const std::optional<std::string>& status) {
 
 Download::~Download() {
     DeleteFiles();
-    std::erase(underWay, this);
+    std::erase(downloads, this);
 }
 
 void Download::DeleteFiles() const {
@@ -137,7 +147,7 @@ void Download::DeleteFiles() const {
 
 void AbandonDownloads() {
     TerminateJobObject(DownloaderJob(), 0);
-    for (const Download* download : underWay) download->DeleteFiles();
+    for (const Download* download : downloads) download->DeleteFiles();
 }
 
 }  // namespace alerts

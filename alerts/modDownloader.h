@@ -1,47 +1,55 @@
 #pragma once
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "win/Handle.h"
 
-// The contract with dl.exe, the only program that opens a network connection.
+// The contract with dl.exe, the only program that opens network connections: it downloads one
+// address into a data file and then writes its status into a status file.
 namespace alerts {
 
-// Starts dl.exe for the address and returns its process at once. If it cannot be started (missing,
-// blocked), the result is empty, the data file is deleted and the status file holds the system's
-// error number, as after a failed download.
+// Starts dl.exe for the address and returns its process without waiting. If it cannot be started
+// (missing, blocked), returns an empty handle, deletes the data file and writes the system's error
+// number into the status file, as a failed download would.
 win::KernelHandle StartDownloader(const std::string& address, const std::string& dataFile,
                                   const std::string& statusFile);
 
-// Lets messages run for the moment that every waiting caller gives a new downloader.
+// Handles pending messages, then waits one clock tick; called after StartDownloader and before
+// WaitForStatus.
 void PauseAfterStart();
 
-// Polled during a wait; true cancels the download.
-using IsGivenUp = bool (*)();
+// Called repeatedly during a wait; returns true to cancel the download.
+using IsCancelled = bool (*)();
 
-// Waits, letting messages run, until the status file has content that can be read, and returns
-// that. There is no time limit: the downloader owns time-outs. Empty when the download is
-// cancelled, which ends the downloader. `downloader` must be the result of StartDownloader.
+// Waits, handling messages, until the status file has content that can be read, and returns that.
+// There is no time limit: the downloader has its own time-outs. Returns nullopt when the download
+// is cancelled, which ends the downloader, and when no downloader runs and there is no status.
+// `downloader` must be the result of StartDownloader.
 std::optional<std::string> WaitForStatus(const std::string& statusFile,
                                          win::KernelHandle& downloader,
-                                         IsGivenUp isGivenUp = nullptr);
+                                         IsCancelled isCancelled = nullptr);
 
-// One address downloaded into a temporary file. Its two files are deleted with it.
+// Whether a status means success: the number at its start is 0, which it also is for other text.
+bool IsSuccess(std::string_view status);
+
+// A download of one address into a temporary file. The destructor deletes its files.
 class Download {
   public:
-    // Starts the download; the temporary files are named by the prefix.
+    // Starts the download; the names of its temporary files begin with the prefix.
     Download(const std::string& address, const std::string& prefix);
     Download(const Download&) = delete;
     Download& operator=(const Download&) = delete;
     ~Download();
 
-    // Whether the downloader has reported its status. Never waits.
+    // Whether the download has ended. Never waits.
     bool IsDone();
-    // Waits, letting messages run, until the download is done or cancelled.
-    void Wait(IsGivenUp isGivenUp = nullptr);
-    // False until the download is done, and for one that failed or was cancelled.
+    // Waits, handling messages, until the download has ended or is cancelled.
+    void Wait(IsCancelled isCancelled = nullptr);
+    // False until the download has ended, and after it has failed or was cancelled.
     bool Succeeded() const { return succeeded_; }
 
+    // The path of the downloaded file.
     const std::string& DataFile() const { return dataFile_; }
     void DeleteFiles() const;
 
@@ -55,7 +63,7 @@ class Download {
     bool succeeded_ = false;
 };
 
-// Ends the downloads that are still under way and deletes their files; for the end of the program.
+// Ends all running downloads and deletes their files; for the shutdown.
 void AbandonDownloads();
 
 }  // namespace alerts

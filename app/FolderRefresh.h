@@ -2,9 +2,8 @@
 
 namespace app {
 
-// Brings the data folder's copies of the HTML and Sounds folders up to date with the program
-// folder's. An outdated HTML folder is replaced; outdated sounds are copied over, so that the
-// user's own stay.
+// Copies the program folder's HTML and Sounds folders into the data folder if they are newer than
+// the copies there. The old HTML folder is deleted first; in Sounds the user's own files stay.
 void RefreshDataFolder();
 
 }  // namespace app

@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "app/FolderRefresh.h"
-#include "app/StartupRules.h"
+#include "app/StartupValues.h"
 #include "settings/DataFolder.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
@@ -42,7 +42,7 @@ void ChooseStore(std::string_view arguments) {
         else
             UseIniFile(false);
     }
-    // Reading first lets messages run while another program holds the INI file.
+    // The read handles messages while another program locks the INI file.
     const char* const useIni = BooleanText(UseIni == kUseIniStore);
     if (ReadSetting(kUseIniRecord) != useIni) WriteSetting(kUseIniRecord, useIni);
     ExportStoreChoice();
@@ -85,7 +85,7 @@ void RetrieveAtStart() {
 
 void CountRun() {
     const auto runs = TryReadSetting(kRuns);
-    if (!runs) return;  // unreadable settings do not make this the first run
+    if (!runs) return;  // unreadable: this may not be the first run
     if (!runs->empty()) {
         if (const auto next = NextRunCount(*runs)) WriteSetting(kRuns, *next);
         return;
@@ -98,7 +98,7 @@ void CountRun() {
         tray::ShowOptions();
 }
 
-// Only marks the program as running for other processes; nothing here waits on it.
+// The mutex only shows other processes that the program is running.
 void MarkAsRunning() {
     win::NamedMutex mutex = win::MakeNamedMutex("SkyvaneAlerts");
     if (!mutex.existed) State().runningMutex = std::move(mutex.handle);

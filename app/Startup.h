@@ -3,8 +3,9 @@
 
 namespace app {
 
-// The ordered start-up, from the choice of the settings store to the named mutex. A step that fails
-// is passed over. The tray window must be loaded.
+// Runs the steps of the start-up in order, from the choice of the settings store to the named mutex
+// that other processes look for. A step that fails is skipped. The tray window must exist.
+// `arguments` is the command line without the program's name.
 void StartUp(std::string_view arguments);
 
 }  // namespace app

@@ -11,7 +11,7 @@
 
 namespace {
 
-// True in the first copy of this session; the handle marks it as long as the process lives.
+// Whether this is the first copy in this session. The mutex exists as long as the process.
 bool IsFirstCopy() {
     static win::NamedMutex& mark =
         win::NeverDestroyed<win::NamedMutex>(win::MakeNamedMutex("Local\\SkyvaneAlerts.FirstCopy"));
@@ -24,7 +24,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     win::HardenProcess();
     settings::State().isFirstCopy = IsFirstCopy();
     if (!tray::LoadTrayWindow()) return 1;
-    // A second copy ends by the Exit command, in silence, and leaves the first one alone.
+    // A second copy exits silently and does not affect the first one.
     if (settings::State().isFirstCopy)
         app::StartUp(win::ArgumentText(GetCommandLineA(), "SVAlerts.exe"));
     else

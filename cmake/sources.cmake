@@ -1,10 +1,10 @@
 # The files without Windows code: they include no Windows header, and are therefore built for the host
 # too, where the sanitizers and the fuzzers run them. A test is portable when the file that it is named
-# for is: tests/alerts/WordFilterTest.cpp for alerts/WordFilter.cpp.
+# for is: tests/alerts/SeenAlertsTest.cpp for alerts/SeenAlerts.cpp.
 set(portableSources
-  alerts/AlertFeedRules.cpp
-  alerts/VersionRules.cpp
-  app/StartupRules.cpp
+  alerts/SeenAlerts.cpp
+  alerts/WordFilter.cpp
+  app/StartupValues.cpp
   downloader/ArgumentRules.cpp
   downloader/BodyRules.cpp
   downloader/CacheRules.cpp
@@ -27,7 +27,7 @@ set(portableSources
   settings/IniText.cpp
   settings/Scramble.cpp
   stations/StationLine.cpp
-  tray/TrayMenuRules.cpp
+  tray/AlertMenu.cpp
   tray/TrayTip.cpp
   win/CommandLine.cpp
   win/Text.cpp

@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "alerts/AlertFeedRules.h"
 #include "alerts/RetrievalCycle.h"
 #include "settings/Hosts.h"
 #include "settings/IniOpenSave.h"
@@ -20,6 +19,7 @@
 #include "win/Files.h"
 #include "win/Messages.h"
 #include "win/NeverDestroyed.h"
+#include "win/Text.h"
 #include "win/modPlaySound.h"
 
 namespace tray {
@@ -34,25 +34,25 @@ constexpr char kNewAlertsMessage[] =
     "New severe weather alerts have been discovered.\r\n\r\n"
     "Note: Right-click the Skyvane Alerts system tray icon for more information.";
 
-// A cycle on its way, and what belongs to its end.
+// A cycle and what to do when it has ended.
 struct RunningCycle {
     alerts::RetrievalCycle cycle;
     bool interactive;
     void (*whenEnded)();
 };
 
-// The newest one last.
+// All running cycles, the newest one last.
 std::vector<std::unique_ptr<RunningCycle>>& cycles =
     win::NeverDestroyed<std::vector<std::unique_ptr<RunningCycle>>>();
 
-bool askingForStation = false;
-UINT_PTR stepTimer = 0;    // while cycles run
-UINT_PTR unreadTimer = 0;  // while the station file cannot be read
+bool isAskingForStation = false;
+UINT_PTR stepTimer = 0;    // runs while there are cycles
+UINT_PTR unreadTimer = 0;  // runs while the station file cannot be read
 
 void OfferStationChoice() {
-    askingForStation = true;
+    isAskingForStation = true;
     if (win::Confirm(nullptr, kNoStationQuestion, MB_ICONINFORMATION)) ShowStationOptions();
-    askingForStation = false;
+    isAskingForStation = false;
 }
 
 void RecordUpdate() {
@@ -62,8 +62,8 @@ void RecordUpdate() {
     BuildAlertsMenu();
 }
 
-// The sound hangs on the flashing option and comes from the program folder, not from the data
-// folder's copy; both are deliberate.
+// Deliberately, the sound depends on the flashing option and is read from the program folder, not
+// from its copy in the data folder.
 void PlayChosenSound() {
     using namespace settings;
     if (!IsTrue(ReadSetting(kFlashTrayIcon))) return;
@@ -81,6 +81,17 @@ void AnnounceNewAlerts() {
     PlayChosenSound();
 }
 
+std::string FailureMessage() {
+    // The line about "Skyvane Live" deliberately names another product.
+    return win::Join({"Skyvane Alerts was not able to retrieve the severe alerts.", "",
+                      "Please verify the following:", "", "1) You're connected to the Internet.",
+                      "", "2) Your software (e.g. firewall software, security software) is not",
+                      "     blocking Internet access to Skyvane Live.", "",
+                      "3) Your computer and/or network is not preventing you from",
+                      "     viewing " + settings::WeatherHost() + "."},
+                     "\r\n");
+}
+
 void EndCycle(const alerts::CycleOutcome& outcome, bool interactive, void (*whenEnded)()) {
     if (!outcome.failed) {
         RecordUpdate();
@@ -88,14 +99,13 @@ void EndCycle(const alerts::CycleOutcome& outcome, bool interactive, void (*when
     }
     settings::State().lastCycleEnd = GetTickCount64();
     if (outcome.failed && interactive)
-        win::ShowMessage(nullptr, alerts::FailureMessage(settings::WeatherHost()),
-                         MB_ICONINFORMATION);
+        win::ShowMessage(nullptr, FailureMessage(), MB_ICONINFORMATION);
     settings::State().minuteCounter = 0;
     if (whenEnded) whenEnded();
 }
 
-// Takes a step of the newest cycle. The open menu gets all input: neither a message box nor a new
-// menu item may come up from inside its loop.
+// Takes one step of the newest cycle, but not while the menu is open: its loop takes all input, so
+// that no message box may open and no item may change.
 void CALLBACK ContinueCycle(HWND, UINT, UINT_PTR, DWORD) {
     static bool isStepping = false;
     if (isStepping || IsTrayMenuOpen() || cycles.empty()) return;
@@ -104,7 +114,7 @@ void CALLBACK ContinueCycle(HWND, UINT, UINT_PTR, DWORD) {
     const auto outcome = newest->cycle.Continue();
     isStepping = false;
     if (!outcome) return;
-    // Settings that are waited for let messages run: a newer cycle may have started meanwhile.
+    // Continue may have handled messages, and a newer cycle may have started meanwhile.
     const auto place = std::ranges::find(cycles, newest, &std::unique_ptr<RunningCycle>::get);
     const auto ended = std::move(*place);
     cycles.erase(place);
@@ -113,12 +123,12 @@ void CALLBACK ContinueCycle(HWND, UINT, UINT_PTR, DWORD) {
 }
 
 void StartCycle(bool interactive, void (*whenEnded)()) {
-    constexpr UINT stepMilliseconds = 15;
+    constexpr UINT kStepMilliseconds = 15;
     cycles.emplace_back(new RunningCycle{{}, interactive, whenEnded});
-    if (!stepTimer) stepTimer = SetTimer(nullptr, 0, stepMilliseconds, ContinueCycle);
+    if (!stepTimer) stepTimer = SetTimer(nullptr, 0, kStepMilliseconds, ContinueCycle);
 }
 
-// Makes up for a retrieval that came while the station file could not be read.
+// Makes up for a retrieval that was requested while the station file could not be read.
 void CALLBACK RetrieveWhenRead(HWND, UINT, UINT_PTR, DWORD) {
     if (IsTrayMenuOpen()) return;
     LoadUnreadStations();
@@ -132,12 +142,12 @@ void CALLBACK RetrieveWhenRead(HWND, UINT, UINT_PTR, DWORD) {
 void RetrieveAlerts(bool interactive, void (*whenEnded)()) {
     LoadUnreadStations();
     if (settings::State().stationCount == 0 && stations::IsStationListUnread()) {
-        constexpr UINT retryMilliseconds = 1000;
-        if (!unreadTimer) unreadTimer = SetTimer(nullptr, 0, retryMilliseconds, RetrieveWhenRead);
+        constexpr UINT kRetryMilliseconds = 1000;
+        if (!unreadTimer) unreadTimer = SetTimer(nullptr, 0, kRetryMilliseconds, RetrieveWhenRead);
         return EndCycle({true, 0}, interactive, whenEnded);
     }
     if (settings::State().stationCount == 0) {
-        if (askingForStation) {  // one question is enough
+        if (isAskingForStation) {  // one question at a time
             if (whenEnded) whenEnded();
             return;
         }
@@ -150,8 +160,8 @@ void RetrieveAlerts(bool interactive, void (*whenEnded)()) {
 }
 
 void WaitForRetrieval() {
-    constexpr DWORD longestSleep = 1000;
-    while (!cycles.empty()) win::PumpOrWait(longestSleep);
+    constexpr DWORD kLongestSleep = 1000;
+    while (!cycles.empty()) win::PumpOrWait(kLongestSleep);
 }
 
 }  // namespace tray

@@ -18,14 +18,14 @@ namespace {
 
 HWND openBox = nullptr;
 
-// What a link shows, which is also where it leads.
+// A link's text, which is also its address.
 std::string LinkText(int control) {
     const std::string markup = win::ControlText(openBox, control);
     const std::string text = win::ReplaceAll(win::ReplaceAll(markup, "<a>", ""), "</a>", "");
     return std::string(win::TrimBlanks(text));
 }
 
-// The control may draw a link wider than it measures it and cut its end off: the space gives room.
+// The control may draw a link wider than it measured it, and cut its end: the space makes room.
 void ShowLink(int control, const std::string& text) {
     win::SetControlText(openBox, control, "<a>" + text + " </a>");
 }
@@ -40,7 +40,7 @@ void FollowLink(UINT_PTR control) {
         win::OpenInBrowser(openBox, "mailto:" + LinkText(frmAbout_Label4));
 }
 
-void Initialise(HWND dialog) {
+void Initialize(HWND dialog) {
     openBox = dialog;
     ShowLink(frmAbout_Label3, settings::MakerHost());
     ShowLink(frmAbout_Label4, settings::MakerMail());
@@ -57,9 +57,9 @@ void Initialise(HWND dialog) {
 INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
-            Initialise(dialog);
-            SetFocus(
-                GetDlgItem(dialog, frmAbout_Command1));  // or Enter would follow the first link
+            Initialize(dialog);
+            // With the focus on the first link, Enter would open it.
+            SetFocus(GetDlgItem(dialog, frmAbout_Command1));
             return FALSE;
         case WM_COMMAND:
             if (LOWORD(wParam) == frmAbout_Image2) OpenWeatherHome();

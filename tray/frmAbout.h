@@ -2,7 +2,8 @@
 
 namespace tray {
 
-// Shows the About box and returns when it is closed; one that is open already comes to the front.
+// Shows the About box and returns when it is closed. If it is already open, brings it to the front
+// and returns at once.
 void ShowAboutBox();
 
 }  // namespace tray

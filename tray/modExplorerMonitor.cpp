@@ -21,8 +21,8 @@ LRESULT CALLBACK MonitorProcedure(HWND window, UINT message, WPARAM wParam, LPAR
 void StartExplorerMonitor(HWND window) {
     if (GetPropA(window, kProcedure)) return;
     TaskbarCreatedMessage = RegisterWindowMessageA("TaskbarCreated");
-    // Without this a program with administrator rights does not get the message, because the shell
-    // has none.
+    // Without this a program with administrator rights does not receive the message of the shell,
+    // which has none.
     ChangeWindowMessageFilterEx(window, TaskbarCreatedMessage, MSGFLT_ALLOW, nullptr);
     SetPropA(window, kProcedure, reinterpret_cast<HANDLE>(GetWindowLongA(window, GWL_WNDPROC)));
     const LONG previous =

@@ -1,13 +1,13 @@
 #pragma once
 #include <windows.h>
 
-// Puts the icon back when the taskbar is made anew, as after a restart of the shell.
+// Adds the icon again when Explorer has created a new taskbar, for example after a crash.
 namespace tray {
 
-// Subclasses the window; a window that is already watched stays as it is.
+// Subclasses the window; does nothing if it is monitored already.
 void StartExplorerMonitor(HWND window);
 
-// Puts the window's procedure back; one that is not watched stays as it is.
+// Restores the window's procedure; does nothing if it is not monitored.
 void StopExplorerMonitor(HWND window);
 
 }  // namespace tray

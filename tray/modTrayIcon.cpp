@@ -18,15 +18,15 @@
 namespace tray {
 namespace {
 
-// The record's size with the balloon fields and nothing behind them.
+// The record's size up to and including the balloon fields.
 constexpr DWORD kRecordSize = 488;
 static_assert(offsetof(NOTIFYICONDATAA, guidItem) == kRecordSize);
 
 constexpr UINT kAddTimeout = 30000;
 constexpr UINT kBalloonTimeout = 10000;
 
-// Every change edits the record and sends it whole, so flags and texts of an earlier change stay in
-// force: after a balloon each later change carries it again, on purpose.
+// Every change sends the whole record, so that flags and texts of earlier changes stay in force:
+// after a balloon each later change shows it again, deliberately.
 NOTIFYICONDATAA TrayIconData;
 
 template <std::size_t size>

@@ -5,41 +5,41 @@
 
 #include "win/Handle.h"
 
-// The one icon in the notification area. Results of the shell are not looked at: a failed add
-// leaves the program without an icon until the taskbar is made anew.
+// The program's icon in the notification area. The shell's results are ignored: if the icon cannot
+// be added, there is none until the taskbar is created again.
 namespace tray {
 
-// The tray pictures: the built-in ones, or those of the user's files.
+// The two images of the icon: the built-in ones or those that the user chose.
 struct TrayImages {
-    win::Icon ImageIcon;   // normal
+    win::Icon ImageIcon;   // no new alerts
     win::Icon ImageIcon2;  // new alerts
 };
 TrayImages& Images();
 
-// Loads the built-in pictures.
+// Loads the built-in images.
 void LoadBuiltInImages();
 
-// Replaces a picture by the icon of the file; a missing file or one that is no icon leaves it.
+// Replaces an image by the icon in the file; keeps it if the file cannot be loaded.
 void ReplaceImage(win::Icon& image, const std::string& path);
 
-// Fills the whole record, sets the tooltip from the stored time of the last update, adds the icon.
+// Adds the icon with ImageIcon, and a tooltip with the stored time of the last update.
 void AddTrayIcon();
 
-// Shows the text in a balloon on the icon.
+// Shows the text in a balloon at the icon. Text after 255 bytes is cut.
 void ShowTrayBalloon(const std::string& message);
 
 void RemoveTrayIcon();
 
-// Puts the normal picture on the icon.
+// Shows ImageIcon.
 void RefreshTrayIconImage();
 
-// Puts the new-alerts picture on the icon.
+// Shows ImageIcon2.
 void ShowNewAlertImage();
 
-// Sets the tooltip, cut to what the record holds (127 bytes).
+// Sets the tooltip. Text after 127 bytes is cut.
 void SetTrayTip(const std::string& tip);
 
-// Sets the tooltip from the time of the last update; an empty text changes nothing.
+// Sets the tooltip for the time of the last update; does nothing for an empty text.
 void UpdateTrayTip(const std::string& lastUpdated);
 
 }  // namespace tray

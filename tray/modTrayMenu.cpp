@@ -9,15 +9,15 @@
 #include "settings/ProgramState.h"
 #include "stations/StationLine.h"
 #include "stations/StationList.h"
+#include "tray/AlertMenu.h"
 #include "tray/OptionsDialog.h"
-#include "tray/TrayMenuRules.h"
 #include "tray/TrayWindow.h"
 #include "tray/resource.h"
+#include "win/CodePage.h"
 #include "win/Handle.h"
 #include "win/Messages.h"
 #include "win/NeverDestroyed.h"
 #include "win/Shell.h"
-#include "win/CodePage.h"
 #include "win/Text.h"
 
 namespace tray {
@@ -31,33 +31,28 @@ std::int16_t AlertItemCount = 0;
 std::string& AlertMenuMap = win::NeverDestroyed<std::string>();
 WNDPROC PreviousTrayWindowProc = nullptr;
 
-// The empty menus whose handles number the alert items; each lives as long as its item.
+// The empty menus whose handles serve as identifiers of the alert items, one for each item.
 std::vector<win::Menu>& alertHandles = win::NeverDestroyed<std::vector<win::Menu>>();
-// Every item takes a menu, of which the system gives a process 10,000 windows and menus in all: a
-// feed must not be able to take them away from the dialogs.
+// A process can have 10,000 windows and menus in all: a feed must not use up those that the dialogs
+// need.
 constexpr std::int16_t kMostAlertItems = 5000;
-bool popupOpen = false;
-bool clickedBeforeSetUp = false;
-bool rebuildWhenClosed = false;
+bool isPopupOpen = false;
+bool wasClickedBeforeSetUp = false;
+bool rebuildAlertsWhenClosed = false;
 bool rebuildStationsWhenClosed = false;
 
-void Open(const std::string& address) {
-    if (!address.empty()) win::OpenInBrowser(TrayWindow(), address);
-}
-
 void RunBuiltCommand(std::uint32_t identifier) {
-    if (AlertItemCount > 0) {
-        if (const auto code = FindInAlertMap(AlertMenuMap, identifier)) {
-            Open(AlertAddress(settings::WeatherHost(), *code));
-            return;  // its number may also read as a station's index
-        }
-    }
-    if (identifier == kAddStation) {
+    std::string address;
+    // First the alerts: an alert's identifier may also be above those of the stations.
+    const auto code = AlertItemCount > 0 ? FindInAlertMap(AlertMenuMap, identifier) : std::nullopt;
+    if (code)
+        address = AlertAddress(settings::WeatherHost(), *code);
+    else if (identifier == kAddStation)
         ShowStationOptions();
-    } else if (identifier > kAddStation) {
-        Open(StationAddress(settings::WeatherHost(),
-                            stations::StationAt(identifier - kFirstStation)));
-    }
+    else if (identifier > kAddStation)
+        address = StationAddress(settings::WeatherHost(),
+                                 stations::StationAt(identifier - kFirstStation));
+    if (!address.empty()) win::OpenInBrowser(TrayWindow(), address);
 }
 
 LRESULT CALLBACK MenuProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -67,7 +62,7 @@ LRESULT CALLBACK MenuProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
     return CallWindowProcA(previous, window, message, wParam, lParam);
 }
 
-// A hidden item is one that is not in the menu at all.
+// Menu items cannot be hidden: the item is inserted or removed.
 void ShowNoAlertsItem(bool show) {
     const bool isShown =
         GetMenuState(TrayMenuHandle, mnuAlertsAvailable, MF_BYCOMMAND) != static_cast<UINT>(-1);
@@ -91,11 +86,11 @@ std::vector<std::uint32_t> AlertIdentifiers() {
     return identifiers;
 }
 
-// Makes an empty menu for the sake of its number and keeps it; 0 when the system has no more. Menus
-// whose number would be mistaken are given back only after a good one was found, so that they do
-// not come again.
-std::uint32_t MakeAlertIdentifier(std::vector<std::uint32_t>& taken,
-                                  std::vector<win::Menu>& unusable) {
+// Creates an empty menu, keeps it and returns its handle as an identifier; 0 if the system has no
+// more menus. Unusable ones are destroyed only by the caller, so that the system does not return
+// them again.
+std::uint32_t CreateAlertIdentifier(std::vector<std::uint32_t>& taken,
+                                    std::vector<win::Menu>& unusable) {
     for (;;) {
         win::Menu menu(CreatePopupMenu());
         if (!menu) return 0;
@@ -114,7 +109,7 @@ std::string ValueOf(const std::map<std::string, std::string>& section, const cha
     return found == section.end() ? std::string() : found->second;
 }
 
-// Whether a station that was added meanwhile has come to share a number with an alert item.
+// Whether an alert item has the identifier of a station that was added after it.
 bool AlertItemsCollide() {
     for (const std::uint32_t identifier : AlertIdentifiers())
         if (!IsUsableAlertIdentifier(identifier, settings::State().stationCount, {})) return true;
@@ -126,13 +121,13 @@ bool AlertItemsCollide() {
 void SetUpTrayMenus() {
     TrayMenuHandle = GetSubMenu(GetMenu(TrayWindow()), 0);
     StationMenuHandle = CreatePopupMenu();
-    constexpr UINT behindNationalAlerts = 4;
-    InsertMenuA(TrayMenuHandle, behindNationalAlerts, MF_BYPOSITION | MF_POPUP,
+    constexpr UINT kAfterNationalAlerts = 4;
+    InsertMenuA(TrayMenuHandle, kAfterNationalAlerts, MF_BYPOSITION | MF_POPUP,
                 reinterpret_cast<UINT_PTR>(StationMenuHandle), "View Weather");
     PreviousTrayWindowProc = reinterpret_cast<WNDPROC>(GetWindowLongA(TrayWindow(), GWL_WNDPROC));
     SetWindowLongA(TrayWindow(), GWL_WNDPROC, reinterpret_cast<LONG>(MenuProcedure));
-    // The icon is there before its menu.
-    if (clickedBeforeSetUp) PostMessageA(TrayWindow(), kTrayCallback, 0, WM_RBUTTONDOWN);
+    // The icon was added before its menu.
+    if (wasClickedBeforeSetUp) PostMessageA(TrayWindow(), kTrayCallback, 0, WM_RBUTTONDOWN);
 }
 
 void RemoveMenuSubclass() {
@@ -141,7 +136,7 @@ void RemoveMenuSubclass() {
 }
 
 void BuildStationMenu() {
-    if (popupOpen) {
+    if (isPopupOpen) {
         rebuildStationsWhenClosed = true;
         return;
     }
@@ -163,13 +158,13 @@ void LoadUnreadStations() {
 }
 
 void BuildAlertsMenu() {
-    if (popupOpen) {
-        rebuildWhenClosed = true;
+    if (isPopupOpen) {
+        rebuildAlertsWhenClosed = true;
         return;
     }
     const auto stored = settings::ReadSection(settings::kAlerts);
-    if (!stored) return;                      // unreadable alerts do not make the old ones go away
-    if (popupOpen) return BuildAlertsMenu();  // reading let messages run
+    if (!stored) return;
+    if (isPopupOpen) return BuildAlertsMenu();  // opened by a message during the read: postpone
     const auto& section = *stored;
     RemoveAlertItems();
     const auto storedCount = section.find(win::AsciiLower(settings::kAlertCount.key));
@@ -185,8 +180,8 @@ void BuildAlertsMenu() {
         const std::string caption =
             AlertCaption(ValueOf(section, settings::kAlertTitle, k),
                          stations::DisplayTextOfCode(settings::State().stations, code));
-        if (!TakeCaption(seenCaptions, caption, win::BrokenBar())) continue;
-        const std::uint32_t identifier = MakeAlertIdentifier(taken, unusable);
+        if (!AddCaption(seenCaptions, caption, win::BrokenBar())) continue;
+        const std::uint32_t identifier = CreateAlertIdentifier(taken, unusable);
         if (identifier == 0) break;
         if (!InsertMenuA(TrayMenuHandle, static_cast<UINT>(AlertItemCount + 1), MF_BYPOSITION,
                          identifier, MenuText(caption).c_str()))
@@ -199,26 +194,26 @@ void BuildAlertsMenu() {
 
 void BuildPostponedMenus() {
     if (std::exchange(rebuildStationsWhenClosed, false)) BuildStationMenu();
-    if (std::exchange(rebuildWhenClosed, false)) BuildAlertsMenu();
+    if (std::exchange(rebuildAlertsWhenClosed, false)) BuildAlertsMenu();
 }
 
 bool IsTrayMenuOpen() {
-    return popupOpen;
+    return isPopupOpen;
 }
 
 void ShowTrayMenu() {
-    clickedBeforeSetUp = !TrayMenuHandle;
-    if (popupOpen || clickedBeforeSetUp) return;
-    constexpr UINT noDefaultItem = static_cast<UINT>(-1);
-    SetMenuDefaultItem(TrayMenuHandle, AlertItemCount > 0 ? noDefaultItem : mnuAlertsAvailable,
+    wasClickedBeforeSetUp = !TrayMenuHandle;
+    if (isPopupOpen || wasClickedBeforeSetUp) return;
+    constexpr UINT kNoDefaultItem = static_cast<UINT>(-1);
+    SetMenuDefaultItem(TrayMenuHandle, AlertItemCount > 0 ? kNoDefaultItem : mnuAlertsAvailable,
                        FALSE);
     POINT cursor;
     GetCursorPos(&cursor);
-    popupOpen = true;
+    isPopupOpen = true;
     TrackPopupMenu(TrayMenuHandle, TPM_RIGHTBUTTON, cursor.x, cursor.y, 0, TrayWindow(), nullptr);
-    popupOpen = false;
-    PostMessageA(TrayWindow(), WM_NULL, 0, 0);  // without it the next popup may vanish at once
-    // Posted after the chosen command, which must still find its item.
+    isPopupOpen = false;
+    PostMessageA(TrayWindow(), WM_NULL, 0, 0);  // or the next popup may close at once
+    // Posted, so that the chosen command, which is in the queue, still finds its item.
     PostMessageA(TrayWindow(), kTrayMenuClosed, 0, 0);
 }
 

@@ -1,4 +1,4 @@
-#include "tray/TrayMenuRules.h"
+#include "tray/AlertMenu.h"
 
 #include <algorithm>
 
@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::uint32_t kLowWord = 0xFFFF;
 
-// Reads the number at the start of the text and takes it off.
+// Removes the number at the start of the text and returns it.
 std::uint32_t TakeNumber(std::string_view& text) {
     std::uint32_t number = 0;
     while (!text.empty() && text.front() >= '0' && text.front() <= '9') {
@@ -24,14 +24,14 @@ std::uint32_t TakeNumber(std::string_view& text) {
 }  // namespace
 
 std::string AlertCaption(std::string_view title, std::string_view stationName) {
-    constexpr std::size_t longest = 40;
+    constexpr std::size_t kLongest = 40;
     std::string caption(title);
     caption.append(" (").append(stationName).append(")");
-    if (win::CountChars(caption) <= longest) return caption;
-    return std::string(win::FirstChars(caption, longest)) + "...)";
+    if (win::CountChars(caption) <= kLongest) return caption;
+    return std::string(win::FirstChars(caption, kLongest)) + "...)";
 }
 
-bool TakeCaption(std::string& seenCaptions, std::string_view caption, std::string_view bar) {
+bool AddCaption(std::string& seenCaptions, std::string_view caption, std::string_view bar) {
     if (seenCaptions.find(caption) != std::string::npos) return false;
     seenCaptions.append(bar).append(caption);
     return true;

@@ -1,4 +1,4 @@
-#include "app/StartupRules.h"
+#include "app/StartupValues.h"
 
 #include <cmath>
 

@@ -1,13 +1,13 @@
-#include "tray/TrayMenuRules.h"
+#include "tray/AlertMenu.h"
 
 #include <gtest/gtest.h>
 
 namespace tray {
 namespace {
 
-constexpr std::string_view bar = "\xC2\xA6";
+constexpr std::string_view kBar = "\xC2\xA6";
 
-TEST(TrayMenuRules, CutsCaptionsAtFortyCharacters) {
+TEST(AlertMenu, CutsCaptionsAtFortyCharacters) {
     EXPECT_EQ(AlertCaption("Flood Watch", "Here"), "Flood Watch (Here)");
     EXPECT_EQ(AlertCaption("", ""), " ()");
     const std::string fits = std::string(34, 'x');
@@ -18,19 +18,19 @@ TEST(TrayMenuRules, CutsCaptionsAtFortyCharacters) {
     EXPECT_EQ(AlertCaption(wide, "y"), wide + "...)");
 }
 
-TEST(TrayMenuRules, ShowsACaptionOnce) {
+TEST(AlertMenu, SkipsCaptionsThatOccurInEarlierOnes) {
     std::string seen;
-    EXPECT_TRUE(TakeCaption(seen, "Flood Watch (A)", bar));
-    EXPECT_FALSE(TakeCaption(seen, "Flood Watch (A)", bar));
-    EXPECT_FALSE(TakeCaption(seen, "Watch (A)", bar));  // anywhere in the list counts
-    EXPECT_TRUE(TakeCaption(seen, "Flood Watch (B)", bar));
+    EXPECT_TRUE(AddCaption(seen, "Flood Watch (A)", kBar));
+    EXPECT_FALSE(AddCaption(seen, "Flood Watch (A)", kBar));
+    EXPECT_FALSE(AddCaption(seen, "Watch (A)", kBar));  // a part of the first one
+    EXPECT_TRUE(AddCaption(seen, "Flood Watch (B)", kBar));
 }
 
-TEST(TrayMenuRules, ShowsCaptionsAsTheyStand) {
+TEST(AlertMenu, EscapesAmpersandsAndControlCharacters) {
     EXPECT_EQ(MenuText("Wind & Hail\tx\r\n"), "Wind && Hail x  ");
 }
 
-TEST(TrayMenuRules, FindsAChosenAlertByWholeNumberOrLowWord) {
+TEST(AlertMenu, FindsAlertsByWholeNumberOrLowWord) {
     std::string map;
     AddToAlertMap(map, 0x00010F23, "66044");
     AddToAlertMap(map, 0x0002AF23, "odd)code,7(x");
@@ -46,16 +46,16 @@ TEST(TrayMenuRules, FindsAChosenAlertByWholeNumberOrLowWord) {
     EXPECT_EQ(FindInAlertMap("", 0), std::nullopt);
 }
 
-TEST(TrayMenuRules, TakesNoNumberThatIsAnotherItems) {
+TEST(AlertMenu, AvoidsTheIdentifiersOfOtherItems) {
     for (const std::uint32_t number : {101u, 8000u, 8003u, 9999u, 0x00010065u, 0x00021F42u})
         EXPECT_FALSE(IsUsableAlertIdentifier(number, 3, {})) << number;
     for (const std::uint32_t number : {0x00012711u, 0x00010200u, 0x00011F44u})
         EXPECT_TRUE(IsUsableAlertIdentifier(number, 3, {})) << number;
     EXPECT_FALSE(IsUsableAlertIdentifier(0x00012711, 3, {0x00052711}));
-    EXPECT_FALSE(IsUsableAlertIdentifier(0x00012711, 10000, {}));  // a station's number
+    EXPECT_FALSE(IsUsableAlertIdentifier(0x00012711, 10000, {}));  // a station
 }
 
-TEST(TrayMenuRules, AddressesNoPlaceWithoutACode) {
+TEST(AlertMenu, AddressesNoPlaceWithoutACode) {
     EXPECT_EQ(StationAddress("http://w", "no fields***1***"), "");
     for (const char* noCode : {"", "Here", "a***b", "a******c"})
         EXPECT_TRUE(NationalMapAddress("http://w", noCode).ends_with("country_name=USA")) << noCode;
