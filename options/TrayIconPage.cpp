@@ -85,7 +85,7 @@ void FillActions(HWND page, int control, const Setting& setting, const std::stri
     for (const std::string& action : {std::string(kNoAction), std::string(kViewNationalAction),
                                       std::string(kOpenOptionsAction), VisitMakerAction()})
         win::AddItem(combo, action);
-    win::SelectItem(combo, win::FindItem(combo, ValueOr(ReadSetting(setting), inEffect)));
+    win::SelectItem(combo, win::FindItem(combo, ReadSetting(setting, inEffect)));
 }
 
 void ApplyAction(HWND page, int control, const Setting& setting, std::string& inEffect) {

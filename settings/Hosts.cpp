@@ -6,7 +6,7 @@ namespace settings {
 namespace {
 
 std::string Host(const char* key, const char* whenEmpty) {
-    return ValueOr(ReadSetting(kHosts, key), whenEmpty);
+    return ReadSetting(Setting{kHosts, key}, whenEmpty);
 }
 
 }  // namespace
