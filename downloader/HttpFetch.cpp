@@ -9,7 +9,7 @@
 #include "downloader/Proxy.h"
 #include "downloader/StatusCodes.h"
 #include "downloader/UrlRules.h"
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "settings/Version.h"
 #include "win/CodePage.h"
 #include "win/Text.h"

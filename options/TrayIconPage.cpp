@@ -1,7 +1,7 @@
 #include "assets/icons/icons.h"
 #include "options/Pages.h"
 #include "options/resource.h"
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "tray/modTrayIcon.h"

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "alerts/RetrievalCycle.h"
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "stations/StationList.h"
