@@ -16,8 +16,7 @@ void ChooseDataFolder(bool inProgramFolder) {
     }
     const std::string users = state.programFolder + "\\Users";
     if (!win::FolderExists(users)) win::MakeFolder(users);
-    state.dataFolder =
-        users + "\\" + (IniUserName.empty() ? win::Environment("Username") : IniUserName);
+    state.dataFolder = users + "\\" + ValueOr(IniUserName, win::Environment("Username"));
 }
 
 void MakeDataFolder() {

@@ -15,14 +15,6 @@ std::string_view Trim(std::string_view text) {
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-// Takes the next line, without its line feed, off the front of the text.
-std::string_view TakeLine(std::string_view& text) {
-    const std::size_t end = text.find('\n');
-    const std::string_view line = text.substr(0, end);
-    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    return line;
-}
-
 bool IsSectionLine(std::string_view line) {
     line = Trim(line);
     return !line.empty() && line.front() == '[';
@@ -55,10 +47,10 @@ std::string KeyLine(std::string_view key, std::string_view value) {
 
 KeyValues ReadIniSection(std::string_view fileText, std::string_view section) {
     KeyValues values;
-    while (!fileText.empty() && !IsSection(TakeLine(fileText), section)) {
+    while (!fileText.empty() && !IsSection(win::TakeLine(fileText), section)) {
     }
     while (!fileText.empty()) {
-        const std::string_view line = TakeLine(fileText);
+        const std::string_view line = win::TakeLine(fileText);
         if (IsSectionLine(line)) break;
         const std::string_view key = KeyOf(line);
         if (key.empty()) continue;
@@ -79,14 +71,14 @@ std::string MergeIniSection(std::string_view fileText, std::string_view section,
     result.reserve(fileText.size() + values.size() * 64);
     bool found = false;
     while (!fileText.empty() && !found) {
-        const std::string_view line = TakeLine(fileText);
+        const std::string_view line = win::TakeLine(fileText);
         result.append(line).append("\n");
         found = IsSection(line, section);
     }
     std::string_view blankLines;
     while (found && !fileText.empty()) {
         const std::string_view rest = fileText;
-        const std::string_view line = TakeLine(fileText);
+        const std::string_view line = win::TakeLine(fileText);
         if (IsSectionLine(line)) {
             fileText = rest;
             break;

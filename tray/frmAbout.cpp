@@ -6,7 +6,7 @@
 #include <string>
 
 #include "assets/icons/icons.h"
-#include "settings/Addresses.h"
+#include "settings/Hosts.h"
 #include "tray/resource.h"
 #include "win/Dialog.h"
 #include "win/Messages.h"
@@ -31,7 +31,7 @@ void ShowLink(int control, const std::string& text) {
 }
 
 void OpenWeatherHome() {
-    win::OpenInBrowser(openBox, settings::WeatherHomePage());
+    win::OpenInBrowser(openBox, settings::WeatherHost() + "?zcode=" + settings::kWeatherZone);
 }
 
 void FollowLink(UINT_PTR control) {

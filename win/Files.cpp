@@ -27,17 +27,10 @@ bool TryPatiently(Attempt attempt, int triesLeft = 5) {
     }
 }
 
-bool WriteAll(const FileHandle& file, std::string_view text) {
-    DWORD written = 0;
-    return file &&
-           WriteFile(file.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
-           written == text.size();
-}
-
 bool WriteNewFile(const std::string& path, std::string_view text) {
     const FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
-    return WriteAll(file, text) && FlushFileBuffers(file.Get());
+    return WriteAll(file.Get(), text) && FlushFileBuffers(file.Get());
 }
 
 // Opens the file however others use it.
@@ -108,6 +101,12 @@ std::optional<std::string> ReadWholeFile(const std::string& path, std::uint64_t 
     return text;
 }
 
+bool WriteAll(void* file, std::string_view text) {
+    DWORD written = 0;
+    return WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
+           written == text.size();
+}
+
 bool ReplaceFileWhole(const std::string& path, std::string_view text) {
     if (const DWORD attributes = Attributes(path);
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY))
@@ -127,7 +126,7 @@ bool ReplaceFileWhole(const std::string& path, std::string_view text) {
 bool OverwriteFile(const std::string& path, std::string_view text) {
     // Cut to its length at the end: emptying it first costs more than writing it.
     const FileHandle file = OpenShared(path, GENERIC_WRITE, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL);
-    return WriteAll(file, text) && SetEndOfFile(file.Get());
+    return WriteAll(file.Get(), text) && SetEndOfFile(file.Get());
 }
 
 void DeleteFileQuietly(const std::string& path) {

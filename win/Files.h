@@ -28,6 +28,9 @@ inline constexpr std::uint64_t kLongestFile = std::uint64_t{64} * 1024 * 1024;
 std::optional<std::string> ReadWholeFile(const std::string& path,
                                          std::uint64_t limit = kLongestFile);
 
+// Writes the whole text to an open file, given as its Windows handle. False when it cannot be done.
+bool WriteAll(void* file, std::string_view text);
+
 // Writes the text to a file beside `path` and puts it in place whole: a reader, or a crash, sees
 // the old file or the new one. False, with the old file untouched, when it cannot be done.
 bool ReplaceFileWhole(const std::string& path, std::string_view text);

@@ -112,9 +112,8 @@ bool IsNumeric(std::string_view text) {
     text = TrimBlanks(text);
     if (!text.empty() && (text.front() == '+' || text.front() == '-')) text.remove_prefix(1);
     if (std::count(text.begin(), text.end(), '.') > 1) return false;
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    return std::any_of(text.begin(), text.end(), isDigit) &&
-           std::all_of(text.begin(), text.end(), [&](char c) { return isDigit(c) || c == '.'; });
+    return std::any_of(text.begin(), text.end(), IsDigit) &&
+           std::all_of(text.begin(), text.end(), [](char c) { return IsDigit(c) || c == '.'; });
 }
 
 double LeadingNumber(std::string_view text) {
@@ -128,7 +127,7 @@ double LeadingNumber(std::string_view text) {
     for (const char c : text) {
         if (c == '.' && scale == 0) {
             scale = 0.1;
-        } else if (c >= '0' && c <= '9') {
+        } else if (IsDigit(c)) {
             value = scale == 0 ? value * 10 + (c - '0') : value + (c - '0') * scale;
             scale *= 0.1;
         } else {
@@ -147,6 +146,19 @@ std::int16_t LeadingInt16(std::string_view text) {
 std::int16_t AddInt16(std::int16_t number, std::int16_t more) {
     const int sum = number + more;
     return sum > INT16_MAX || sum < INT16_MIN ? number : static_cast<std::int16_t>(sum);
+}
+
+std::string_view TakeLine(std::string_view& text) {
+    const std::size_t end = text.find('\n');
+    const std::string_view line = text.substr(0, end);
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    return line;
+}
+
+std::string ReplaceControls(std::string text) {
+    for (char& c : text)
+        if (static_cast<unsigned char>(c) < ' ') c = ' ';
+    return text;
 }
 
 std::string Decimal(long long number) {

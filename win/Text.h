@@ -51,6 +51,13 @@ std::int16_t LeadingInt16(std::string_view text);
 // The sum of two 16-bit numbers; the first one when the sum does not fit.
 std::int16_t AddInt16(std::int16_t number, std::int16_t more);
 
+// Removes the first line, with its line feed, from the front of the text and returns it without the
+// line feed.
+std::string_view TakeLine(std::string_view& text);
+
+// Returns the text with every control character replaced by a space.
+std::string ReplaceControls(std::string text);
+
 // A whole number in decimal.
 std::string Decimal(long long number);
 
@@ -60,5 +67,13 @@ bool EqualIgnoringCase(std::string_view left, std::string_view right);
 // ASCII letters in lower (upper) case, everything else as it is.
 std::string AsciiLower(std::string_view text);
 std::string AsciiUpper(std::string_view text);
+
+// Whether the character is an ASCII digit or letter.
+constexpr bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+constexpr bool IsLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
 
 }  // namespace win
