@@ -28,8 +28,7 @@ using namespace settings;
 
 void UseIniFile(bool defaultUser) {
     UseIni = kUseIniStore;
-    IniUserName = defaultUser ? std::string() : win::Environment("Username");
-    if (IniUserName.empty()) IniUserName = "Default";
+    IniUserName = defaultUser ? "Default" : ValueOr(win::Environment("Username"), "Default");
 }
 
 void ChooseStore(std::string_view arguments) {
@@ -44,22 +43,22 @@ void ChooseStore(std::string_view arguments) {
             UseIniFile(false);
     }
     // The read handles messages while another program locks the INI file.
-    const char* const useIni = UseIni == kUseIniStore ? kTrue : kFalse;
+    const char* const useIni = BooleanText(UseIni == kUseIniStore);
     if (ReadSetting(kUseIniRecord) != useIni) WriteSetting(kUseIniRecord, useIni);
     ExportStoreChoice();
 }
 
 void SettleFolders() {
-    ChooseDataFolder(ReadFlag(kStoreFilesInProgramFolder));
+    ChooseDataFolder(IsTrue(ReadSetting(kStoreFilesInProgramFolder)));
     MakeDataFolder();
     RefreshDataFolder();
 }
 
 void ReadTraySettings() {
     ProgramState& state = State();
-    state.singleClickAction = ReadSetting(kSingleClickAction, kStartupSingleClickAction);
-    state.doubleClickAction = ReadSetting(kDoubleClickAction, kStartupDoubleClickAction);
-    state.autoUpdateInterval = ReadSetting(kAutoUpdateInterval, kStartupInterval);
+    state.singleClickAction = ValueOr(ReadSetting(kSingleClickAction), kStartupSingleClickAction);
+    state.doubleClickAction = ValueOr(ReadSetting(kDoubleClickAction), kStartupDoubleClickAction);
+    state.autoUpdateInterval = ValueOr(ReadSetting(kAutoUpdateInterval), kStartupInterval);
     if (state.autoUpdateInterval != kNever) tray::StartMinuteClock();
     state.oldAlerts = ReadSetting(kOldAlerts);
     WriteSetting(kVersion, SKYVANE_VERSION);
@@ -75,8 +74,8 @@ void LoadChosenImage(const Setting& setting, win::Icon& image) {
 }
 
 void RetrieveAtStart() {
-    if (!ReadFlag(kRetrieveAlertsOnStartup)) return;
-    if (ReadFlag(kPause30SecondsOnStartup))
+    if (!IsTrue(ReadSetting(kRetrieveAlertsOnStartup))) return;
+    if (IsTrue(ReadSetting(kPause30SecondsOnStartup)))
         tray::StartTimer(tray::Timer::TimerRetrieverDelay);
     else {
         tray::RetrieveAlerts(false);

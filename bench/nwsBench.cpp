@@ -1,34 +1,34 @@
-// Turns the answer of the Weather Service that its argument names into an alert document, and
-// parses its JSON alone. Prints a line per run: milliseconds for the document, milliseconds for the
-// parsing; then a line: bytes of the answer, and the most that was allocated beside it at any time.
+// Builds an alert document from the Weather Service's answer in the first argument, and parses its
+// JSON alone. Prints a line per run: milliseconds for the document, milliseconds for the parser;
+// then the size of the answer and the peak of additional memory, in bytes; then the milliseconds of
+// the slowest look-up in the gazetteer, the second argument.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <nlohmann/json.hpp>
 
 #include "bench/Stopwatch.h"
-#include "downloader/AnswerCache.h"
-#include "downloader/MappedFile.h"
-#include "downloader/NwsAlertsRules.h"
-#include "downloader/NwsPlacesRules.h"
+#include "downloader/feed/GazetteerFile.h"
+#include "downloader/feed/Json.h"
+#include "downloader/http/ResponseCache.h"
+#include "downloader/nws/Alerts.h"
 #include "win/Files.h"
 
 namespace {
 
-constexpr std::size_t kHeader = 16;  // before each piece of memory: its size
+constexpr std::size_t kHeader = 16;  // bytes before each allocation, which hold its size
 std::size_t allocated = 0;
-std::size_t most = 0;
+std::size_t peak = 0;
 
-// Each look-up opens the file anew, as each run of the program does.
+// Every look-up opens the file again, as every run of the program does.
 double SlowestLookUp(const char* file) {
     double slowest = 0;
     for (const char* name : {"Springfield", "s", "Zwolle, LA", "Nowhere", "66044", "99950"}) {
         const double began = bench::Milliseconds();
-        const downloader::MappedFile mapped(file);
-        const auto gazetteer = downloader::OpenGazetteer(mapped.Bytes());
+        const feed::GazetteerFile mapped(file);
+        const auto gazetteer = mapped.Open();
         if (!gazetteer) std::exit(1);
-        downloader::FindZipCode(*gazetteer, name);
-        downloader::FindPlaces(*gazetteer, name, 50);
+        feed::FindZipCode(*gazetteer, name);
+        feed::FindPlaces(*gazetteer, name, 50);
         slowest = std::max(slowest, bench::Milliseconds() - began);
     }
     return slowest;
@@ -41,7 +41,7 @@ void* operator new(std::size_t size) {
     if (!memory) std::abort();
     *reinterpret_cast<std::size_t*>(memory) = size;
     allocated += size;
-    if (allocated > most) most = allocated;
+    peak = std::max(peak, allocated);
     return memory + kHeader;
 }
 void operator delete(void* memory) noexcept {
@@ -58,22 +58,22 @@ int main(int count, char** arguments) {
     if (count != 3) return 1;
     const auto answer = win::ReadWholeFile(arguments[1]);
     if (!answer) return 1;
-    const std::int64_t now = downloader::SecondsNow();
-    constexpr int rounds = 15;
-    std::size_t peak = 0;
-    for (int round = -1; round < rounds; ++round) {
-        const std::size_t before = allocated;
-        most = allocated;
+    const std::int64_t now = http::SecondsNow();
+    constexpr int kRounds = 15;
+    std::size_t before = 0;
+    for (int round = -1; round < kRounds; ++round) {
+        std::string forDocument = *answer, forParser = *answer;
+        before = peak = allocated;
         const double began = bench::Milliseconds();
-        const bool isMade = downloader::AlertsXml(*answer, now).has_value();
-        const double made = bench::Milliseconds();
-        peak = most - before;
-        const bool isJson = nlohmann::json::accept(*answer);
+        const bool isBuilt = nws::BuildAlertDocument(std::move(forDocument), now).has_value();
+        const double built = bench::Milliseconds();
+        const bool isJson = feed::ReadJson(std::move(forParser), [](const feed::JsonItem&) {});
         const double parsed = bench::Milliseconds();
-        if (!isMade || !isJson) return 1;
-        if (round >= 0) std::printf("%.3f %.3f\n", made - began, parsed - made);
+        if (!isBuilt || !isJson) return 1;
+        if (round >= 0) std::printf("%.3f %.3f\n", built - began, parsed - built);
     }
-    std::printf("%u %u\n", static_cast<unsigned>(answer->size()), static_cast<unsigned>(peak));
+    std::printf("%u %u\n", static_cast<unsigned>(answer->size()),
+                static_cast<unsigned>(peak - before));
     std::printf("%.3f\n", SlowestLookUp(arguments[2]));
     return 0;
 }

@@ -12,8 +12,7 @@ target_link_libraries(SVAlerts PRIVATE program)
 add_library(fetch STATIC ${fetchSources})
 target_link_libraries(fetch PUBLIC portable program winhttp ntdll)
 
-add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc downloader/LeanLibrary.cpp
-  win/Terminate.cpp)
+add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc win/Terminate.cpp)
 target_link_libraries(dl PRIVATE fetch)
 
 # Nobody else knows what the resource scripts take in.

@@ -5,21 +5,19 @@ set(portableSources
   alerts/SeenAlerts.cpp
   alerts/WordFilter.cpp
   app/StartupValues.cpp
-  downloader/ArgumentRules.cpp
-  downloader/BodyRules.cpp
-  downloader/CacheRules.cpp
-  downloader/HashRules.cpp
-  downloader/NwsAlertsRules.cpp
-  downloader/NwsJsonRules.cpp
-  downloader/NwsMessageRules.cpp
-  downloader/NwsPlacesRules.cpp
-  downloader/NwsRequestRules.cpp
-  downloader/NwsStationsRules.cpp
-  downloader/NwsTimeRules.cpp
-  downloader/NwsVtecRules.cpp
-  downloader/NwsXmlRules.cpp
-  downloader/ProxyRules.cpp
-  downloader/UrlRules.cpp
+  downloader/Arguments.cpp
+  downloader/feed/FeedXml.cpp
+  downloader/feed/Gazetteer.cpp
+  downloader/feed/IsoTime.cpp
+  downloader/feed/Json.cpp
+  downloader/feed/Request.cpp
+  downloader/http/Response.cpp
+  downloader/http/Url.cpp
+  downloader/nws/Addresses.cpp
+  downloader/nws/Alerts.cpp
+  downloader/nws/Messages.cpp
+  downloader/nws/Stations.cpp
+  downloader/nws/Vtec.cpp
   options/OptionsRules.cpp
   search/LocationTable.cpp
   search/MapPage.cpp
@@ -43,7 +41,7 @@ endforeach()
 file(GLOB_RECURSE fetchSources RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS downloader/*.cpp)
 file(GLOB appSources RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS app/*.cpp)
 list(REMOVE_ITEM programSources ${portableSources} win/Terminate.cpp)
-list(REMOVE_ITEM fetchSources ${portableSources} downloader/main.cpp downloader/LeanLibrary.cpp)
+list(REMOVE_ITEM fetchSources ${portableSources} downloader/main.cpp)
 list(REMOVE_ITEM appSources ${portableSources})
 
 file(GLOB_RECURSE testSources RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS tests/*Test.cpp)

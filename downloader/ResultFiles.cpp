@@ -1,11 +1,11 @@
 #include "downloader/ResultFiles.h"
 
 #include <windows.h>
+#include <winternl.h>
 
 #include <atomic>
 
-#include "downloader/Caller.h"
-#include "downloader/StatusCodes.h"
+#include "downloader/http/StatusCodes.h"
 #include "win/Files.h"
 #include "win/Handle.h"
 #include "win/NeverDestroyed.h"
@@ -14,49 +14,63 @@
 namespace downloader {
 namespace {
 
-constexpr DWORD kGraceMilliseconds = 10'000;  // for writing down a result that came just in time
+constexpr DWORD kGraceMilliseconds = 10'000;  // to write a result that arrived just in time
 constexpr DWORD kRetryMilliseconds = 250;
-constexpr int kTriesWithoutCaller = 20;
+constexpr int kTriesWithoutParent = 20;
 constexpr int kTriesToDelete = 8;
 
 std::string& dataFile = win::NeverDestroyed<std::string>();
 std::string& statusPath = win::NeverDestroyed<std::string>();
-// Held, so that nobody can lock us out before the end.
+// Kept open so that no other process can lock it before the end.
 win::FileHandle& statusFile = win::NeverDestroyed<win::FileHandle>();
-win::KernelHandle& caller = win::NeverDestroyed<win::KernelHandle>();
+win::KernelHandle& parent = win::NeverDestroyed<win::KernelHandle>();
 std::atomic_flag isEnding;
 std::atomic_flag isReporting;
 
-win::FileHandle MakeEmptyFile(const std::string& path) {
+win::FileHandle CreateEmptyFile(const std::string& path) {
     return win::FileHandle(CreateFileA(path.c_str(), GENERIC_WRITE,
                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                        nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-bool Write(const win::FileHandle& file, std::string_view text) {
-    DWORD written = 0;
-    return file &&
-           WriteFile(file.Get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr) &&
-           written == text.size();
+// Whether the process was started before this one. A later one merely reuses the identifier of a
+// process that has ended.
+bool IsOlder(HANDLE process) {
+    FILETIME started, ownStart, unused;
+    return GetProcessTimes(process, &started, &unused, &unused, &unused) &&
+           GetProcessTimes(GetCurrentProcess(), &ownStart, &unused, &unused, &unused) &&
+           CompareFileTime(&started, &ownStart) <= 0;
 }
 
-// Repeats the attempt until it succeeds, a few times a second, for as long as the caller lives; for
-// some seconds when the caller is not known. Whether it succeeded.
+// Opens the parent process so that its end can be waited for; empty when it has already ended or
+// cannot be opened. Called at the start, before its identifier can be reused.
+win::KernelHandle OpenParent() {
+    PROCESS_BASIC_INFORMATION self{};
+    if (NtQueryInformationProcess(GetCurrentProcess(), ProcessBasicInformation, &self, sizeof self,
+                                  nullptr) < 0)
+        return {};
+    win::KernelHandle process(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE,
+                                          static_cast<DWORD>(self.InheritedFromUniqueProcessId)));
+    return process && IsOlder(process.Get()) ? std::move(process) : win::KernelHandle();
+}
+
+// Repeats the attempt a few times a second until it succeeds, for as long as the parent process
+// lives, or for some seconds when the parent is unknown. Returns whether it succeeded.
 template <class Attempt>
-bool TryForCaller(Attempt attempt) {
+bool RetryForParent(Attempt attempt) {
     for (int tries = 1; !attempt(); ++tries) {
-        if (caller) {
-            if (WaitForSingleObject(caller.Get(), kRetryMilliseconds) != WAIT_TIMEOUT) return false;
+        if (parent) {
+            if (WaitForSingleObject(parent.Get(), kRetryMilliseconds) != WAIT_TIMEOUT) return false;
         } else {
-            if (tries == kTriesWithoutCaller) return false;
+            if (tries == kTriesWithoutParent) return false;
             Sleep(kRetryMilliseconds);
         }
     }
     return true;
 }
 
-// A scanner may hold the file for a moment. It must not stay: the version check looks at nothing
-// else.
+// Retries because a virus scanner may hold the file for a moment. The file must not remain: the
+// version check looks at nothing else.
 void DeleteDataFile() {
     for (int tries = 0; tries < kTriesToDelete; ++tries) {
         win::DeleteFileQuietly(dataFile);
@@ -70,16 +84,19 @@ void DeleteDataFile() {
 }
 
 [[noreturn]] void WriteStatusAndDie(int status) {
-    // One thread alone: the other would delete the data of a success, or report over a failure.
+    // Only one thread may report: a second one would delete the data of a success or overwrite the
+    // status of a failure.
     if (isReporting.test_and_set()) SleepUntilTheEnd();
-    if (status != kSuccess) DeleteDataFile();
-    if (!Write(statusFile, win::Decimal(status))) {
-        // The disk is full, say: without the body there is room for the status.
+    if (status != http::kSuccess) DeleteDataFile();
+    if (!win::WriteAll(statusFile.Get(), win::Decimal(status))) {
+        // The disk may be full: deleting the body makes room for the status.
         DeleteDataFile();
-        if (status == kSuccess) status = kCannotWriteStatusFile;
-        TryForCaller([status] { return Write(MakeEmptyFile(statusPath), win::Decimal(status)); });
+        if (status == http::kSuccess) status = http::kCannotWriteStatusFile;
+        RetryForParent([status] {
+            return win::WriteAll(CreateEmptyFile(statusPath).Get(), win::Decimal(status));
+        });
     }
-    // At once: an orderly exit could still wait for a hanging network thread.
+    // An orderly exit could wait for a hanging network thread.
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(status));
     SleepUntilTheEnd();
 }
@@ -87,29 +104,30 @@ void DeleteDataFile() {
 DWORD WINAPI Watch(void* milliseconds) {
     Sleep(static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(milliseconds)));
     if (isEnding.test_and_set()) Sleep(kGraceMilliseconds);
-    WriteStatusAndDie(kOverallTimeout);
+    WriteStatusAndDie(http::kOverallTimeout);
 }
 
 }  // namespace
 
 int OpenResultFiles(const Job& job) {
-    caller = OpenCaller();
+    parent = OpenParent();
     dataFile = job.dataFile;
     statusPath = job.statusFile;
-    // A scanner may hold the new file for a moment.
-    TryForCaller([] {
-        statusFile = MakeEmptyFile(statusPath);
+    // A virus scanner may hold the new file for a moment.
+    RetryForParent([] {
+        statusFile = CreateEmptyFile(statusPath);
         return static_cast<bool>(statusFile);
     });
-    const bool isDataEmpty = static_cast<bool>(MakeEmptyFile(dataFile));
-    if (!statusFile) return kCannotWriteStatusFile;
-    return isDataEmpty ? kSuccess : kCannotWriteDataFile;
+    const bool isDataEmpty = static_cast<bool>(CreateEmptyFile(dataFile));
+    if (!statusFile) return http::kCannotWriteStatusFile;
+    return isDataEmpty ? http::kSuccess : http::kCannotWriteDataFile;
 }
 
 void EndWith(int status, std::string_view body) {
     if (isEnding.test_and_set()) SleepUntilTheEnd();
-    // Closed within the statement: the caller may open the file once it sees the status.
-    if (status == kSuccess && !Write(MakeEmptyFile(dataFile), body)) status = kCannotWriteDataFile;
+    // The handle is closed in this statement: the caller may open the file once it sees the status.
+    if (status == http::kSuccess && !win::WriteAll(CreateEmptyFile(dataFile).Get(), body))
+        status = http::kCannotWriteDataFile;
     WriteStatusAndDie(status);
 }
 
@@ -119,7 +137,7 @@ void StartWatchdog(int seconds) {
     const win::KernelHandle thread(CreateThread(nullptr, kStack, Watch,
                                                 reinterpret_cast<void*>(milliseconds),
                                                 STACK_SIZE_PARAM_IS_A_RESERVATION, nullptr));
-    if (!thread) EndWith(StatusOfSystemError(GetLastError()));
+    if (!thread) EndWith(http::StatusOfSystemError(GetLastError()));
 }
 
 }  // namespace downloader

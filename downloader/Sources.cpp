@@ -1,37 +1,36 @@
 #include "downloader/Sources.h"
 
-#include "downloader/HttpFetch.h"
-#include "downloader/Nws.h"
-#include "downloader/StatusCodes.h"
-#include "downloader/UrlRules.h"
+#include "downloader/http/Fetch.h"
+#include "downloader/http/StatusCodes.h"
+#include "downloader/http/Url.h"
+#include "downloader/nws/Source.h"
 
 namespace downloader {
 namespace {
 
 struct Source {
     const char* scheme;
-    Reply (*fetch)(const std::string& url);
+    http::Response (*fetch)(const std::string& url);
 };
 
-Reply FetchPage(const std::string& url) {
-    return HttpGet(url, "*/*");
+http::Response FetchPage(const std::string& url) {
+    return http::Fetch(url, "*/*");
 }
 
-// A further kind of address is one more line here.
 constexpr Source kSources[] = {
     {"http", FetchPage},
     {"https", FetchPage},
-    {"nws", FetchFromNws},
-    {"nws+http", FetchFromNws},
+    {"nws", nws::Fetch},
+    {"nws+http", nws::Fetch},
 };
 
 }  // namespace
 
-Reply FetchFrom(const std::string& url) {
-    const std::string scheme = SchemeOf(url);
+http::Response FetchFromSource(const std::string& url) {
+    const std::string scheme = http::SchemeOf(url);
     for (const Source& source : kSources)
         if (scheme == source.scheme) return source.fetch(url);
-    return {kUnknownScheme, {}, {}};
+    return {http::kUnknownScheme, {}, {}};
 }
 
 }  // namespace downloader

@@ -2,43 +2,44 @@
 
 #include <exception>
 
-#include "downloader/ArgumentRules.h"
+#include "downloader/Arguments.h"
 #include "downloader/ResultFiles.h"
 #include "downloader/Sources.h"
-#include "downloader/StatusCodes.h"
+#include "downloader/http/StatusCodes.h"
 #include "settings/IniOpenSave.h"
+#include "win/CodePage.h"
 #include "win/CommandLine.h"
 #include "win/Hardening.h"
-#include "win/CodePage.h"
 
-// dl.exe URL|data file|status file: fetches the URL, with no window and no question asked.
+// dl.exe URL|data file|status file: fetches the URL without a window or any user interaction.
 namespace downloader {
 namespace {
 
 LONG WINAPI EndAfterCrash(EXCEPTION_POINTERS*) {
-    EndWith(kInternalError);
+    EndWith(http::kInternalError);
 }
 
-// Nobody may be there to answer a system box, and the caller waits until a status is written.
+// A crash must not show a message box: there may be nobody to close it, and the caller waits until
+// a status is written.
 void EndQuietlyAfterCrashes() {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
     SetUnhandledExceptionFilter(EndAfterCrash);
-    std::set_terminate([] { EndWith(kInternalError); });  // memory that ran out
+    std::set_terminate([] { EndWith(http::kInternalError); });  // out of memory
 }
 
 int Run() {
-    const std::optional<Job> job = SplitArgument(win::ArgumentText(GetCommandLineA(), "dl.exe"));
-    if (!job) return kBadArguments;
-    if (const int status = OpenResultFiles(*job); status == kCannotWriteStatusFile)
+    const std::optional<Job> job = ParseArgument(win::ArgumentText(GetCommandLineA(), "dl.exe"));
+    if (!job) return http::kBadArguments;
+    if (const int status = OpenResultFiles(*job); status == http::kCannotWriteStatusFile)
         return status;
-    else if (status != kSuccess)
+    else if (status != http::kSuccess)
         EndWith(status);
     EndQuietlyAfterCrashes();
-    // The variable is for tests and for those who would rather not wait a minute.
-    StartWatchdog(LimitSeconds(win::Environment("SKYVANE_DL_SECONDS")));
+    // The variable serves tests and users who prefer a shorter limit.
+    StartWatchdog(ParseTimeLimit(win::Environment("SKYVANE_DL_SECONDS")));
     settings::ImportStoreChoice();
-    const Reply reply = FetchFrom(job->url);
-    EndWith(reply.status, reply.body);
+    const http::Response response = FetchFromSource(job->url);
+    EndWith(response.status, response.body);
 }
 
 }  // namespace

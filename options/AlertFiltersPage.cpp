@@ -25,7 +25,7 @@ bool ShowsOnly(HWND page) {
 }
 
 bool IsShowOnlyStored() {
-    return ReadFlag(kShowFilteredWords);
+    return IsTrue(ReadSetting(kShowFilteredWords));
 }
 
 // Makes room to scroll to the end of the longest phrase.
@@ -117,7 +117,7 @@ void ApplyAlertFilters(HWND page) {
     entries.reserve(static_cast<std::size_t>(win::CountItems(list)));
     for (int i = 0; i < win::CountItems(list); ++i) entries.push_back(win::ItemText(list, i));
     WriteSetting(kAlertFilters, JoinFilterWords(entries));
-    WriteFlag(kShowFilteredWords, ShowsOnly(page));
+    WriteSetting(kShowFilteredWords, BooleanText(ShowsOnly(page)));
 }
 
 }  // namespace options

@@ -8,7 +8,7 @@ packages+=(g++ clang)
 compgen -G '/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a' >/dev/null ||
     packages+=(libclang-rt-dev)
 # the tests' framework, as sources; the downloader's JSON reader; the places' names and positions
-packages+=(googletest nlohmann-json3-dev weather-util-data)
+packages+=(googletest rapidjson-dev weather-util-data)
 # running Windows programs; the i386 library, which some releases have under a longer name, gives them
 # https
 packages+=(wine wine32:i386 libgnutls30:i386=/usr/lib/i386-linux-gnu/libgnutls.so.30)

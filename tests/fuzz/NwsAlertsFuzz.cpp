@@ -1,15 +1,16 @@
-#include "downloader/NwsAlertsRules.h"
-#include "downloader/NwsJsonRules.h"
-#include "downloader/NwsPlacesRules.h"
-#include "downloader/NwsRequestRules.h"
-#include "downloader/NwsStationsRules.h"
+#include "downloader/feed/Gazetteer.h"
+#include "downloader/feed/Json.h"
+#include "downloader/feed/Request.h"
+#include "downloader/nws/Addresses.h"
+#include "downloader/nws/Alerts.h"
+#include "downloader/nws/Stations.h"
 #include "tests/fuzz/Elements.h"
 #include "win/Text.h"
 #include "win/XmlGuard.h"
 
 namespace {
 
-// A document must be one that the program reads: UTF-8 that no text has broken out of.
+// Requires a document that the program can read: valid UTF-8 in which no text escapes its element.
 void CheckDocument(const std::optional<std::string>& xml, std::string_view end) {
     if (!xml) return;
     fuzz::Require(win::IsUtf8(*xml) && win::IsSafeXml(*xml) && xml->ends_with(end));
@@ -20,22 +21,24 @@ void CheckDocument(const std::optional<std::string>& xml, std::string_view end) 
 
 }  // namespace
 
-// Whatever the Weather Service, the feed's request or the gazetteer hold, the documents are sound,
-// and what is no whole list is refused.
+// Whatever the Weather Service, the feed request or the gazetteer contain, every document is valid,
+// and an incomplete list is rejected.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    const auto alerts = downloader::AlertsXml(text, 1784138400);
+    const std::string json(text);
+    const auto alerts = nws::BuildAlertDocument(json, 1784138400);
     CheckDocument(alerts, "</aws:alerts></aws:weather>\n");
-    fuzz::Require(!alerts || downloader::ReadJson(text, [](const downloader::JsonItem&) {}));
-    CheckDocument(downloader::StationsXml(text, {"66044", "Lawrence", "Kansas", 390000, -952000}),
+    fuzz::Require(!alerts || feed::ReadJson(json, [](const feed::JsonItem&) {}));
+    CheckDocument(nws::BuildStationDocument(json, {"66044", "Lawrence", "Kansas", 390000, -952000}),
                   "</aws:weather>\n");
-    if (const auto path = downloader::StationsPath(text)) fuzz::Require(path->starts_with('/'));
-    if (const auto request = downloader::ParseNwsRequest(text))
+    if (const auto address = nws::StationsAddress("https://h", json))
+        fuzz::Require(address->starts_with("https://h/"));
+    if (const auto request = feed::ParseRequest(text, "nws"))
         fuzz::Require(request->origin.find_first_of("/@?\\ ", 8) == std::string::npos);
-    if (const auto gazetteer = downloader::OpenGazetteer(text)) {
-        fuzz::Require(downloader::FindPlaces(*gazetteer, "s", 50).size() <= 50);
-        downloader::FindZipCode(*gazetteer, "66044");
+    if (const auto gazetteer = feed::OpenGazetteer(text)) {
+        fuzz::Require(feed::FindPlaces(*gazetteer, "s", 50).size() <= 50);
+        feed::FindZipCode(*gazetteer, "66044");
     }
-    downloader::FoldName(text);
+    feed::FoldName(text);
     return 0;
 }

@@ -1,0 +1,26 @@
+#pragma once
+#include <functional>
+#include <string>
+#include <string_view>
+
+// A streaming JSON reader: a large document is never held as a tree, and deep nesting costs
+// nothing.
+namespace feed {
+
+// A value, or the begin or end of an object or array. `path` is its position: the keys that lead to
+// it, separated by "/", with "[]" for the elements of an array, as in
+// "features[]/properties/event".
+struct JsonItem {
+    enum class Kind { Text, Number, Other, BeginObject, EndObject, BeginArray };
+    Kind kind = Kind::Other;  // Other: null, true or false
+    std::string_view path;
+    std::string_view text;  // well-formed UTF-8
+    double number = 0;
+};
+
+// Calls `visit` for every item in document order. The document is parsed in place, so that its
+// buffer is consumed. Returns false when it is not exactly one JSON value in UTF-8, or nests deeper
+// than 64 levels; the items visited before that must be discarded.
+bool ReadJson(std::string json, const std::function<void(const JsonItem&)>& visit);
+
+}  // namespace feed

@@ -1,0 +1,43 @@
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// A response and the meaning of its status, headers and body.
+namespace http {
+
+inline constexpr std::size_t kBodyLimit = 16u * 1024 * 1024;  // bytes
+
+// A fetched body, or the status that explains why there is none.
+struct Response {
+    int status = 0;  // see StatusCodes.h
+    std::string body;
+    std::string cacheControl;  // the Cache-Control header; empty when absent
+};
+
+// The coding of a body: none, one that WinHTTP decodes, or any other.
+enum class ContentCoding { None, Supported, Unsupported };
+
+// Parses a Content-Encoding header.
+ContentCoding ParseContentCoding(std::string_view contentEncoding);
+
+// Parses a Content-Length header, in bytes. Returns nullopt when it is not a number; a number of
+// more than 18 digits counts as the largest.
+std::optional<std::uint64_t> ParseContentLength(std::string_view contentLength);
+
+// Whether the body is empty or contains only white space, zero bytes and a UTF-8 byte order mark.
+bool IsBlankBody(std::string_view body);
+
+// Whether a second attempt may succeed: the server failed, was asked too often, or a gateway in
+// front of it answered with an HTML page of its own.
+bool IsWorthRetrying(const Response& response);
+
+// How long a Cache-Control header allows caching, in seconds: its max-age, at most `longest`; 0
+// when it forbids caching or has no max-age.
+std::int64_t SecondsToCache(std::string_view cacheControl, std::int64_t longest);
+
+// Whether a Cache-Control header forbids caching.
+bool ForbidsCaching(std::string_view cacheControl);
+
+}  // namespace http

@@ -1,0 +1,77 @@
+#include "downloader/http/ResponseCache.h"
+
+#include <windows.h>
+
+#include <cstdlib>
+
+#include "downloader/http/TextHash.h"
+#include "win/Files.h"
+#include "win/Text.h"
+#include "win/modRandomFile.h"
+
+namespace http {
+namespace {
+
+constexpr std::string_view kMark = "skyvane-answer-1";
+constexpr std::size_t kLongestDocument = 256 * 1024;             // bytes
+constexpr std::uint64_t kLongestFile = kLongestDocument + 1024;  // with the lines before it
+
+// Returns the path of the cache file for a key; empty when there is no temporary folder. There are
+// 64 such files, however many keys are in use; a later document replaces an earlier one.
+std::string CacheFile(std::string_view key) {
+    constexpr int kSlots = 64;
+    const std::string folder = win::GetTempFolder();
+    if (folder.empty()) return {};
+    const std::string digits = HashText(key).substr(14);
+    const long slot = std::strtol(digits.c_str(), nullptr, 16) % kSlots;
+    return folder + "SkyvaneAlerts." + win::Decimal(slot) + ".cache";
+}
+
+std::int64_t ParseNumber(std::string_view digits) {
+    return std::strtoll(std::string(digits).c_str(), nullptr, 10);
+}
+
+}  // namespace
+
+std::int64_t SecondsNow() {
+    constexpr std::int64_t kUnitsInSecond = 10'000'000;
+    constexpr std::int64_t kSecondsFrom1601To1970 = 11'644'473'600;
+    FILETIME time;
+    GetSystemTimeAsFileTime(&time);
+    const ULARGE_INTEGER units{{time.dwLowDateTime, time.dwHighDateTime}};
+    return static_cast<std::int64_t>(units.QuadPart) / kUnitsInSecond - kSecondsFrom1601To1970;
+}
+
+std::optional<std::string> FindCached(std::string_view key) {
+    const auto entry = win::ReadWholeFile(CacheFile(key), kLongestFile);
+    return entry ? UnpackEntry(*entry, key, SecondsNow()) : std::nullopt;
+}
+
+void StoreCached(std::string_view key, std::int64_t seconds, std::string_view document) {
+    const std::string file = CacheFile(key);
+    if (file.empty() || seconds <= 0 || document.size() > kLongestDocument) return;
+    win::ReplaceFileWhole(file, PackEntry(key, SecondsNow(), seconds, document));
+}
+
+std::string PackEntry(std::string_view key, std::int64_t now, std::int64_t seconds,
+                      std::string_view document) {
+    std::string entry(kMark);
+    for (const std::string& line :
+         {win::Decimal(now), win::Decimal(seconds), HashText(document), std::string(key)})
+        entry.append("\n").append(line);
+    return entry.append("\n").append(document);
+}
+
+std::optional<std::string> UnpackEntry(std::string_view entry, std::string_view key,
+                                       std::int64_t now) {
+    const std::string_view mark = win::TakeLine(entry);
+    const std::int64_t stored = ParseNumber(win::TakeLine(entry));
+    const std::int64_t seconds = ParseNumber(win::TakeLine(entry));
+    const std::string_view hash = win::TakeLine(entry);
+    const std::string_view entryKey = win::TakeLine(entry);
+    if (mark != kMark || entryKey != key || hash != HashText(entry)) return std::nullopt;
+    if (stored < 0 || stored > now || now - stored >= seconds) return std::nullopt;
+    return std::string(entry);
+}
+
+}  // namespace http

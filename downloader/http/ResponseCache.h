@@ -1,0 +1,30 @@
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Documents cached in the temporary folder, for later runs of the program. Times are in seconds
+// since 1970.
+namespace http {
+
+// Returns the current time.
+std::int64_t SecondsNow();
+
+// Returns the document cached for the key, or nullopt when there is none or it has expired.
+std::optional<std::string> FindCached(std::string_view key);
+
+// Caches a document for so many seconds. Documents over 256 KB are not cached; failures are
+// ignored. Several copies of the program may call this at once.
+void StoreCached(std::string_view key, std::int64_t seconds, std::string_view document);
+
+// Returns the text of the cache file for a document stored at `now`.
+std::string PackEntry(std::string_view key, std::int64_t now, std::int64_t seconds,
+                      std::string_view document);
+
+// Returns the document in the text of a cache file, or nullopt when the file is damaged, belongs to
+// another key, has expired or comes from the future.
+std::optional<std::string> UnpackEntry(std::string_view entry, std::string_view key,
+                                       std::int64_t now);
+
+}  // namespace http

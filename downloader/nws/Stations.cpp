@@ -1,0 +1,107 @@
+#include "downloader/nws/Stations.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "downloader/feed/FeedXml.h"
+#include "downloader/feed/Json.h"
+
+namespace nws {
+namespace {
+
+using feed::JsonItem;
+using feed::Place;
+using Kind = JsonItem::Kind;
+
+constexpr std::size_t kMostStations = 25;
+constexpr double kUnitsPerDegree = 10000;  // of a coordinate
+
+struct Station {
+    std::string id;
+    std::string name;
+    std::vector<double> coordinates;  // longitude, latitude, in degrees
+};
+
+struct Collector {
+    std::vector<Station> stations;
+    bool isCollection = false;
+    bool hasList = false;
+
+    void Read(const JsonItem& item) {
+        const std::string_view path = item.path;
+        if (path == "type") isCollection = item.text == "FeatureCollection";
+        if (path == "features") hasList = item.kind == Kind::BeginArray;
+        if (path == "features[]" && item.kind == Kind::BeginObject) stations.emplace_back();
+        if (stations.empty()) return;
+        if (path == "features[]/properties/stationIdentifier") stations.back().id = item.text;
+        if (path == "features[]/properties/name") stations.back().name = item.text;
+        if (path == "features[]/geometry/coordinates[]" && item.kind == Kind::Number)
+            stations.back().coordinates.push_back(item.number);
+    }
+};
+
+bool IsUsable(const Station& station) {
+    return !station.id.empty() && station.coordinates.size() >= 2 &&
+           std::fabs(station.coordinates[0]) <= 180 && std::fabs(station.coordinates[1]) <= 90;
+}
+
+// Returns a measure that increases with the distance between the station and the place and is
+// accurate enough for sorting.
+double DistanceMeasure(const Station& station, const Place& place) {
+    constexpr double kRadians = 3.14159265358979 / 180;
+    const double north = station.coordinates[1] - place.latitude / kUnitsPerDegree;
+    double east = std::fabs(station.coordinates[0] - place.longitude / kUnitsPerDegree);
+    if (east > 180) east = 360 - east;  // across the date line
+    east *= std::cos(place.latitude / kUnitsPerDegree * kRadians);
+    return north * north + east * east;
+}
+
+// Replaces the brackets, bars and asterisks that the program would take for its own delimiters.
+std::string ReplaceDelimiters(std::string text) {
+    for (char& c : text) {
+        if (c == '(') c = '[';
+        if (c == ')') c = ']';
+        if (c == '|' || c == '*') c = ' ';
+    }
+    return text;
+}
+
+int ToUnits(double degrees) {
+    return static_cast<int>(std::lround(degrees * kUnitsPerDegree));
+}
+
+void AppendStation(std::string& xml, const Station& station, const Place& place) {
+    xml += "<aws:station";
+    feed::AppendXmlAttribute(xml, "id", ReplaceDelimiters(station.id));
+    feed::AppendXmlAttribute(xml, "name",
+                             ReplaceDelimiters(station.name.empty() ? station.id : station.name));
+    feed::AppendXmlAttribute(xml, "city", place.name);
+    feed::AppendXmlAttribute(xml, "state", place.state);
+    feed::AppendXmlAttribute(xml, "zipcode", place.zipCode);
+    feed::AppendXmlAttribute(xml, "station-type", "NWS");
+    feed::AppendXmlAttribute(xml, "latitude", feed::FormatDegrees(ToUnits(station.coordinates[1])));
+    feed::AppendXmlAttribute(xml, "longitude",
+                             feed::FormatDegrees(ToUnits(station.coordinates[0])));
+    xml += "/>\n";
+}
+
+}  // namespace
+
+std::optional<std::string> BuildStationDocument(std::string json, const Place& place) {
+    Collector collector;
+    if (!feed::ReadJson(std::move(json), [&](const JsonItem& item) { collector.Read(item); }) ||
+        !collector.isCollection || !collector.hasList)
+        return std::nullopt;
+    std::vector<Station>& stations = collector.stations;
+    std::erase_if(stations, [](const Station& station) { return !IsUsable(station); });
+    std::stable_sort(stations.begin(), stations.end(),
+                     [&](const Station& left, const Station& right) {
+                         return DistanceMeasure(left, place) < DistanceMeasure(right, place);
+                     });
+    stations.resize(std::min(stations.size(), kMostStations));
+    std::string xml(feed::kXmlHead);
+    for (const Station& station : stations) AppendStation(xml, station, place);
+    return xml.append(feed::kXmlTail);
+}
+
+}  // namespace nws

@@ -1,0 +1,29 @@
+#pragma once
+#include <optional>
+#include <string>
+#include <string_view>
+
+// The VTEC code (Valid Time Event Code), which identifies an event in all its messages, such as
+// "/O.CON.KTOP.TO.W.0045.000000T0000Z-260715T2100Z/".
+namespace nws {
+
+struct Vtec {
+    char product = 0;              // 'T': a test
+    std::string_view action;       // "NEW", "CON", ...: three letters
+    std::string_view event;        // "KTOP.TO.W.0045": office, phenomenon, significance, number
+    std::optional<int> firstYear;  // the earlier year of begin and end, as far as the code has them
+};
+
+// Parses a code; the texts of the result point into `text`. Returns nullopt for any other text.
+std::optional<Vtec> ParseVtec(std::string_view text);
+
+// Whether the action ends the event: cancelled, upgraded to another event, or expired.
+bool EndsEvent(const Vtec& vtec);
+
+// Returns the event's identifier, "KTOP.TO.W.0045.26". Event numbers restart each year, so the year
+// in which the event began is part of it. Later messages no longer state that year; `firstSent`,
+// the year of the first known message (0: unknown), keeps the identifier of an event that continues
+// over New Year.
+std::string EventId(const Vtec& vtec, int firstSent);
+
+}  // namespace nws
