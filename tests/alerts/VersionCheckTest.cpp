@@ -9,7 +9,7 @@
 namespace alerts {
 namespace {
 
-// The box that the check shows, answered with No; how often.
+// Answers the check's message boxes with No and counts them.
 int boxesAnswered = 0;
 void CALLBACK AnswerBox(HWND, UINT, UINT_PTR, DWORD) {
     const HWND box = FindWindowA("#32770", "Skyvane Alerts");
@@ -18,10 +18,11 @@ void CALLBACK AnswerBox(HWND, UINT, UINT_PTR, DWORD) {
     EndDialog(box, IDNO);
 }
 
-// The check that the user did not start. The downloader here does nothing: its files lie ready.
+// The check that the user did not start. Its downloader is a program that does nothing; the test
+// writes the files.
 class SilentVersionCheck : public tests::ScratchStore {};
 
-TEST_F(SilentVersionCheck, AnnouncesAVersionOnceAndNoFailure) {
+TEST_F(SilentVersionCheck, AnnouncesAVersionOnceAndNoFailures) {
     const std::string folder = settings::State().dataFolder;
     settings::State().programFolder = folder;
     CopyFileA("c:\\windows\\system32\\hostname.exe", (folder + "\\dl.exe").c_str(), FALSE);
@@ -29,7 +30,7 @@ TEST_F(SilentVersionCheck, AnnouncesAVersionOnceAndNoFailure) {
     const UINT_PTR timer = SetTimer(nullptr, 0, 20, AnswerBox);
     for (const auto& [versionFile, boxes] : {std::pair{"1.0.2", 0},
                                              {"", 0},
-                                             {"<html>mended</html>", 0},
+                                             {"<html>error</html>", 0},
                                              {"1.0.3", 1},
                                              {"1.0.3", 0},
                                              {"1.0.4", 1}}) {

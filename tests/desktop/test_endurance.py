@@ -1,4 +1,4 @@
-"""What a program holds must not grow from cycle to cycle."""
+"""Handles and memory do not grow from cycle to cycle."""
 
 import os
 import pathlib
@@ -20,8 +20,8 @@ def holdings_of(program):
 
 
 def run_cycles(program, feed, numbers):
-    """Every station has ten alerts that are new in a cycle and ten of the cycle before: no more than
-    the 249 characters by which a cycle shortens the list of seen alerts, or that list itself grows."""
+    """Every station has ten new alerts in a cycle and ten of the one before. Their identifiers fit in the
+    249 characters that a cycle cuts from the list of seen alerts; with more, that list would grow."""
     for number in numbers:
         for code in ("66044", "064321"):
             feed.serve(code, *((f"{n}{code}{i}", f"Alert {n} {i}", "body " * 50)
@@ -32,8 +32,8 @@ def run_cycles(program, feed, numbers):
         assert program.answers()
 
 
-def test_cycles_hold_nothing(make_watcher, feed):
-    """Twenty cycles, or as many as SKYVANE_CYCLES says: a thousand take some minutes."""
+def test_cycles_leak_nothing(make_watcher, feed):
+    """Runs 20 cycles, or SKYVANE_CYCLES; 1000 take some minutes."""
     cycles = int(os.environ.get("SKYVANE_CYCLES", "20"))
     program = make_watcher(LAWRENCE, PARIS, registry=True, options={"AutoUpdateInterval": "Every minute"})
     program.start()
@@ -43,5 +43,5 @@ def test_cycles_hold_nothing(make_watcher, feed):
     late = holdings_of(program)
     print(f"after 10 cycles {early}, after {cycles} {late}")
     assert (late.kernel, late.gdi, late.user) == (early.kernel, early.gdi, early.user)
-    # Some pages of the heap may be touched late; a thousand cycles then add nothing more.
+    # Some heap pages are used late; 1000 cycles add no more than that.
     assert late.private_kib <= early.private_kib + 64

@@ -1,4 +1,4 @@
-"""What arrives while a download waits."""
+"""Events that arrive during a download."""
 
 import os
 
@@ -7,12 +7,12 @@ import pytest
 from dialog import DIALOG
 from feed import FLOOD, LAWRENCE, TORNADO
 from harness import LEFT, click, find_windows, stays, wait_until
-from tray_menu import FIXED, MAP, alert_page, choose, close_menu, open_menu, place_of
+from tray_menu import FIXED, MAP, choose, close_menu, open_menu, place_of
 
 
 @pytest.fixture
 def waiting(make_watcher, feed):
-    """A program whose first download, at its start or from the menu, is held open."""
+    """A program whose first download, at its start or from the menu, is delayed until `gate` is set."""
 
     def start(at_start=True, **options):
         feed.serve("66044", TORNADO)
@@ -28,28 +28,28 @@ def waiting(make_watcher, feed):
     return start
 
 
-def leave_by_menu(program):
+def exit_by_menu(program):
     choose(program, "Exit", stations=["Lawrence"])
 
 
 @pytest.mark.parametrize("leave, at_start", [
-    (leave_by_menu, True),
-    (lambda program: program.post("0x11"), True),  # Windows asks whether the session may end
+    (exit_by_menu, True),
+    (lambda program: program.post("0x11"), True),  # Windows asks whether the session can end
     (lambda program: program.post("0x16", 1), False),  # the session ends
-    (lambda program: program.post("0x10"), False),  # the task manager asks to close
+    (lambda program: program.post("0x10"), False),  # the task manager closes the program
 ], ids=["menu", "asked", "ending", "closed"])
-def test_exit_leaves_nothing_behind(waiting, temp_folder, leave, at_start):
+def test_exit_removes_icon_downloader_and_temporary_files(waiting, temp_folder, leave, at_start):
     for name in ("SVA1.tmp", "SVA2F.tmp", "SVAnot.txt"):
-        (temp_folder / name).write_text("left over")
+        (temp_folder / name).write_text("of an earlier run")
     program, _ = waiting(at_start)
     leave(program)
     assert program.wait_for_end(5) == 0
-    wait_until(lambda: not program.icon() and not program.downloaders(), "icon and downloader go", 5)
+    wait_until(lambda: not program.icon() and not program.downloaders(), "the end of icon and downloader", 5)
     assert [file.name for file in temp_folder.glob("SV*.*")] == ["SVAnot.txt"]
     (temp_folder / "SVAnot.txt").unlink()
 
 
-def test_commands_work_and_retrieving_is_disabled(waiting, feed, browser):
+def test_commands_work_while_retrieving_is_disabled(waiting, feed, browser):
     program, gate = waiting(at_start=False)
     program.click_icon(LEFT)
     browser.wait_for(MAP + "&zip=66044")
@@ -60,23 +60,23 @@ def test_commands_work_and_retrieving_is_disabled(waiting, feed, browser):
     assert stays(lambda: feed.codes() == ["66044"], 0.5)
     gate.set()
     wait_until(lambda: not program.downloaders(), "the download's end")
-    assert stays(lambda: not program.last_updated(), 0.5), "the cycle ends under the open menu"
+    assert stays(lambda: not program.last_updated(), 0.5), "the cycle ends while the menu is open"
     close_menu()
     program.wait_for_picture("new alerts")
     choose(program, "Retrieve Severe Alerts", alerts=["Tornado"], stations=["Lawrence"])
-    wait_until(lambda: len(feed.codes()) == 2, "the command is enabled again")
+    wait_until(lambda: len(feed.codes()) == 2, "the second retrieval")
 
 
-def test_the_clock_goes_on(waiting, feed):
+def test_clock_starts_a_cycle_inside_a_waiting_one(waiting, feed):
     program, gate = waiting(at_start=False)
     program.tick(4)
     assert program.answers() and len(feed.codes()) == 1
-    program.tick()  # the fifth minute starts a cycle inside the one that waits
+    program.tick()
     wait_until(lambda: len(feed.codes()) == 2, "the nested cycle")
     assert program.answers()
     gate.set()
     program.wait_for_picture("new alerts")
-    wait_until(lambda: not program.downloaders(), "both downloads end")
+    wait_until(lambda: not program.downloaders(), "the end of both downloads")
     assert program.answers()
     assert {alert[:2] for alert in program.store.alerts()} == {TORNADO[:2]}
     assert program.store.read("Misc", "OldAlerts") == "101"
@@ -87,7 +87,7 @@ def test_the_clock_goes_on(waiting, feed):
 
 @pytest.mark.parametrize("by_clock", [True, False], ids=["clock", "command"])
 @pytest.mark.parametrize("window", ["Options", "About", "Check for New Version"])
-def test_retrievals_go_on_whatever_window_is_open(make_watcher, feed, window, by_clock):
+def test_retrievals_go_on_while_a_window_is_open(make_watcher, feed, window, by_clock):
     feed.serve("66044", TORNADO)
     gate = feed.hold("66044")
     program = make_watcher(LAWRENCE)
@@ -103,33 +103,16 @@ def test_retrievals_go_on_whatever_window_is_open(make_watcher, feed, window, by
     gate.set()
     program.wait_for_picture("new alerts")
     feed.serve("66044", FLOOD)
-    program.tick(5)  # and the next one, with the window still open
+    program.tick(5)  # with the window still open
     wait_until(lambda: program.store.read("Misc", "OldAlerts") == "101¦102", "the next cycle")
     assert find_windows(DIALOG)
 
 
-def test_the_clock_leaves_an_open_menu_alone(make_watcher, feed, browser):
-    feed.serve("66044", TORNADO)
-    program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
-    program.start()
-    program.wait_for_start()
-    menu = open_menu(program)
-    feed.serve("66044", FLOOD, TORNADO)
-    program.tick(5)
-    assert program.answers() and feed.codes() == ["66044"]
-    click(*place_of(menu, ("Tornado", *FIXED), "Tornado"))
-    browser.wait_for(alert_page("66044"))
-    program.tick()  # makes up for the minute that fell into the menu
-    program.wait_for_picture("new alerts")
-    choose(program, "Flood", alerts=["Tornado", "Flood"], stations=["Lawrence"])
-    browser.wait_for(alert_page("66044"))
-
-
-def test_a_downloader_that_dies_leaves_the_program_usable(waiting, browser):
+def test_program_works_after_its_downloader_was_killed(waiting, browser):
     program, _ = waiting()
     os.kill(program.downloaders()[0], 9)
     wait_until(lambda: not program.downloaders(), "the downloader's end")
     program.click_icon(LEFT)
     browser.wait_for(MAP + "&zip=66044")
-    leave_by_menu(program)
+    exit_by_menu(program)
     assert program.wait_for_end(5) == 0

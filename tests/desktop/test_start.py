@@ -1,4 +1,4 @@
-"""From start to Exit."""
+"""Start and exit."""
 
 import datetime
 import os
@@ -21,7 +21,7 @@ FIRST_TIME = ("It looks like this is your first time using Skyvane Alerts.\r\n\r
 
 
 @pytest.mark.parametrize("registry", [False, True], ids=["ini", "registry"])
-def test_first_start_asks_once_and_leaves_its_marks(make_program, app_data_folder, tmp_path, registry):
+def test_first_start_asks_once_and_copies_the_folders(make_program, app_data_folder, tmp_path, registry):
     program = make_program(registry)
     page = program.folder / "HTML" / "folder" / "page.txt"
     page.parent.mkdir(parents=True)
@@ -42,11 +42,11 @@ def test_first_start_asks_once_and_leaves_its_marks(make_program, app_data_folde
     choose(program, "Exit")
     assert program.wait_for_end() == 0
 
-    # An upgrade: its files are newer than the copies.
+    # After an upgrade the program folder is newer than the copies.
     page.unlink()
     own_page.chmod(0o444)
     own_sound, foreign = app_data_folder / "Sounds" / "My own.wav", tmp_path / "foreign"
-    own_sound.write_text("a person's")
+    own_sound.write_text("the user's")
     foreign.mkdir()
     (foreign / "file.txt").write_text("of another program")
     (app_data_folder / "HTML" / "link").symlink_to(foreign)
@@ -56,7 +56,7 @@ def test_first_start_asks_once_and_leaves_its_marks(make_program, app_data_folde
     wait_until(lambda: program.store.read("Misc", "Runs") == "2", "the run is counted")
     assert own_sound.exists() and not own_page.exists() and (foreign / "file.txt").exists()
     choose(program, "Exit")
-    assert program.wait_for_end() == 0  # no question stood in the way
+    assert program.wait_for_end() == 0  # without a question
 
 
 def test_start_loads_no_library_that_is_needed_later(make_watcher):
@@ -78,7 +78,7 @@ def test_folder_name_is_no_switch(make_program, tmp_path):
     assert program.store.read("Misc", "UseINI") == "False"
 
 
-def test_files_that_another_program_holds_do_not_count_as_empty(make_watcher, feed):
+def test_locked_files_do_not_count_as_empty(make_watcher, feed):
     feed.serve("66044", TORNADO)
     program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
     stations_holder = hold(program.data_folder() / "CityCode.cmb", 120)
@@ -95,7 +95,7 @@ def test_files_that_another_program_holds_do_not_count_as_empty(make_watcher, fe
 def test_second_copy_ends_in_silence(make_watcher, feed, temp_folder):
     feed.serve("66044", TORNADO)
     in_use = temp_folder / "SVA7.tmp"
-    in_use.write_text("the first copy's search waits for it")
+    in_use.write_text("of the first copy's search")
     program = make_watcher(LAWRENCE, misc={"LastUpdated": "5/2/2008 4:12:10 PM"})
     program.start()
     program.wait_for_start()
@@ -115,10 +115,10 @@ def test_second_copy_ends_in_silence(make_watcher, feed, temp_folder):
 def test_icon_comes_back_with_a_new_taskbar(make_watcher, feed):
     feed.serve("66044", TORNADO)
     program = make_watcher(LAWRENCE, options={"RetrieveAlertsOnStartup": "True"})
-    program.start(WINEDEBUG="fixme+all")  # Wine writes down the calls that do nothing there
+    program.start(WINEDEBUG="fixme+all")  # Wine logs the functions that do nothing there
     program.wait_for_picture("new alerts")
-    assert "ChangeWindowMessageFilterEx" in program.errors()  # for a program with more rights than the taskbar
-    probe("forget-icon", TRAY_CLASS)  # what the end of the taskbar does to the icon
+    assert "ChangeWindowMessageFilterEx" in program.errors()  # for a program that runs as administrator
+    probe("forget-icon", TRAY_CLASS)  # as when Explorer ends
     wait_until(lambda: not program.icon(), "the icon is gone")
     program.send("TaskbarCreated")
     program.wait_for_picture("normal")
@@ -127,7 +127,7 @@ def test_icon_comes_back_with_a_new_taskbar(make_watcher, feed):
     assert program.wait_for_end() == 0
 
 
-def test_chosen_pictures_replace_the_built_in_ones(make_watcher, feed):
+def test_chosen_images_replace_the_built_in_ones(make_watcher, feed):
     feed.serve("66044", TORNADO)
     icons = pathlib.Path(__file__).parents[2] / "assets" / "icons"
     program = make_watcher(LAWRENCE)

@@ -1,7 +1,7 @@
-"""The icon's popup menu: opened by a right click, its items found by their place.
+"""The icon's popup menu, opened by a right click; its items are found by position.
 
-Another process cannot read a menu's items under Wine, so each test says which items it expects; a menu
-of another size fails it, and so does an item that does something else.
+Under Wine another process cannot read the items of a menu. Each test therefore passes the items that it
+expects; it fails if the menu has another height, or if an item does something else.
 """
 
 from harness import RIGHT, click, find_windows, wait_until
@@ -13,12 +13,12 @@ FIXED = (None, "Retrieve Severe Alerts", "View National Severe Alerts", "View We
 HELP = ("Support Forums", "Send Bug Report")
 ADD_STATION = "Add New Station..."
 
-# What the items open.
+# The addresses that the items open.
 WEATHER = "https://www.weatherbug.com"
 MAKER = "https://www.quillmark.example"
 MAP = WEATHER + "/severe-weather/national-alert-map.html?zcode=z4172&country=US&country_name=USA"
 
-# Pixels, at the screen's 96 per inch.
+# Pixels at 96 dpi.
 BORDER, ITEM, SEPARATOR = 3, 16, 9
 
 
@@ -33,9 +33,9 @@ def station_page(code):
 
 
 def place_of(window, entries, caption):
-    """The point on the screen to click for an entry; None stands for a separator."""
+    """Returns the screen position of an entry; None in `entries` is a separator."""
     heights = [SEPARATOR if entry is None else ITEM for entry in entries]
-    assert window.bottom - window.top == 2 * BORDER + sum(heights), "the menu holds other items"
+    assert window.bottom - window.top == 2 * BORDER + sum(heights), "the menu has other items"
     index = entries.index(caption)
     return window.left + 30, window.top + BORDER + sum(heights[:index]) + heights[index] // 2
 
@@ -51,12 +51,12 @@ def open_menu(program):
 
 def close_menu():
     click(600, 300)
-    wait_until(lambda: not open_menus(), "the menu closes")
+    wait_until(lambda: not open_menus(), "the closing of the menu")
 
 
 def choose(program, *path, alerts=NO_ALERTS, stations=()):
-    """Opens the menu and clicks an item, or an item of a submenu, as a person would. `alerts` and
-    `stations` are the captions expected in the menu."""
+    """Opens the menu and clicks an item, or an item of a submenu. `alerts` and `stations` are the captions
+    expected in the menu."""
     entries = tuple(alerts) + FIXED
     menu = open_menu(program)
     click(*place_of(menu, entries, path[0]))
@@ -65,4 +65,4 @@ def choose(program, *path, alerts=NO_ALERTS, stations=()):
                                       other.left != menu.left], "the submenu")[0]
         weather = (ADD_STATION, *([None, *stations] if stations else []))
         click(*place_of(submenu, HELP if path[0] == "Help" else weather, path[1]))
-    wait_until(lambda: not open_menus(), "the menu closes")
+    wait_until(lambda: not open_menus(), "the closing of the menu")

@@ -23,8 +23,7 @@ class MinuteClockTest : public tests::ScratchStore {
         DestroyWindow(TrayWindow());
         ScratchStore::TearDown();
     }
-    // Whether the next minute retrieves; there is no downloader here, so that the cycle fails at
-    // once.
+    // Whether the next tick retrieves. There is no downloader: each cycle fails at once.
     static bool RetrievesNow() {
         std::uint64_t& lastEnd = settings::State().lastCycleEnd;
         const std::uint64_t before = lastEnd;
@@ -37,25 +36,25 @@ class MinuteClockTest : public tests::ScratchStore {
 };
 
 TEST_F(MinuteClockTest, RetrievesAfterALongSleep) {
-    constexpr std::uint64_t minute = 60'000;
+    constexpr std::uint64_t kMinute = 60'000;
     const auto sleep = [](std::uint64_t milliseconds) {
         settings::State().lastCycleEnd -= milliseconds;
         SendMessageA(TrayWindow(), WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC, 0);
     };
     EXPECT_FALSE(RetrievesNow());
-    sleep(4 * minute);
+    sleep(4 * kMinute);
     EXPECT_FALSE(RetrievesNow());
-    sleep(minute);
+    sleep(kMinute);
     EXPECT_TRUE(RetrievesNow());
     EXPECT_FALSE(RetrievesNow());
-    settings::State().lastCycleEnd -= 5 * minute;  // a busy computer has not slept
+    settings::State().lastCycleEnd -= 5 * kMinute;  // without sleep
     EXPECT_FALSE(RetrievesNow());
 }
 
 TEST_F(MinuteClockTest, StaysStoppedWhenARetrievalEnds) {
     settings::State().minuteCounter = 4;
     SendMessageA(TrayWindow(), WM_TIMER, static_cast<WPARAM>(Timer::TimerUpdate1), 0);
-    StopMinuteClock();  // as Options does for "Never"
+    StopMinuteClock();  // as the Options dialog does for "Never"
     WaitForRetrieval();
     EXPECT_FALSE(IsTimerRunning(Timer::TimerUpdate1) || IsTimerRunning(Timer::TimerUpdate2));
 }
