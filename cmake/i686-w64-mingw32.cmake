@@ -1,4 +1,4 @@
-# The product's tool chain: 32-bit Windows by mingw-w64, the variant with POSIX threads (GoogleTest needs them).
+# Toolchain for 32-bit Windows: mingw-w64 with POSIX threads, which GoogleTest needs.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)

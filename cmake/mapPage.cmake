@@ -1,5 +1,5 @@
-# The map page: build.mjs makes one self-contained template of its packages and of assets/map, in the
-# product's folder.
+# The map page: build.mjs combines its packages and assets/map into one self-contained template in the
+# program folder.
 include(${CMAKE_CURRENT_LIST_DIR}/npmPackages.cmake)
 find_program(nodeProgram node REQUIRED)
 
@@ -12,6 +12,6 @@ install_npm_packages(map "Installing the map page's packages")
 add_custom_command(OUTPUT ${mapPageFile}
   COMMAND ${nodeProgram} ${mapSource}/build.mjs ${mapPackages} ${mapPageFile}
   DEPENDS ${mapStamp} ${mapSources}
-  COMMENT "Making the map page"
+  COMMENT "Building the map page"
   VERBATIM)
 add_custom_target(mapPage DEPENDS ${mapPageFile})

@@ -1,6 +1,5 @@
-# install_npm_packages(NAME COMMENT): the packages that assets/NAME needs to be made into a file of the
-# product are installed into the build folder, as the lock file there names them. NAMEPackages is then
-# the folder that holds node_modules, NAMEStamp a file that changes with them.
+# install_npm_packages(NAME COMMENT): installs the packages of assets/NAME/package-lock.json in the build
+# folder. Sets NAMEPackages to the folder that contains node_modules, and NAMEStamp to a file to depend on.
 find_program(npmProgram npm REQUIRED)
 
 function(install_npm_packages name comment)

@@ -1,9 +1,8 @@
-# The two programs and the folder they ship in: build/i686/product is laid out as an installed
-# program folder is.
+# The two programs, and build/i686/product, which has the layout of an installed program folder.
 set(productDir ${CMAKE_BINARY_DIR}/product)
 
 add_library(program STATIC ${programSources})
-# All that a program needs at its start; win/LateFunctions.h has what is loaded later.
+# The libraries loaded at start; win/LateFunctions.h declares what is loaded later.
 target_link_libraries(program PUBLIC portable shell32 advapi32 user32 gdi32 uuid)
 
 add_executable(SVAlerts WIN32 ${appSources} app/SVAlerts.rc win/Terminate.cpp)
@@ -15,7 +14,7 @@ target_link_libraries(fetch PUBLIC portable program winhttp ntdll)
 add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc win/Terminate.cpp)
 target_link_libraries(dl PRIVATE fetch)
 
-# Nobody else knows what the resource scripts take in.
+# CMake does not find the dependencies of resource scripts itself.
 file(GLOB resourceParts CONFIGURE_DEPENDS */*.rc */resource.h assets/icons/*)
 list(APPEND resourceParts ${CMAKE_SOURCE_DIR}/assets/skyvane.manifest ${CMAKE_SOURCE_DIR}/settings/Version.h)
 set_source_files_properties(app/SVAlerts.rc downloader/dl.rc PROPERTIES OBJECT_DEPENDS "${resourceParts}")
@@ -35,7 +34,7 @@ add_custom_command(OUTPUT ${helpPage}
 add_custom_target(productFiles ALL
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/assets/Sounds ${productDir}/Sounds
   DEPENDS ${helpPage}
-  COMMENT "Laying out the program folder")
+  COMMENT "Filling the program folder")
 
 include(${CMAKE_SOURCE_DIR}/cmake/mapPage.cmake)
 add_dependencies(productFiles mapPage)

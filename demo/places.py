@@ -1,4 +1,4 @@
-"""The places that the demonstration feed knows: (city, state or country, code, by ZIP code, latitude, longitude)."""
+"""The places of the demonstration feed: (city, state or country, code, is ZIP code, latitude, longitude)."""
 
 UNITED_STATES = """
 Albany|New York|12207|42.65|-73.75

@@ -1,12 +1,12 @@
 #!/usr/bin/python3
-"""The demonstration feed: answers the program's requests on loopback, so that it can be shown and
-tested without the live feed and at any weather.
+"""The demonstration feed: answers the program's requests on the local machine, independently of the live
+feed and of the weather.
 
-  /GetXml.aspx?partnerid=7e3a90d4&requesttype=6&ZipCode=CODE       the alerts of a station
-  ...&RequestType=501&SearchString=TEXT                            the places of a name
-  ...&requesttype=1&zipcode=CODE or &CityCode=CODE                 the stations of a place
+  /GetXml.aspx?partnerid=7e3a90d4&requesttype=6&ZipCode=CODE       alerts of a station
+  ...&RequestType=501&SearchString=TEXT                            places with a name
+  ...&requesttype=1&zipcode=CODE or &CityCode=CODE                 stations of a place
 
-Alerts are in feed/CODE.xml beside this file; a station without one has none.
+The alerts of a station are in feed/CODE.xml; a station without such a file has no alerts.
 """
 import argparse
 import http.server
@@ -22,8 +22,8 @@ FEED = pathlib.Path(__file__).resolve().parent / "feed"
 HEAD = '<?xml version="1.0" encoding="utf-8"?>\n<aws:weather xmlns:aws="http://www.aws.com/aws">'
 TAIL = "</aws:weather>\n"
 
-# The stations around a place: (name, degrees north, degrees east, where its data come from). The
-# names in brackets are the station's call letters, which the feed ends with a blank.
+# The stations around a place: (name, degrees north, degrees east, data source). The call letters of a
+# station are in parentheses; a feed adds a space after them.
 STATIONS = (
     ("{city} Middle School", 0.012, -0.021, "WeatherBug"),
     ("{city} Municipal Airport", -0.083, 0.064, "NWS"),
@@ -39,7 +39,7 @@ def element(name, attributes):
 
 
 def list_alerts(code):
-    """The document of a station's alerts. Only digits name a file."""
+    """Returns the alert document of a station. Only codes of digits are used as file names."""
     path = FEED / f"{code}.xml"
     if code.isascii() and code.isdigit() and path.is_file():
         return path.read_text(encoding="utf-8")
@@ -47,12 +47,12 @@ def list_alerts(code):
 
 
 def list_locations(text):
-    """The places whose names begin with the text; "city, state" narrows them."""
+    """Returns the places whose names begin with the text, which may be "city, state"."""
     city, _, region = (part.strip().lower() for part in text.partition(","))
     found = []
     for name, where, code, by_zip, _, _ in PLACES:
         if city and name.lower().startswith(city) and where.lower().startswith(region):
-            # The program takes the last region that is not empty: the state, where there is one.
+            # The program shows the last region that is not empty: the state, if there is one.
             found.append(element("location", (
                 ("cityname", name), ("countryname", "USA" if by_zip else where),
                 ("statename", where if by_zip else ""),
@@ -61,7 +61,7 @@ def list_locations(text):
 
 
 def list_stations(code, by_zip):
-    """The stations around a place; a ZIP code outside the table lies near the one next to it."""
+    """Returns the stations around a place. An unknown ZIP code gets the nearest known one's place."""
     places = [place for place in PLACES if place[3] == by_zip]
     place = next((p for p in places if p[2] == code), None)
     if place is None and by_zip and len(code) == 5 and code.isascii() and code.isdigit():
@@ -82,7 +82,7 @@ def list_stations(code, by_zip):
 
 
 def answer(target):
-    """The document for a request's path and query, or None when it is not one of ours."""
+    """Returns the document for a path with its query, or None if the request is invalid."""
     path, _, query = target.partition("?")
     fields = {k.lower(): v for k, v in urllib.parse.parse_qsl(query, keep_blank_values=True)}
     if path != "/GetXml.aspx" or fields.get("partnerid") != PARTNER:
@@ -114,9 +114,9 @@ class Handler(http.server.BaseHTTPRequestHandler):
 
 def main():
     parser = argparse.ArgumentParser(description="Serves the demonstration feed on 127.0.0.1.")
-    parser.add_argument("--port", type=int, default=0, help="0, the default, takes a free one")
-    parser.add_argument("--port-file", help="where the port's number is written once it listens")
-    parser.add_argument("--log", help="file for the requests; standard output by default")
+    parser.add_argument("--port", type=int, default=0, help="0, the default, selects a free port")
+    parser.add_argument("--port-file", help="file for the port number, written when the server is ready")
+    parser.add_argument("--log", help="file for the request log, standard output by default")
     options = parser.parse_args()
     server = http.server.ThreadingHTTPServer(("127.0.0.1", options.port), Handler)
     server.log = open(options.log, "a", encoding="utf-8") if options.log else sys.stdout

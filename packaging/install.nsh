@@ -1,4 +1,4 @@
-; What the installer does.
+; The steps of the installer.
 
 Function RefuseWithoutRights
   SetErrorLevel ${EXIT_NEEDS_ADMINISTRATOR}
@@ -28,7 +28,7 @@ FunctionEnd
 
 Function StartProgram
   ${If} $AllUsers = 1
-    ; By way of the shell, so that the program does not run with the installer's rights.
+    ; Started by the shell, so that the program does not get the installer's administrator rights.
     Exec '"$WINDIR\explorer.exe" "$INSTDIR\${PROGRAM}"'
   ${Else}
     Exec '"$INSTDIR\${PROGRAM}"'
@@ -52,8 +52,8 @@ Section "${PRODUCT}"
   SectionIn RO
   !insertmacro TakeUsersContext
   Call CloseRunning
-  ; Taken away first: the program renews its copies of a folder that has changed since, and writing
-  ; over files alone does not change a folder.
+  ; Deleted first: the program updates a user's copies if the time of the source folder has changed, and
+  ; overwriting files does not change it.
   ${If} ${FileExists} "$INSTDIR\${PROGRAM}"
     !insertmacro DeleteShipped "$INSTDIR"
   ${EndIf}
@@ -63,13 +63,13 @@ Section "${PRODUCT}"
   Call WriteUninstallEntry
 SectionEnd
 
-; The same as the box of the Options dialog, in both places that it writes.
+; Writes the same two values as the check box in the Options dialog.
 Section /o "Start with Windows" StartWithWindows
   WriteRegStr HKCU "${RUN_KEY}" "${RUN_VALUE}" '"$INSTDIR\${PROGRAM}"'
   WriteRegStr HKCU "${SETTINGS_KEY}\Options" "StartWithWindows" "True"
 SectionEnd
 
-; Whoever watched before goes on watching, also where nobody sits in front of the installer.
+; A silent update starts the program again if it was running.
 Section -StartAgain
   ${If} ${Silent}
   ${AndIf} $WasRunning = 1
@@ -79,15 +79,15 @@ SectionEnd
 
 !define DIRECTORY_BOX 1019
 
-; A folder that other things lie in gets one of ours. One with our name may hold the settings that a copy
-; removed from it has left.
+; If the chosen folder contains other files, the program goes into a subfolder. A folder with the
+; program's name is used as it is: it may contain the settings of a copy that was removed.
 Function LeaveFolderPage
   ${DirState} "$INSTDIR" $0
   ${GetFileName} "$INSTDIR" $1
-  ${If} $0 = 1  ; there, and not empty
+  ${If} $0 = 1  ; exists and is not empty
   ${AndIf} $1 != "${PRODUCT}"
   ${AndIfNot} ${FileExists} "$INSTDIR\${PROGRAM}"
-    ; The page reads its box once more after this.
+    ; The page reads its edit box again after this function.
     FindWindow $0 "#32770" "" $HWNDPARENT
     GetDlgItem $0 $0 ${DIRECTORY_BOX}
     SendMessage $0 ${WM_SETTEXT} 0 "STR:$INSTDIR\${PRODUCT}"
@@ -104,8 +104,8 @@ Function ReadStartSwitch
   ClearErrors
 FunctionEnd
 
-; Windows asks for the administrator; the installer that it starts goes on from here. The error flag is
-; set when it was not started: declined, or this one was started so already and has no rights all the same.
+; Starts the installer again with administrator rights, for which Windows asks the user. Sets the error
+; flag if it was not started: the user declined, or this copy was started that way and still has no rights.
 Function StartElevated
   ${GetParameters} $0
   ClearErrors

@@ -1,13 +1,13 @@
-; A copy that runs: seen by the mutex it holds, or by its window while it starts; asked to end as the
-; task manager asks.
+; Finds a running copy by its mutex, or by its window while it starts, and closes it with WM_CLOSE, as the
+; task manager does.
 !define MUTEX "SkyvaneAlerts"
 !define TRAY_CLASS "SkyvaneAlertsTray"
-; Turns of 100 ms: until a copy has ended, and until its files are free.
+; Limits in steps of 100 ms: until a copy has exited, and until its files can be written.
 !define TURNS_TO_END 150
 !define TURNS_TO_FREE 50
 
 !macro RunningFunctions Un
-  ; $0: the window, or another number but 0 when there is only the mutex; 0 when none runs.
+  ; Returns in $0 the window, another value than 0 if there is only the mutex, or 0 if no copy is running.
   Function ${Un}FindRunning
     FindWindow $0 "${TRAY_CLASS}"
     ${If} $0 = 0
@@ -18,7 +18,8 @@
     ${EndIf}
   FunctionEnd
 
-  ; Waits until the file named on the stack can be written. $0: 0 when it can, or is not there.
+  ; Waits until the file whose path is on the stack can be written. Returns in $0 0 if it can or does not
+  ; exist, otherwise 1.
   Function ${Un}WaitUntilFree
     Exch $1
     Push $2
@@ -49,8 +50,8 @@
     Quit
   FunctionEnd
 
-  ; Ends a running copy: a person is asked first. Gives up, and ends itself, when the copy does not end.
-  ; $WasRunning: 1 when one was ended.
+  ; Closes a running copy; asks the user first, unless silent. Quits if the copy does not exit. Sets
+  ; $WasRunning to 1 if a copy was closed.
   Function ${Un}CloseRunning
     StrCpy $WasRunning 0
     Call ${Un}FindRunning

@@ -1,7 +1,7 @@
-; The installer. packaging/make names VERSION, KILOBYTES, FILE_LIST, ICONS and OUT.
+; The installer. packaging/make defines VERSION, KILOBYTES, FILE_LIST, ICONS and OUT.
 ; Switches: /S /CurrentUser /AllUsers /StartWithWindows, and /D=folder as the last one, without quotes.
-; Exit codes beside 0: 1 cancelled, 2 a file could not be written, 32 the program's files are in use,
-; 740 /AllUsers /S without administrator rights.
+; Exit codes: 0 success, 1 cancelled, 2 a file could not be written, 32 the program's files are in use,
+; 740 administrator rights are missing.
 
 Unicode true
 !define PRODUCT "Skyvane Alerts"
@@ -36,7 +36,7 @@ VIAddVersionKey "LegalCopyright" "${PUBLISHER}"
 !include "LogicLib.nsh"
 !include "${FILE_LIST}"
 
-Var AllUsers  ; 1 when the program is installed for everyone, otherwise 0
+Var AllUsers  ; 1 if the program is installed for everyone, otherwise 0
 
 !include "running.nsh"
 !include "users.nsh"

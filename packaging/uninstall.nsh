@@ -1,5 +1,5 @@
-; What the uninstaller does. It takes away what the program and its installer have put there, by name;
-; only what a person has made of it, settings and stations, is asked for.
+; The steps of the uninstaller. It deletes only the files and values that the program and its installer
+; have created, by name, and asks before it deletes settings and stations.
 
 Function un.onInit
   StrCpy $AllUsers 0
@@ -19,8 +19,7 @@ Function un.onInit
   ${EndIf}
 FunctionEnd
 
-; Another copy, in another folder, keeps its entries in the start menu and in the list of programs, and its
-; start with Windows.
+; The entries in the Start menu and in the list of programs, unless they belong to a copy in another folder.
 Function un.RemoveEntries
   !insertmacro TakeUsersContext
   ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" "InstallLocation"
@@ -42,10 +41,10 @@ Function un.RemoveRunValue
   ${EndIf}
 FunctionEnd
 
-Var StationsToo  ; 1 when a person has said so
+Var StationsToo  ; 1 if the user agreed to delete the settings and stations
 
-; The data folder $0 of one user: the program's copies and the page that it makes, and the stations when
-; they go too. What a person has put beside them stays.
+; Deletes from the user data folder $0 the program's copies, the page it creates and, if requested, the
+; stations. Files of the user remain.
 Function un.RemoveUserFolder
   Delete "$0\HTML\CitySearch.html"
   Delete "$0\HTML\CitySearch.html.new"
@@ -77,7 +76,7 @@ Function un.RemoveSettings
   DeleteRegKey /ifempty HKCU "${SETTINGS_PARENT}"
   FindFirst $1 $2 "$INSTDIR\*.ini"
   ${DoWhile} $2 != ""
-    ReadINIStr $0 "$INSTDIR\$2" "Misc" "UseINI"  ; the program writes it into each of its own
+    ReadINIStr $0 "$INSTDIR\$2" "Misc" "UseINI"  ; only INI files of the program have this value
     ${If} $0 != ""
       Delete "$INSTDIR\$2"
     ${EndIf}
@@ -91,7 +90,7 @@ Section "un.Program"
   Call un.RemoveEntries
   Call un.RemoveRunValue
   !insertmacro DeleteShipped "$INSTDIR"
-  ; Left by a check for a new version that failed.
+  ; Files of a failed check for a new version.
   Delete "$INSTDIR\che.sk"
   Delete "$INSTDIR\chet.sk"
   Delete "$INSTDIR\Uninstall.exe"

@@ -1,4 +1,4 @@
-; For whom the program is installed: for the current user, which needs no rights, or for everyone.
+; The choice between installing for the current user, which needs no rights, and for everyone.
 
 !macro TakeUsersContext
   ${If} $AllUsers = 1
@@ -8,7 +8,7 @@
   ${EndIf}
 !macroend
 
-; $0: 1 with administrator rights in hand.
+; Sets $0 to 1 if the installer has administrator rights, otherwise to 0.
 !macro AskForRights
   UserInfo::GetAccountType
   Pop $0
@@ -19,7 +19,7 @@
   ${EndIf}
 !macroend
 
-Var AllUsersAsked  ; 1 when a switch has settled it, so that the page is not shown
+Var AllUsersAsked  ; 1 if a switch has made the choice, so that the page is not shown
 
 Function ReadUsersSwitch
   ${GetParameters} $0
@@ -38,7 +38,7 @@ Function ReadUsersSwitch
   ClearErrors
 FunctionEnd
 
-; With no switch the copy that is there is renewed, the user's own before that of everyone.
+; Without a switch, the existing copy is updated, the user's own copy before the one for everyone.
 Function ChooseUsers
   StrCpy $AllUsers 0
   StrCpy $AllUsersAsked 0
@@ -51,9 +51,9 @@ Function ChooseUsers
   Call ReadUsersSwitch
 FunctionEnd
 
-Var NamedFolder  ; by /D=, or empty
+Var NamedFolder  ; from /D=, or empty
 
-; The named folder, that of the copy that is there, or the usual one.
+; Sets $INSTDIR to the named folder, else to that of the existing copy, else to the default.
 Function ChooseFolder
   !insertmacro TakeUsersContext
   ${If} $NamedFolder != ""

@@ -1,9 +1,9 @@
 #!/bin/bash
-# Usage: demo.sh [--live], from run, under tools/desktop.sh and in the project's folder.
-# Starts the program staged in build/demo/program and shows what it retrieves. With --live the live
-# feed is asked; otherwise the demonstration feed, which is served meanwhile. Stays until the program
-# ends when STAY is set.
+# Usage: demo.sh [--live]. Called by run, under tools/desktop.sh, in the project's root folder.
+# Starts the program in build/demo/program and prints what it retrieves: from the live feed with --live,
+# otherwise from the demonstration feed, which it serves. If STAY is set, waits until the program exits.
 set -euo pipefail
+source tools/wait-until.sh
 demo=build/demo
 user=$(id -un)
 ini=$demo/program/$user.ini
@@ -11,17 +11,8 @@ server=
 trap 'if [ -n "$server" ]; then kill "$server" 2>/dev/null || true; fi' EXIT
 trap 'exit 130' INT TERM HUP
 
-# wait_until SECONDS COMMAND...
-wait_until() {
-    local deadline=$((SECONDS + $1))
-    shift
-    until "$@" >/dev/null 2>&1; do
-        [ $SECONDS -lt $deadline ] || return 1
-        sleep 0.1
-    done
-}
 has_retrieved() { grep -qi '^LastUpdated=.' "$ini"; }
-# The balloon is the shell's one window of more than a bar's height.
+# The balloon is the shell's only window that is taller than a bar.
 has_balloon() { xwininfo -root -tree | grep -qE '"explorer.exe"\) +[0-9]{3}x([4-9][0-9]|[0-9]{3})\+'; }
 read_ini() { sed -n "s/^$1=\(.*[^[:cntrl:]]\)[[:cntrl:]]*\$/\1/Ip" "$ini" | head -n 1; }
 
@@ -41,14 +32,14 @@ SHOWFILTEREDWORDS=False
 RUNS=1
 TEXT
     } | sed 's/$/\r/' >"$ini"
-    local blanks second
-    blanks=$(printf '%100s' '')
-    # The second place is abroad in the demonstration; the live feed knows the United States alone.
-    second="Halifax, Canada (Halifax Middle School)${blanks}HA1050***059105***44.6620***-63.5910"
-    [ -n "$1" ] || second="Norman, Oklahoma (Norman Middle School)${blanks}NO0690***73069***35.2320***-97.4610"
+    local spaces second
+    spaces=$(printf '%100s' '')
+    # The demonstration feed has a place abroad; the live feed covers only the United States.
+    second="Halifax, Canada (Halifax Middle School)${spaces}HA1050***059105***44.6620***-63.5910"
+    [ -n "$1" ] || second="Norman, Oklahoma (Norman Middle School)${spaces}NO0690***73069***35.2320***-97.4610"
     mkdir -p "$demo/program/Users/$user"
     printf '%s\r\n' \
-        "Lawrence, Kansas (Lawrence Middle School)${blanks}LA0440***66044***38.9820***-95.2610" \
+        "Lawrence, Kansas (Lawrence Middle School)${spaces}LA0440***66044***38.9820***-95.2610" \
         "$second" \
         >"$demo/program/Users/$user/CityCode.cmb"
 }
@@ -64,7 +55,7 @@ if [ "${1:-}" != --live ]; then
 fi
 write_settings "$feed"
 
-# Asks the live feed once, as the program will; within seconds it answers from what is kept.
+# Sends the request that the program will send; the program then gets the cached answer.
 can_reach_live_feed() {
     local folder=$demo/program
     (cd "$folder" && wine dl.exe "nws://api.weather.gov/GetXml.aspx?partnerid=7e3a90d4&requesttype=6&ZipCode=66044|live.xml|live.txt") || true
@@ -81,9 +72,9 @@ wine "$demo/program/SVAlerts.exe" -i >"$demo/program.log" 2>&1 &
 program=$!
 wait_until 90 has_retrieved || {
     if ! kill -0 "$program" 2>/dev/null; then
-        echo "The program ended." >&2
+        echo "The program exited." >&2
     else
-        echo "No retrieval within 90 seconds from ${feed:-the live feed: is it within reach?}" >&2
+        echo "No alerts were retrieved within 90 seconds from ${feed:-the live feed}." >&2
     fi
     cat "$demo/program.log" "$demo/requests.log" >&2 2>/dev/null || true
     exit 1
@@ -95,11 +86,11 @@ for ((n = 1; n <= ${count:-0}; n++)); do
     printf '  %d. %s (station %s, %s)\n     %.110s...\n' "$n" "$(read_ini "Title$n")" "$(read_ini "ZipCode$n")" \
         "$(read_ini "Id$n")" "$(read_ini "Body$n")"
 done
-if [ "${count:-0}" != 0 ]; then wait_until 15 has_balloon || echo "No balloon was seen."; fi
+if [ "${count:-0}" != 0 ]; then wait_until 15 has_balloon || echo "No balloon appeared."; fi
 import -window root "$demo/screenshot.png"
-echo "The screen with icon and balloon: $PWD/$demo/screenshot.png"
+echo "Screenshot with the icon and the balloon: $PWD/$demo/screenshot.png"
 
 if [ -n "${STAY:-}" ]; then
-    echo "The program is in your taskbar's notification area; choose Exit in its menu, or press Ctrl+C here."
+    echo "The program is running in the notification area. Choose Exit in its menu, or press Ctrl+C here."
     wait "$program" || true
 fi

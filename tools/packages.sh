@@ -1,31 +1,29 @@
-# Sourced. The Debian packages that building, testing and running need, in one place.
-# An entry NAME=WHAT is not asked for where that command, or the file of that path, is there already.
+# Sourced. The Debian packages required to build, test and run the program.
+# An entry NAME=WHAT is not required if the command WHAT, or the file of that path, exists already.
 
-# building the product for 32-bit Windows
+# build for 32-bit Windows
 packages=(g++-mingw-w64-i686-posix cmake ninja-build git ca-certificates)
-# building the rules for this machine, under the sanitizers and by the fuzzer
+# build of the portable code for this machine, with sanitizers and fuzzers
 packages+=(g++ clang)
 compgen -G '/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a' >/dev/null ||
     packages+=(libclang-rt-dev)
-# the tests' framework, as sources; the downloader's JSON reader; the places' names and positions
+# test framework (sources), JSON reader of the downloader, positions of places
 packages+=(googletest rapidjson-dev weather-util-data)
-# running Windows programs; the i386 library, which some releases have under a longer name, gives them
-# https
+# running Windows programs; the i386 library, which has a longer name in some releases, provides https
 packages+=(wine wine32:i386 libgnutls30:i386=/usr/lib/i386-linux-gnu/libgnutls.so.30)
-# a screen nobody sees, its taskbar with a notification area, clicks, keyboards, pictures, window lists,
-# fonts
+# virtual display, taskbar with a notification area, mouse and keyboard, screenshots, window lists, fonts
 packages+=(xvfb icewm xdotool x11-xkb-utils imagemagick x11-utils fonts-liberation fonts-dejavu-core)
-# the desktop tests, the demonstration feed
+# desktop tests, demonstration feed
 packages+=(python3 python3-pytest)
-# form and faults of the C++ code
+# format and static analysis of the C++ code
 packages+=(clang-format clang-tidy)
-# the help page, from docs/help.md
+# help page
 packages+=(cmark-gfm)
-# putting the map page together
+# map page
 packages+=(nodejs=node npm=npm)
-# the installer and the archive
+# installer and archive
 packages+=(nsis zip)
-# the browser in which the map page is tested; Ubuntu's package only points to another package system
+# browser for the tests of the map page; Ubuntu's package only installs a snap
 if grep -qs '^ID=ubuntu' /etc/os-release; then
     leftOutPackages=(chromium)
 else

@@ -1,15 +1,15 @@
 #!/bin/bash
 # Usage: screens.sh NUMBER COMMAND...
 #
-# Runs a ctest COMMAND with several screens, so that tests which need one run side by side:
+# Runs a ctest COMMAND with several screens, so that tests which need one can run in parallel:
 #   tools/screens.sh 2 ctest --preset i686 -j 2
-# Each screen is one of tools/desktop.sh, with a Wine prefix of its own: build/wine, build/wine2, ...
-# ctest gives each test a screen that is free, and tools/on-screen.sh takes the test there.
+# Each screen is a session of tools/desktop.sh with its own Wine prefix: build/wine, build/wine2, ...
+# ctest assigns a free screen to each test, and tools/on-screen.sh runs the test on it.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 count=$1
 shift
-# Each screen's environment is in NUMBER.env.
+# NUMBER.env holds the environment of each screen.
 export SKYVANE_SCREENS=$root/build/screens
 mkdir -p "$SKYVANE_SCREENS"
 rm -f "$SKYVANE_SCREENS"/*
@@ -45,7 +45,7 @@ done
 list=$(IFS=,; echo "${ids[*]}")
 echo "{\"version\": {\"major\": 1, \"minor\": 0}, \"local\": [{\"screens\": [$list]}]}" >"$SKYVANE_SCREENS/screens.json"
 
-# In the background, so that a signal is answered at once.
+# In the background, so that signals are handled immediately.
 "$@" --resource-spec-file "$SKYVANE_SCREENS/screens.json" &
 command=$!
 status=0

@@ -1,5 +1,5 @@
 #!/bin/bash
-# Installs the packages of packages.sh that are missing; does nothing, quickly, when none is.
+# Installs the packages of packages.sh that are missing.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/packages.sh"
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -18,7 +18,7 @@ list_missing() {
     done
 }
 
-# As root directly, otherwise by sudo, which may ask for the password unless this is a CI machine.
+# Runs a command as root, if needed with sudo, which may ask for the password except on a CI machine.
 as_root() {
     if [ "$(id -u)" = 0 ]; then
         env DEBIAN_FRONTEND=noninteractive "$@" </dev/null
@@ -32,7 +32,7 @@ as_root() {
     fi
 }
 
-# The package manager tells several lines for each of hundreds of packages: the log takes them.
+# The package manager prints several lines for each of hundreds of packages: they go to a log.
 run_logged() { "$@" >>"$root/$log" 2>&1; }
 install_packages() {
     run_logged as_root apt-get install -y -q --no-install-recommends -o DPkg::Lock::Timeout=300 "$@"
@@ -40,7 +40,7 @@ install_packages() {
 
 mapfile -t missing < <(list_missing)
 for name in "${leftOutPackages[@]}"; do
-    command -v "$name" >/dev/null || echo "$name is left out here: what needs it is skipped, and says so."
+    command -v "$name" >/dev/null || echo "$name is not installed here; the tests that need it are skipped."
 done
 [ ${#missing[@]} -gt 0 ] || exit 0
 
@@ -49,28 +49,28 @@ if ! command -v apt-get >/dev/null; then
     exit 1
 fi
 echo "Missing: ${missing[*]}"
-# The password is asked for here, where it is seen, and a refusal ends it before anything is tried.
+# Asks for the password here, where the prompt is visible, and stops if it is refused.
 as_root true
 mkdir -p "$root/build"
 : >"$root/$log"
-echo "Installing them and what they need; the first time this takes minutes. $log tells how far it is."
+echo "Installing them with their dependencies, which can take minutes. The log is $log."
 dpkg --print-foreign-architectures | grep -qx i386 || as_root dpkg --add-architecture i386
 run_logged as_root apt-get update -q ||
-    echo "Some package lists could not be renewed; going on with what there is."
-# Some distributions have this one only as part of clang.
+    echo "Some package lists could not be updated; continuing with the existing ones."
+# In some distributions this one is part of clang.
 if ! apt-cache show libclang-rt-dev >/dev/null 2>&1; then
     mapfile -t missing < <(printf '%s\n' "${missing[@]}" | grep -vx libclang-rt-dev)
 fi
-# When the lists of the two architectures are out of step, only the release's own versions match.
-# Ubuntu gives the code name to its updates, too, and tells them apart by the archive.
+# If the package lists of the two architectures are out of step, only the versions of the release itself
+# match. On Ubuntu the code name also selects the updates, so the archive name is needed.
 release=$(. /etc/os-release && echo "${VERSION_CODENAME:-}")
 pocket=$release
 if grep -qs '^ID=ubuntu' /etc/os-release; then pocket=a=$release; fi
 install_packages "${missing[@]}" || {
-    echo "Trying again with the versions of $release alone."
+    echo "Trying again with the versions of $release only."
     install_packages -t "$pocket" "${missing[@]}" || {
         grep -E '^(W|E|dpkg: error.*): |^sudo: ' "$root/$log" | awk '!seen[$0]++' | head -n 12 >&2 || true
-        echo "The packages could not be installed; $log tells all." >&2
+        echo "The packages could not be installed; see $log." >&2
         exit 1
     }
 }

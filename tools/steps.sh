@@ -1,4 +1,4 @@
-# Sourced by run and test: numbered steps, and an end that names the step that failed.
+# Sourced by run, test and package: numbered steps, and a final message that names the failed step.
 # The caller sets stepCount.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -22,7 +22,7 @@ name_failed_step() {
 }
 trap name_failed_step EXIT
 
-# Runs a command that takes long so that a signal ends it at once, and all that it started.
+# Runs a long command so that a signal ends it, and all that it started, immediately.
 child=
 run_long() {
     "$@" <&0 &
@@ -41,7 +41,7 @@ stop() {
 }
 trap stop INT TERM HUP
 
-# Builds a preset of CMakePresets.json; configures it when that has not been done.
+# Builds a preset of CMakePresets.json and configures it first if needed.
 build_preset() {
     if [ ! -e "build/$1/build.ninja" ]; then cmake --preset "$1"; fi
     cmake --build --preset "$1"
