@@ -3,7 +3,7 @@
 
 namespace bench {
 
-// The system's performance counter, in milliseconds.
+// Returns the system's performance counter in milliseconds.
 inline double Milliseconds() {
     LARGE_INTEGER now;
     LARGE_INTEGER perSecond;

@@ -1,18 +1,20 @@
-"""Reading feed documents and making them."""
+"""Reading and creating feed documents."""
 
 import copy
 import json
 import statistics
 import subprocess
 
-from places import PRODUCT, PROGRAMS, ROOT, SCRATCH, windows_path
+from paths import PRODUCT, PROGRAMS, ROOT, SCRATCH
 from report import compare, print_line
+
+from stores import windows_path
 
 
 def measure_parse(stopwatch, feed):
-    """The cost of one more alert between two lengths of document, so that what every document costs
-    (the XML library's start, reading and replacing the store) is not in it. By the minima: nothing
-    makes a run quicker than it is, and the differences are small beside a busy machine's delays."""
+    """The cost of one more alert, from the difference between two document lengths, which excludes the fixed
+    costs (starting the XML library, reading and replacing the store). Uses the minima: the differences are
+    small compared to delays caused by other load, which never shorten a run."""
     for store in ("ini", "registry"):
         lines = subprocess.run(["wine", str(PROGRAMS / "parseBench.exe"), store], check=True,
                                stdout=subprocess.PIPE, text=True).stdout.split("\n")
@@ -33,8 +35,8 @@ def measure_parse(stopwatch, feed):
 
 
 def make_answer(count, size):
-    """An answer of the Weather Service with so many alerts in force, about so many bytes long, its features
-    made of recorded ones."""
+    """Returns an answer of the Weather Service with `count` alerts in force and about `size` bytes, built from
+    recorded alerts."""
     recorded = json.loads((ROOT / "tests/downloader/recorded/alerts-with-test-8.json").read_bytes())
     features = []
     for number in range(count):
@@ -52,18 +54,18 @@ def make_answer(count, size):
 
 
 def measure_live(stopwatch, feed):
-    """The live source's longest answer to the finished document, against parsing its JSON alone, and the
-    memory it takes beside the answer."""
+    """Converting the live feed's longest answer, and the memory needed for it; the baseline only parses the
+    JSON."""
     file = SCRATCH / "alerts.json"
     file.write_bytes(make_answer(529, 1_700_000))
     *rounds, memory, look_up = subprocess.run(
         ["wine", str(PROGRAMS / "nwsBench.exe"), windows_path(file), windows_path(PRODUCT / "places.dat")],
         check=True, stdout=subprocess.PIPE, text=True).stdout.strip().split("\n")
     made, parsed = zip(*(map(float, line.split()) for line in rounds))
-    compare("live: 529 alerts, 1.7 MB, to the document", made, parsed, "ms", 3)
+    compare("live: converting 529 alerts, 1.7 MB", made, parsed, "ms", 3)
     size, peak = map(int, memory.split())
     peak += size  # the answer itself
-    print_line("live: memory for it", f"{peak / 1e6:.2f} MB", f"{size / 1e6:.2f} MB", f"{peak / size:.2f}", "<= 8",
+    print_line("live: memory needed", f"{peak / 1e6:.2f} MB", f"{size / 1e6:.2f} MB", f"{peak / size:.2f}", "<= 8",
                peak <= 8 * size)
-    print_line("live: slowest of the look-ups of a place", f"{float(look_up):.2f} ms", "", "", "<= 5 ms",
+    print_line("live: slowest look-up of a place", f"{float(look_up):.2f} ms", "", "", "<= 5 ms",
                float(look_up) <= 5)

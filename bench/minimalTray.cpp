@@ -1,5 +1,4 @@
-// The least that a tray program can be: a window, an icon, a message loop. What the product's start
-// and memory are measured against.
+// A minimal tray program: a window, an icon, a message loop. The baseline for start and memory.
 #include <windows.h>
 #include <shellapi.h>
 

@@ -1,5 +1,5 @@
-// Parses and stores feed documents of 0, 10, 100 and 1,000 alerts in the store that its argument
-// names (ini or registry), each time with a fresh one. Prints a line per run: alerts, milliseconds.
+// Parses feed documents of 0, 10, 100 and 1,000 alerts and stores them in an empty store of the
+// given kind (ini or registry). Prints a line per run: alerts, milliseconds.
 #include <windows.h>
 
 #include <cstdio>
@@ -16,7 +16,7 @@
 
 namespace {
 
-// A document of so many alerts, each with an identifier of its own and a body of about 400 bytes.
+// Returns a document with alerts with different identifiers and bodies of about 400 bytes.
 std::string MakeDocument(int alerts) {
     std::string text = "<aws:weather xmlns:aws=\"http://www.aws.com/aws\"><aws:alerts>";
     for (int i = 0; i < alerts; ++i) {
@@ -61,8 +61,8 @@ int main(int count, char** arguments) {
     settings::IniUserName = ini ? "bench" : "";
     constexpr int sizes[] = {0, 10, 100, 1000};
     for (const int size : sizes) win::ReplaceFileWhole(DocumentPath(size), MakeDocument(size));
-    // The sizes take turns, so that a busy moment of the machine falls on all of them; the small
-    // ones more often, since less of them rises above its noise.
+    // The sizes alternate so that other load affects all of them. Small ones run more often because
+    // noise affects them more.
     constexpr int rounds = 15;
     for (int round = -1; round < rounds; ++round) {
         for (const int size : sizes) {

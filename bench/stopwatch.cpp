@@ -1,9 +1,8 @@
-// The clock beside the programs that are measured: takes commands from its standard input, one a
-// line, its fields apart by tabs, and answers each with one line, "failed" when the step did not
-// come to its end.
-//   start  PROGRAM  ARGUMENTS         starts it; milliseconds until its icon stands
-//   end    WINDOW-CLASS               closes the started program and waits for its end
-//   fetch  DL  FOLDER  ADDRESS...     dl.exe once per address, one after another; milliseconds
+// Starts, drives and times programs inside Wine. Reads commands from standard input, one per line
+// with fields separated by tabs, and answers each with a line: milliseconds, or "failed".
+//   start  PROGRAM  ARGUMENTS         starts the program; the time until its icon appears
+//   end    WINDOW-CLASS               closes the started program and waits until it exits
+//   fetch  DL  FOLDER  ADDRESS...     runs dl.exe for each address in turn
 //   post   WINDOW-CLASS  COMMAND      posts a menu command to the window
 #include <windows.h>
 
@@ -13,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/Stopwatch.h"
 #include "tests/TrayIconWindow.h"
 #include "win/Files.h"
 #include "win/Handle.h"
@@ -20,24 +20,16 @@
 
 namespace {
 
-constexpr double kDeadline = 20000;  // milliseconds; then a start or an end has failed
+constexpr double kTimeout = 20000;  // milliseconds for a start or an end
 
-double Now() {
-    LARGE_INTEGER ticks;
-    LARGE_INTEGER perSecond;
-    QueryPerformanceCounter(&ticks);
-    QueryPerformanceFrequency(&perSecond);
-    return 1000.0 * static_cast<double>(ticks.QuadPart) / static_cast<double>(perSecond.QuadPart);
-}
-
-// Milliseconds from `began` until the condition holds, looked at every 2 ms; -1 at the deadline.
+// Polls the condition every 2 ms. Returns the milliseconds since `began`, or -1 after the timeout.
 template <class Condition>
 double TimeUntil(double began, Condition holds) {
     while (!holds()) {
-        if (Now() - began > kDeadline) return -1;
+        if (bench::Milliseconds() - began > kTimeout) return -1;
         Sleep(2);
     }
-    return Now() - began;
+    return bench::Milliseconds() - began;
 }
 
 win::KernelHandle Launch(const std::string& program, const std::string& arguments) {
@@ -54,38 +46,38 @@ win::KernelHandle Launch(const std::string& program, const std::string& argument
 
 win::KernelHandle started;
 
-bool IconStands() {
+bool IsIconShown() {
     return std::ranges::any_of(tests::kTrayIconClasses, [](const std::string& name) {
         return FindWindowA(name.c_str(), nullptr) != nullptr;
     });
 }
 
 double Start(const std::string& program, const std::string& arguments) {
-    if (IconStands()) return -1;  // left over from another program
-    const double began = Now();
+    if (IsIconShown()) return -1;  // of another program
+    const double began = bench::Milliseconds();
     started = Launch(program, arguments);
-    return started ? TimeUntil(began, IconStands) : -1;
+    return started ? TimeUntil(began, IsIconShown) : -1;
 }
 
 double End(const std::string& windowClass) {
-    const double began = Now();
+    const double began = bench::Milliseconds();
     PostMessageA(FindWindowA(windowClass.c_str(), nullptr), WM_CLOSE, 0, 0);
     return TimeUntil(began, [] {
-        return WaitForSingleObject(started.Get(), 0) == WAIT_OBJECT_0 && !IconStands();
+        return WaitForSingleObject(started.Get(), 0) == WAIT_OBJECT_0 && !IsIconShown();
     });
 }
 
 double Fetch(const std::string& dl, const std::string& folder,
              const std::vector<std::string>& addresses) {
-    const std::string data = folder + "\\floor.data";
-    const std::string status = folder + "\\floor.status";
-    const double began = Now();
+    const std::string data = folder + "\\baseline.data";
+    const std::string status = folder + "\\baseline.status";
+    const double began = bench::Milliseconds();
     for (const std::string& address : addresses) {
         const win::KernelHandle process = Launch(dl, address + "|" + data + "|" + status);
         if (!process || WaitForSingleObject(process.Get(), INFINITE) != WAIT_OBJECT_0) return -1;
         if (win::ReadWholeFile(status) != "0") return -1;
     }
-    return Now() - began;
+    return bench::Milliseconds() - began;
 }
 
 bool Post(const std::string& windowClass, const std::string& command) {

@@ -4,40 +4,44 @@ import datetime
 import subprocess
 import sys
 
-from places import FOLDER, INI, PROGRAM, PROGRAMS, TRAY_CLASS, windows_path
+from paths import FOLDER, INI, PROGRAM, PROGRAMS
+
+from harness import TRAY_CLASS, station_line
+from stores import IniStore, windows_path
 
 
 class Stopwatch:
-    """stopwatch.exe, which starts, drives and times the programs from inside Wine."""
+    """The process stopwatch.exe, which starts, drives and times programs inside Wine."""
 
     def __init__(self):
         self.process = subprocess.Popen(
             ["wine", str(PROGRAMS / "stopwatch.exe")],
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
 
-    def ask(self, *fields):
-        """The answer in milliseconds, None when the step failed."""
+    def try_command(self, *fields):
+        """Returns the result in milliseconds, or None if the command failed."""
         self.process.stdin.write("\t".join(map(str, fields)) + "\n")
         self.process.stdin.flush()
         answer = self.process.stdout.readline().strip()
         return None if answer == "failed" else float(answer)
 
-    def must(self, *fields):
-        answer = self.ask(*fields)
+    def command(self, *fields):
+        """Returns the result in milliseconds; ends the measurement if the command failed."""
+        answer = self.try_command(*fields)
         if answer is None:
             sys.exit(f"bench/run: failed: {' '.join(map(str, fields))[:200]}")
         return answer
 
     def start(self, path, window):
-        # Wine's shell loses an icon now and then, in some hundred starts, of whatever program.
-        if (began := self.ask("start", windows_path(path), "-id")) is None:
-            print(f"    (the icon of {path.name} did not come; started again)", flush=True)
+        # Once in some hundred starts, Wine's shell loses the icon, of any program.
+        if (elapsed := self.try_command("start", windows_path(path), "-id")) is None:
+            print(f"    (the icon of {path.name} did not appear; the program was started again)", flush=True)
             self.end(window)
-            began = self.must("start", windows_path(path), "-id")
-        return began
+            elapsed = self.command("start", windows_path(path), "-id")
+        return elapsed
 
     def end(self, window):
-        self.must("end", window)
+        self.command("end", window)
 
     def start_program(self):
         return self.start(PROGRAM, TRAY_CLASS)
@@ -47,22 +51,22 @@ class Stopwatch:
 
 
 def write_store(feed, codes):
-    """A fresh store that the program finds settled, with these stations."""
+    """Replaces the program's settings and stations, as if it had been used before."""
     day = datetime.date.today() - datetime.timedelta(days=1)
-    INI.write_text(
-        f"[Hosts]\r\nFEED={feed.url()}\r\n[Options]\r\nSTOREFILESINPROGRAMFOLDER=True\r\n"
-        "AUTOUPDATEINTERVAL=Never\r\nRETRIEVEALERTSONSTARTUP=False\r\nDISPLAYTRAYALERT=False\r\n"
-        "FLASHTRAYICON=False\r\n[Misc]\r\nRUNS=1\r\n"
-        f"LASTUPDATED={day.month}/{day.day}/{day.year} 4:12:10 PM\r\n", newline="")
+    INI.unlink(missing_ok=True)
+    IniStore(INI).write({
+        "Hosts": {"Feed": feed.address},
+        "Options": {"StoreFilesInProgramFolder": "True", "AutoUpdateInterval": "Never",
+                    "RetrieveAlertsOnStartup": "False", "DisplayTrayAlert": "False", "FlashTrayIcon": "False"},
+        "Misc": {"Runs": "1", "LastUpdated": f"{day.month}/{day.day}/{day.year} 4:12:10 PM"}})
     data = FOLDER / "Users/Default"
     data.mkdir(parents=True, exist_ok=True)
-    (data / "CityCode.cmb").write_text(
-        "".join(f"Place {c} (Station {c}){' ' * 100}S{c}***{c}***38.9820***-95.2610\r\n" for c in codes),
-        newline="")
+    (data / "CityCode.cmb").write_bytes(
+        b"".join(station_line(f"Place {code} (Station {code})", code) + b"\r\n" for code in codes))
 
 
 def run_bench(name):
-    """What a bench program printed: for each word its figures."""
+    """Runs a bench program and returns its figures by name."""
     lines = subprocess.run(["wine", str(PROGRAMS / f"{name}.exe")], check=True, stdout=subprocess.PIPE,
                            text=True).stdout.split("\n")
     figures = {}

@@ -246,11 +246,6 @@ class Program:
         """Unix process numbers of the dl.exe that run from this folder."""
         return [number for number in processes_in(self.folder) if number != self.process.pid]
 
-    def processor_seconds(self):
-        """What the program has taken of the processor so far."""
-        fields = pathlib.Path(f"/proc/{self.process.pid}/stat").read_text().rpartition(")")[2].split()
-        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
-
     def errors(self):
         """What Wine wrote about the program."""
         return (self.folder.parent / "stderr.txt").read_text(encoding="utf-8", errors="replace")
@@ -274,6 +269,12 @@ class Program:
             with contextlib.suppress(ProcessLookupError):
                 os.kill(number, 9)
         wait_until(lambda: not self.icon(), "the icon goes")
+
+
+def processor_seconds(process):
+    """Returns the processor time that the process has used."""
+    fields = pathlib.Path(f"/proc/{process}/stat").read_text().rpartition(")")[2].split()
+    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
 
 def processes(matches):

@@ -5,7 +5,7 @@ import time
 
 import pytest
 from dialog import Dialog
-from harness import TRAY_CLASS, stays, wait_until
+from harness import TRAY_CLASS, processor_seconds, stays, wait_until
 from inside import probe
 from loopback import Held, answer
 from options_dialog import OPTIONS
@@ -176,9 +176,9 @@ def test_closing_while_a_search_waits(program, feed, temp_folder):
     # The wait continues without its downloader and uses no processor time.
     os.kill(program.downloaders()[0], 9)
     wait_until(lambda: not program.downloaders(), "the downloader ends")
-    before = program.processor_seconds()
+    before = processor_seconds(program.process.pid)
     time.sleep(2)
-    assert program.processor_seconds() - before < 0.2
+    assert processor_seconds(program.process.pid) - before < 0.2
     probe("post", TRAY_CLASS, 0x111, 111, 0)
     assert program.wait_for_end() == 0
     assert "unhandled" not in program.errors().lower()
