@@ -27,7 +27,7 @@ def temp_folder(user_folders):
 
 @pytest.fixture
 def app_data_folder(user_folders):
-    """The program's own folder in the application data; not there yet."""
+    """The program's folder in the application data, which does not exist yet."""
     folder = user_folders[1] / "SkyvaneAlerts"
     shutil.rmtree(folder, ignore_errors=True)
     yield folder
@@ -36,7 +36,7 @@ def app_data_folder(user_folders):
 
 @pytest.fixture(scope="session")
 def browser_folder(tmp_path_factory):
-    """Where the catcher lies that takes the place of the browser."""
+    """The folder of the program that is registered as the browser and records addresses."""
     folder = tmp_path_factory.mktemp("browser")
     shutil.copy(os.environ["PROBE"], folder / "probe.exe")
     command = f'"{stores.windows_path(folder / "probe.exe")}" catch "%1"'
@@ -50,7 +50,7 @@ def browser_folder(tmp_path_factory):
 
 
 class Browser:
-    """The addresses that reached the browser."""
+    """The addresses that were opened in the browser."""
 
     def __init__(self, file):
         self.file = file
@@ -81,7 +81,7 @@ def feed():
 
 @pytest.fixture
 def run_value():
-    """Asks what Windows starts the program by, or nothing."""
+    """A function that returns the command line by which Windows starts the program, or None."""
     stores.delete_registry(RUN_KEY, "SkyvaneAlerts")
     yield lambda: stores.registry_values(RUN_KEY).get("SkyvaneAlerts")
     stores.delete_registry(RUN_KEY, "SkyvaneAlerts")
@@ -89,8 +89,8 @@ def run_value():
 
 @pytest.fixture
 def make_program(tmp_path):
-    """make_program(registry=False, folder=...): the program in a folder of its own, or in one that is
-    there already; ended surely after the test."""
+    """make_program(registry=False, folder=...): the program in its own folder or in an existing one. It is
+    killed after the test."""
     made = []
 
     def make(registry=False, folder=tmp_path / "program folder"):
@@ -105,8 +105,8 @@ def make_program(tmp_path):
 
 @pytest.fixture
 def make_watcher(make_program, feed):
-    """make_watcher(*stations, registry=False, **options): a program that has been used before and
-    watches the stations, with the feed as its source."""
+    """make_watcher(*stations, registry=False, ...): a program that was used before and watches the stations,
+    with the feed as its source."""
 
     def make(*stations, registry=False, options=(), misc=()):
         program = make_program(registry)

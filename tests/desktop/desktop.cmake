@@ -1,5 +1,5 @@
-# The whole program on a desktop: each test_*.py is one test and needs a screen to itself. Run them one
-# after another under tools/desktop.sh, or side by side under tools/screens.sh.
+# Tests of the whole program on a desktop. Each test_*.py is one test and needs its own screen. Run them
+# one after another under tools/desktop.sh, or in parallel under tools/screens.sh.
 add_executable(probe WIN32 ${CMAKE_CURRENT_LIST_DIR}/probe.cpp)
 target_link_libraries(probe PRIVATE program)
 set(mapPages ${CMAKE_CURRENT_BINARY_DIR}/mapPages)
@@ -14,11 +14,11 @@ foreach(desktopTest ${desktopTests})
     TIMEOUT 300
     ENVIRONMENT "PRODUCT_DIR=${productDir};PROBE=$<TARGET_FILE:probe>;STANDIN=$<TARGET_FILE:standin>;NODE=${nodeProgram};MAP_PAGES=${mapPages};PYTHONDONTWRITEBYTECODE=1")
 endforeach()
-# These click nothing, so a busy screen is no excuse for them.
+# These do not click with the mouse, so they are not repeated when they fail.
 set_tests_properties(desktop_test_downloader desktop_test_downloader_trust desktop_test_endurance
   desktop_test_headers PROPERTIES LABELS "")
-# It may be asked for a thousand cycles.
+# It may run a thousand cycles.
 set_tests_properties(desktop_test_endurance PROPERTIES TIMEOUT 1800)
-# The longest ones start first, so that all screens are done at about the same time.
+# The longest tests start first, so that all screens finish at about the same time.
 set_tests_properties(desktop_test_options_pages desktop_test_package desktop_test_search
   desktop_test_bad_input desktop_test_cycle PROPERTIES COST 100)

@@ -10,11 +10,6 @@ PROGRAM_NAME = "Skyvane Alerts"
 DIALOG = "#32770"
 
 
-def window_with_keyboard():
-    return subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], stdout=subprocess.PIPE,
-                          stderr=subprocess.DEVNULL).stdout.decode().strip()
-
-
 def type_text(text):
     subprocess.run(["xdotool", "type", "--delay", "15", text], check=True)
 
@@ -24,7 +19,7 @@ def press(key):
 
 
 class Dialog:
-    """A window of the program by its title."""
+    """A dialog of the program, found by its title."""
 
     def __init__(self, title):
         self.title = title
@@ -49,26 +44,27 @@ class Dialog:
         click(*self.control(text).center(), **more)
 
     def click_row(self, row, times=1):
-        """Rows are counted from 0; the list must show them without scrolling."""
+        """Clicks a row, counted from 0, which must be visible without scrolling."""
         place = self.control(class_name="SysListView32")
         click(place.left + 60, place.top + 26 + 17 * row, times=times)
 
     def rows(self):
-        """What the list shows: (icon, text, ...) of each row."""
+        """Returns (icon, text, ...) for each row of the list."""
         return [tuple(fields[1:]) for fields in probe("rows", self.title)]
 
     def selected(self):
         return [n for n, fields in enumerate(probe("rows", self.title)) if fields[0]]
 
     def take_keyboard(self):
-        """Wine and the virtual screen's window manager do not always agree on who has the keyboard."""
-        def ask():
-            if window_with_keyboard() == self.title:
-                return True
-            subprocess.run(["xdotool", "search", "--name", f"^{re.escape(self.title)}$", "windowfocus"],
-                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-            return False
-        wait_until(ask, f"{self.title} has the keyboard")
+        """Wine and the window manager of the virtual screen do not always agree on the keyboard focus."""
+        def has_focus():
+            focus = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"], stdout=subprocess.PIPE,
+                                   stderr=subprocess.DEVNULL).stdout.decode().strip()
+            if focus != self.title:
+                subprocess.run(["xdotool", "search", "--name", f"^{re.escape(self.title)}$", "windowfocus"],
+                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            return focus == self.title
+        wait_until(has_focus, f"{self.title} has the keyboard focus")
 
     def press(self, *keys):
         self.take_keyboard()
@@ -76,7 +72,7 @@ class Dialog:
             press(key)
 
     def close_by_box(self):
-        self.press("alt+F4")  # the window manager's, which asks the window as its close box does
+        self.press("alt+F4")  # the window manager closes the window as its close box does
 
 
 class MessageBox:
@@ -88,14 +84,14 @@ class MessageBox:
                         if child.class_name == "Button"}
 
     def answer(self, button):
-        """Clicks where the button stands now, and again if nothing comes of it: on a busy machine a new
-        box is still on its way to its place when it is first seen."""
+        """Clicks the button, and again if the box stays open: on a busy machine the window manager may still
+        move a new box."""
         for _ in range(5):
             for box in message_boxes(self.title):
                 click(*box.buttons[button].center())
             if not stays(lambda: message_boxes(self.title), 3):
                 return
-        raise AssertionError(f"the message box stays: {self.text}")
+        raise AssertionError(f"the message box stays open: {self.text}")
 
 
 def message_boxes(title=PROGRAM_NAME):

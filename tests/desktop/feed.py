@@ -1,4 +1,4 @@
-"""The weather feed: a server on loopback that answers as each test tells it to."""
+"""The alert feed: a server on loopback whose answers the tests define."""
 
 from urllib.parse import parse_qs, urlsplit
 from xml.sax.saxutils import escape
@@ -7,7 +7,7 @@ from loopback import Held, Server, answer
 
 
 def document(*alerts):
-    """The feed document of alerts given as (id, title, body); a None leaves the element out."""
+    """Returns the feed document for alerts (id, title, body). None omits the element."""
     parts = ['<?xml version="1.0" encoding="utf-8"?>'
              '<aws:weather xmlns:aws="http://www.aws.com/aws"><aws:api version="2.0"/><aws:alerts>']
     for alert in alerts:
@@ -18,18 +18,18 @@ def document(*alerts):
     return "".join(parts).encode()
 
 
-# Stations to watch, and alerts for them.
+# Stations and alerts for them.
 LAWRENCE = ("Lawrence, KS (Downtown)", "66044")
 PARIS = ("Paris, France (Orly)", "064321")
 TORNADO = ("101", "Tornado Warning", "A tornado was seen near Łódź.")
 FLOOD = ("102", "Flood Watch", "Flooding is possible.")
-# What a program is told that shall retrieve and tell them at once.
+# Options of a program that retrieves alerts at start and shows balloons.
 AT_START = {"RetrieveAlertsOnStartup": "True", "DisplayTrayAlert": "True"}
 
 
 class Feed:
     def __init__(self):
-        self.answers = {}  # by station code: a whole answer, or a function that serves the connection
+        self.answers = {}  # by station code: an answer, or a function that serves the connection
         self.server = Server(self.find_answer)
         self.address = self.server.url("/")
 
@@ -46,16 +46,16 @@ class Feed:
         self.answers[code] = answer(200, body, f"Content-Length: {len(body) + 1}")
 
     def hold(self, code):
-        """Holds the answers for this station back; the event returned lets them go."""
+        """Delays the answers for this station until the returned event is set."""
         self.answers[code] = Held(self.answers[code])
         return self.answers[code].gate
 
     def paths(self):
-        """What was asked for so far, in order."""
+        """Returns the requested addresses so far, in order."""
         return self.server.targets()
 
     def codes(self):
-        """The stations asked for so far, in order."""
+        """Returns the requested station codes so far, in order."""
         return [code_of(path) for path in self.paths()]
 
     def close(self):

@@ -1,7 +1,7 @@
-"""Drives SVAlerts.exe as a person would, and sees what a person would see.
+"""Operates SVAlerts.exe as a user does and observes what a user sees.
 
-The caller (tools/desktop.sh) gives the screen with its taskbar and a Wine prefix; PRODUCT_DIR names the
-built program folder and PROBE the helper that looks around inside Wine.
+tools/desktop.sh provides the screen with its taskbar and the Wine prefix. PRODUCT_DIR is the built program
+folder, PROBE the helper program inside Wine.
 """
 
 import contextlib
@@ -17,9 +17,9 @@ import stores
 from inside import probe
 
 TRAY_CLASS = "SkyvaneAlertsTray"
-# The minute clock's two timers, of which one runs at a time, the first one first.
+# The two timers of the minute clock, which run alternately, in this order.
 MINUTE_TIMERS = (3, 2)
-WM_TIMER = 0x113
+WM_CLOSE, WM_TIMER = 0x10, 0x113
 ICON_CALLBACK, LEFT_DOWN, LEFT_DOUBLE, RIGHT_DOWN = 0x200, 0x201, 0x203, 0x204
 RETRIEVER_DELAY_TIMER = 1
 
@@ -28,18 +28,17 @@ DOUBLE_CLICK_SECONDS = 0.5
 
 
 def wait_until(condition, what, seconds=15):
-    """Returns the first true answer of `condition`."""
+    """Returns the first true result of `condition`."""
     deadline = time.monotonic() + seconds
     while True:
-        answer = condition()
-        if answer:
-            return answer
+        if result := condition():
+            return result
         assert time.monotonic() < deadline, f"not within {seconds} s: {what}"
         time.sleep(0.02)
 
 
 def stays(condition, seconds):
-    """Whether `condition` holds all the time: only for what must not happen."""
+    """Whether `condition` remains true. Only for what must not happen."""
     deadline = time.monotonic() + seconds
     while time.monotonic() < deadline:
         if not condition():
@@ -49,26 +48,26 @@ def stays(condition, seconds):
 
 
 def hold(file, seconds):
-    """A process that keeps the file to itself."""
+    """Starts a process that locks the file."""
     holder = subprocess.Popen(["wine", os.environ["PROBE"], "hold", stores.windows_path(file), str(seconds)],
                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
     assert holder.stdout.readline().strip() == b"held"
     return holder
 
 
-class Window(make_dataclass("Window", ["parent", "process", "left", "top", "right", "bottom", "enabled", "ticked",
+class Window(make_dataclass("Window", ["parent", "left", "top", "right", "bottom", "enabled", "ticked",
                                        "is_icon", "control", "class_name", "text", "children"])):
-    """A window as the probe lists it: numbers up to `control`, then texts."""
+    """A window as listed by the probe: numbers up to `control`, then texts."""
 
     def center(self):
         return (self.left + self.right) // 2, (self.top + self.bottom) // 2
 
 
 def visible_windows():
-    """The visible top-level windows, each with everything visible in it."""
+    """Returns the visible top-level windows, each with its visible descendants in `children`."""
     top_level = []
     for fields in probe("windows"):
-        window = Window(*map(int, fields[:10]), *fields[10:], [])
+        window = Window(*map(int, fields[:9]), *fields[9:], [])
         (top_level[-1].children if window.parent else top_level).append(window)
     return top_level
 
@@ -79,8 +78,8 @@ def find_windows(class_name, text=None):
 
 
 def settled(find):
-    """What `find` finds, once it holds still: the window manager moves a new window to its place, and a
-    click must not come before that."""
+    """Returns the result of `find` if it does not change within 0.1 s: the window manager moves new windows,
+    and a click must not come before that."""
     found = find()
     if not found:
         return None
@@ -105,8 +104,7 @@ def pixels(left, top, width, height):
 
 
 class Program:
-    """A program folder of its own, with the settings and stations it starts from; made, if it is not
-    there yet, as the build lays it out."""
+    """A program folder with its settings and stations. If the folder does not exist, the built one is copied."""
 
     def __init__(self, folder, registry=False):
         self.folder = folder
@@ -120,17 +118,14 @@ class Program:
         self.last_click = 0
 
     def data_folder(self, user="Default"):
-        """The one in the program folder."""
+        """Returns the data folder in the program folder."""
         return self.folder / "Users" / user
-
-    # Before the start.
 
     def write_stations(self, *stations, user="Default"):
         """Each station is a pair of display text and code, or a whole line as bytes."""
-        data_folder = self.data_folder(user)
-        data_folder.mkdir(parents=True, exist_ok=True)
+        self.data_folder(user).mkdir(parents=True, exist_ok=True)
         lines = [station if isinstance(station, bytes) else station_line(*station) for station in stations]
-        (data_folder / "CityCode.cmb").write_bytes(b"".join(line + b"\r\n" for line in lines))
+        (self.data_folder(user) / "CityCode.cmb").write_bytes(b"".join(line + b"\r\n" for line in lines))
 
     def launch(self, *arguments, **environment):
         with open(self.folder.parent / "stderr.txt", "ab") as stderr:
@@ -144,28 +139,26 @@ class Program:
     def start(self, **environment):
         """Starts the program and waits for its icon."""
         self.ticks = 0
-        wait_until(lambda: not self.icon(), "an earlier program's icon goes")
+        wait_until(lambda: not self.icon(), "an earlier program's icon disappears")
         self.runs = self.store.read("Misc", "Runs")
         self.process = self.launch(*self.arguments, **environment)
         wait_until(self.icon, "the icon")
 
     def wait_for_start(self, seconds=15):
-        """The start is complete, with a retrieval if it has one, when the run has been counted."""
+        """Waits until the run is counted, which is the last step of the start."""
         wait_until(lambda: self.store.read("Misc", "Runs") != self.runs, "the start is complete", seconds)
 
-    # The icon.
-
     def icon(self):
-        """The icon's window: a child of the taskbar's or, in newer Wines, one by itself."""
+        """Returns the icon's window: a child of the taskbar's or, in newer versions of Wine, a top-level one."""
         def find():
             return [window for top in visible_windows() for window in (top, *top.children)
                     if window.is_icon and window.right > window.left > 0]
-        # While the taskbar takes a new icon in, it is at 0,0, or listed in both places.
+        # While the taskbar embeds a new icon, the icon is at 0,0 or is listed in both places.
         found = wait_until(lambda: len(icons := find()) <= 1 and (icons or [None]), "one icon")
         return found[0]
 
     def icon_picture(self):
-        """"normal", "new alerts", or "none"."""
+        """Returns "normal", "new alerts" or "none"."""
         icon = self.icon()
         if not icon:
             return "none"
@@ -181,17 +174,17 @@ class Program:
 
     def click_icon(self, button=LEFT, times=1):
         place = wait_until(lambda: settled(self.icon), "the icon").center()
-        # Another click too soon would be taken as a double click's second half.
+        # Two clicks in quick succession would be a double-click.
         time.sleep(max(0, self.last_click + 1.2 * DOUBLE_CLICK_SECONDS - time.monotonic()))
         click(*place, button, times)
         self.last_click = time.monotonic()
 
     def tooltip(self):
-        """The text that appears when the mouse rests on the icon."""
+        """Returns the text that appears when the mouse rests on the icon."""
         point_at(600, 300)
         before = self.balloons()
         x, y = wait_until(lambda: settled(self.icon), "the icon").center()
-        # A pointer that comes straight to where it was last is not always noticed.
+        # Moving directly to the previous position is not always noticed.
         point_at(x - 2, y)
         point_at(x, y)
         text = wait_until(lambda: [tip for tip in self.balloons() if tip not in before], "the tooltip")[0]
@@ -199,14 +192,12 @@ class Program:
         return text
 
     def balloons(self):
-        """Texts of the balloons that stand."""
+        """Returns the texts of the visible tooltips and balloons."""
         return [window.text for window in find_windows("tooltips_class32")]
 
     def icon_message(self, *numbers):
-        """What the taskbar posts for the mouse on the icon, without the mouse."""
+        """Posts the messages that the taskbar sends for mouse events on the icon."""
         probe("post", TRAY_CLASS, *(field for number in numbers for field in (ICON_CALLBACK, 0, number)))
-
-    # The tray window.
 
     def send(self, message, w_param=0, l_param=0):
         return probe("send", TRAY_CLASS, message, w_param, l_param)
@@ -215,7 +206,7 @@ class Program:
         probe("post", TRAY_CLASS, message, w_param, l_param)
 
     def tick(self, minutes=1):
-        """Lets minutes pass."""
+        """Simulates that minutes pass."""
         if not self.ticks:
             self.wait_for_start()
         turns = range(self.ticks, self.ticks + minutes)
@@ -225,41 +216,36 @@ class Program:
         self.ticks += minutes
 
     def run_quiet_cycle(self, **sections):
-        """Changes settings and lets the minute pass that starts a cycle; for "Every minute"."""
+        """Changes settings and lets the minute pass that starts a cycle, which must not find new alerts."""
         if not self.ticks:
-            self.wait_for_start()  # it writes settings, too
+            self.wait_for_start()  # the start also writes settings
         self.store.write({"Misc": {"LastUpdated": ""}, "Alerts": {"Count": "0"}, **sections})
         self.tick()
         wait_until(self.last_updated, "the cycle's end")
-        # What follows the time of the update, the sound last, waits for the taskbar and answers meanwhile.
+        # After LastUpdated the program still updates the icon; it must keep responding.
         assert stays(self.answers, 0.3)
-
-    # State and end.
 
     def last_updated(self):
         return self.store.read("Misc", "LastUpdated")
 
-    def is_running(self):
-        return self.process.poll() is None
-
     def downloaders(self):
-        """Unix process numbers of the dl.exe that run from this folder."""
+        """Returns the process numbers of the dl.exe that run in this folder."""
         return [number for number in processes_in(self.folder) if number != self.process.pid]
 
     def errors(self):
-        """What Wine wrote about the program."""
+        """Returns the messages of Wine."""
         return (self.folder.parent / "stderr.txt").read_text(encoding="utf-8", errors="replace")
 
     def wait_for_end(self, seconds=15):
         return self.process.wait(seconds)
 
     def sounds_played(self):
-        """Of a program that was started with WINEDEBUG="+winmm"."""
+        """Only for a program that was started with WINEDEBUG="+winmm"."""
         return [name.replace("\\\\", "\\") for name in re.findall(r'SoundName=L"(.*?)"', self.errors())]
 
     def answers(self):
         """Whether the program still handles messages."""
-        return self.is_running() and probe("send", TRAY_CLASS, 0, 0, 0) == [["0"]]
+        return self.process.poll() is None and probe("send", TRAY_CLASS, 0, 0, 0) == [["0"]]
 
     def kill(self):
         for process in self.launched:
@@ -268,7 +254,7 @@ class Program:
         for number in processes_in(self.folder):
             with contextlib.suppress(ProcessLookupError):
                 os.kill(number, 9)
-        wait_until(lambda: not self.icon(), "the icon goes")
+        wait_until(lambda: not self.icon(), "the icon disappears")
 
 
 def processor_seconds(process):
@@ -278,7 +264,7 @@ def processor_seconds(process):
 
 
 def processes(matches):
-    """Unix process numbers of the programs whose folders in /proc match."""
+    """Returns the numbers of the processes for whose folders in /proc `matches` is true."""
     found = []
     for entry in pathlib.Path("/proc").iterdir():
         if entry.name.isdigit():
@@ -289,7 +275,7 @@ def processes(matches):
 
 
 def processes_in(folder):
-    """Those that have `folder` as their current one."""
+    """Returns the numbers of the processes whose current folder is `folder`."""
     return processes(lambda entry: os.readlink(entry / "cwd") == str(folder))
 
 

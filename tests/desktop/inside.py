@@ -1,4 +1,4 @@
-"""Commands to the helper inside Wine, probe.cpp."""
+"""Commands for probe.cpp, the helper inside Wine."""
 
 import os
 import re
@@ -10,7 +10,7 @@ def unescape(text):
 
 
 class Probe:
-    """The helper inside Wine, which stays: to start a process for each look would cost more than the look."""
+    """The helper process, which keeps running: starting one for each command would be slow."""
 
     process = None
 

@@ -1,39 +1,35 @@
-"""What lies in the Wine prefix: its files and its registry, to be compared before and after."""
+"""The files and registry values in the Wine prefix, for comparing them before and after a test."""
 
 import os
 import pathlib
 
 import stores
 
-# What comes and goes by itself, and the harness's own notes.
-PASSING = ("/Temp/", "/temp/", "/stderr.txt")
+# Files that change on their own, and the harness's log.
+IGNORED = ("/Temp/", "/temp/", "/stderr.txt")
 KEYS = ("HKEY_CURRENT_USER\\Software", "HKEY_LOCAL_MACHINE\\Software")
-PASSING_KEYS = ("\\Software\\Wine\\", "\\Explorer\\")
-# The list of programs is Windows' own, though a new prefix has none before the first program.
+IGNORED_KEYS = ("\\Software\\Wine\\", "\\Explorer\\")
+# The first installed program creates this key, which belongs to Windows.
 PROGRAM_LIST = "\\CurrentVersion\\Uninstall]"
-
-
-def drive():
-    return pathlib.Path(os.environ["WINEPREFIX"]).resolve() / "drive_c"
 
 
 def files():
     found = set()
-    for folder, _, names in os.walk(drive()):
+    for folder, _, names in os.walk(pathlib.Path(os.environ["WINEPREFIX"]).resolve() / "drive_c"):
         found.update(path for name in names
-                     if not any(part in (path := f"{folder}/{name}") for part in PASSING))
+                     if not any(part in (path := f"{folder}/{name}") for part in IGNORED))
     return found
 
 
 def registry():
-    """Each value, and each key without one, as a line with its key."""
+    """Returns (key, line of the export) for each key and each value."""
     found = set()
     for root in KEYS:
         key = root
         for line in stores.export_registry(root).replace("\r", "").replace("\\\n  ", "").split("\n"):
             if line.startswith("["):
                 key = line[1:-1]
-            if line and not line.endswith(PROGRAM_LIST) and not any(part in key + "\\" for part in PASSING_KEYS):
+            if line and not line.endswith(PROGRAM_LIST) and not any(part in key + "\\" for part in IGNORED_KEYS):
                 found.add((key, line))
     return found
 

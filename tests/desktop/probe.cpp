@@ -1,24 +1,23 @@
-// What the tests see and do inside Wine: what another process can learn of a Windows program and do
-// to it. Each command prints lines of fields separated by tabs; \n, \r, \t and \\ are escaped in
-// texts.
+// Observes and controls Windows programs for the tests from inside Wine. Each command prints lines
+// of fields separated by tabs; \n, \r, \t and \\ are escaped.
 //
-//   windows                                the visible windows and what is in them; the text of a
-//                                          list is its entries
+//   windows                                visible windows and their descendants; the text of a
+//   list
+//                                          is its entries
 //   send CLASS MESSAGE WPARAM LPARAM       SendMessage; MESSAGE is a number or a registered name
-//   post CLASS MESSAGE WPARAM LPARAM ...   PostMessage, for each three
-//   forget-icon CLASS                      takes the window's icon out of the taskbar
-//   counts CLASS                           what the window's process holds
-//   texts KEY                              the texts of the user's registry one level below the
-//                                          key: subkey, name, text
+//   post CLASS MESSAGE WPARAM LPARAM ...   PostMessage for each group of three
+//   forget-icon CLASS                      removes the window's icon from the taskbar
+//   counts CLASS                           kernel, GDI and user handles of the window's process
+//   texts KEY                              strings in the user's registry one level below the key:
+//                                          subkey, name, value
 //   folders                                the user's temporary and application data folders
-//   rows TITLE                             the rows of the window's list: "selected" or nothing,
-//                                          icon, texts
-//   run PROGRAM [COMMANDLINE]              starts it, by its path alone where there is no command
-//                                          line, and waits for its end
-//   hold FILE SECONDS                      keeps the file to itself for so long
-//   catch ADDRESS                          as the browser: notes the address in opened.txt
-//   serve                                  runs commands from the standard input, one a line with
-//                                          its words separated by tabs; a line "." ends each answer
+//   rows TITLE                             rows of the window's list: "selected" or "", icon, texts
+//   run PROGRAM [COMMANDLINE]              starts the program and waits until it exits
+//   hold FILE SECONDS                      locks the file
+//   catch ADDRESS                          acts as the browser: appends the address to opened.txt
+//   serve                                  reads commands from standard input, one per line with
+//   words
+//                                          separated by tabs, and ends each answer with a line "."
 #include <windows.h>
 #include <commctrl.h>
 #include <shellapi.h>
@@ -56,7 +55,7 @@ void Print(const std::string& text) {
               &written, nullptr);
 }
 
-// A hung program must not hang the test: the answer is waited for with a limit.
+// Sends a message with a time limit, so that a hung program does not hang the test.
 int Ask(HWND window, UINT message, WPARAM wParam = 0, const wchar_t* text = nullptr) {
     DWORD_PTR result = 0;
     SendMessageTimeoutW(window, message, wParam, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG,
@@ -85,14 +84,12 @@ BOOL CALLBACK PrintWindow(HWND window, LPARAM top) {
     GetClassNameW(window, className, std::size(className));
     RECT place{};
     GetWindowRect(window, &place);
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
     const bool ticked = !std::wcscmp(className, L"Button") && Ask(window, BM_GETCHECK);
     const std::string name = win::ToUtf8(className);
     const bool isIcon = std::ranges::count(tests::kTrayIconClasses, name) > 0;
     char numbers[160];
-    std::snprintf(numbers, sizeof numbers, "%ld\t%lu\t%ld\t%ld\t%ld\t%ld\t%d\t%d\t%d\t%d\t",
-                  static_cast<long>(top), process, place.left, place.top, place.right, place.bottom,
+    std::snprintf(numbers, sizeof numbers, "%ld\t%ld\t%ld\t%ld\t%ld\t%d\t%d\t%d\t%d\t",
+                  static_cast<long>(top), place.left, place.top, place.right, place.bottom,
                   IsWindowEnabled(window), ticked, isIcon, GetDlgCtrlID(window));
     Print(numbers + Escaped(name) + "\t" + Escaped(win::ToUtf8(TextOf(window, className))) + "\n");
     if (!top) EnumChildWindows(window, PrintWindow, reinterpret_cast<LPARAM>(window));
@@ -105,7 +102,7 @@ HWND FindByClass(const char* className) {
     return window;
 }
 
-// Takes a program's icon out of the taskbar behind its back.
+// Removes a program's icon from the taskbar without its knowledge.
 void ForgetIcon(const char* className) {
     NOTIFYICONDATAA icon{};
     icon.cbSize = sizeof icon;
@@ -130,7 +127,6 @@ void Send(char** arguments) {
     Print(std::to_string(result) + "\n");
 }
 
-// Posts each MESSAGE WPARAM LPARAM in turn.
 void Post(int count, char** arguments) {
     const HWND window = FindByClass(arguments[0]);
     for (int i = 1; i + 2 < count; i += 3) {
@@ -151,7 +147,7 @@ void PrintCounts(const char* className) {
           "\t" + std::to_string(tests::UserHandlesInUse()) + "\n");
 }
 
-// The list answers into its own process's memory.
+// The list writes its answers into the memory of its own process.
 void PrintRows(const char* title) {
     const HWND window = FindWindowA(nullptr, title);
     const HWND list = window ? FindWindowExA(window, nullptr, WC_LISTVIEWA, nullptr) : nullptr;
@@ -220,7 +216,7 @@ void PrintTexts(const char* path) {
     }
 }
 
-// Appends the address, as it stands on the command line, in one write.
+// Appends the address to the file in one write.
 void Catch() {
     const std::wstring commandLine = GetCommandLineW();
     const std::string line =
@@ -232,7 +228,7 @@ void Catch() {
     WriteFile(file, line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
 }
 
-// Keeps a file to itself, as a virus scanner or a backup does.
+// Locks a file, as a virus scanner or a backup does.
 void Hold(const char* path, const char* seconds) {
     const HANDLE file =
         CreateFileA(path, GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);

@@ -1,4 +1,4 @@
-"""The two settings stores, written and read from outside the program."""
+"""The two settings stores, read and written from outside the program."""
 
 import pathlib
 import re
@@ -28,7 +28,7 @@ def import_registry(text):
 
 
 def export_registry(key):
-    """The key as a registry file's text; empty when there is no such key."""
+    """Returns the key as the text of a registry file, or "" if there is no such key."""
     with tempfile.TemporaryDirectory() as folder:
         file = pathlib.Path(folder) / "export.reg"
         subprocess.run(["wine", "reg", "export", key, windows_path(file), "/y"],
@@ -37,26 +37,26 @@ def export_registry(key):
 
 
 def registry_values(key):
-    """The key's values by name: texts, and anything else as a registry file writes it."""
+    """Returns the key's values by name: strings, and other types as in a registry file."""
     pairs = re.findall(r'^"(.*?)"=(.*)$', export_registry(key).replace("\r", ""), re.M)
     return {name: unescape(value[1:-1]) if value.startswith('"') else value for name, value in pairs}
 
 
 def delete_registry(key, *value):
-    """The whole key, or the value of it that is named."""
+    """Deletes the key, or only the value."""
     subprocess.run(["wine", "reg", "delete", key, *(["/v", *value] if value else []), "/f"],
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
 class Store:
-    """`sections()` gives {section: {lower-case key: value}}."""
+    """`sections()` returns {section: {lower-case key: value}}."""
 
     def read(self, section, key):
-        """The value, or None where there is none."""
+        """Returns the value, or None if there is none."""
         return self.sections().get(section, {}).get(key.lower())
 
     def alerts(self):
-        """The stored alerts as (id, title, zipcode, body), by the stored count; a gap is None."""
+        """Returns the stored alerts as (id, title, zipcode, body), up to the stored count; None for a gap."""
         section = self.sections().get("Alerts", {})
         numbers = range(1, int(section.get("count", "0")) + 1)
         return [tuple(section.get(f"{key}{n}") for key in ("id", "title", "zipcode", "body"))
@@ -66,7 +66,7 @@ class Store:
 class IniStore(Store):
     def __init__(self, path):
         self.path = path
-        self.parsed = None, {}  # what was read last: polling may go over megabytes
+        self.parsed = None, {}  # the last contents read: tests poll files of several megabytes
 
     def write(self, settings):
         sections = self.sections()

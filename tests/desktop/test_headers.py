@@ -1,4 +1,4 @@
-"""What the two programs' headers tell Windows: how they may be loaded, and what they need."""
+"""The executable headers of both programs: hardening, reproducibility, libraries."""
 
 import os
 import pathlib
@@ -11,7 +11,7 @@ import pytest
 DYNAMIC_BASE, NX_COMPATIBLE, TERMINAL_SERVER_AWARE = 0x40, 0x100, 0x8000
 RELOCATIONS_STRIPPED = 0x1
 
-# Parts of every Windows. Each library costs start time and idle memory.
+# Each library costs start time and idle memory.
 LOADED_AT_START = {
     "SVAlerts.exe": {"advapi32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "shell32.dll", "user32.dll"},
     "dl.exe": {"advapi32.dll", "kernel32.dll", "msvcrt.dll", "ntdll.dll", "user32.dll", "winhttp.dll"},
@@ -27,7 +27,7 @@ class Image:
                                       stdout=subprocess.PIPE).stdout
 
     def number(self, name):
-        """A hexadecimal one of the headers."""
+        """Returns a hexadecimal number of the headers."""
         return int(re.search(rf"^{name}\s+(?:0x)?([0-9a-f]+)", self.headers, re.M)[1], 16)
 
     def time(self):
@@ -38,16 +38,16 @@ class Image:
         return {name.lower() for name in re.findall(r"DLL Name: (\S+)", self.headers)}
 
     def named_libraries(self):
-        """Also those that are loaded only when they are needed."""
+        """Returns also the libraries that are loaded on demand."""
         names = {name.decode("ascii").lower() for name in re.findall(rb"[\w.-]+\.dll(?=\0)", self.bytes, re.I)}
-        return names - {"libgcc_s_dw2-1.dll"}  # the compiler's start-up asks whether it is there
+        return names - {"libgcc_s_dw2-1.dll"}  # probed by the compiler's start-up code
 
     def section_flags(self):
-        """The attributes of each section, which stand in the line below its name."""
+        """Returns the attributes of each section, from the line after its name."""
         return [line.strip().split(", ") for line in re.findall(r"^ +(?:CONTENTS, )?ALLOC, .*", self.headers, re.M)]
 
     def relocations(self):
-        """How many addresses the loader can move."""
+        """Returns the number of relocatable addresses."""
         return sum(map(int, re.findall(r"Number of fixups (\d+)", self.headers)))
 
 
@@ -71,6 +71,6 @@ def test_no_section_is_both_writable_and_executable(image):
     assert code and all("READONLY" in flags for flags in code)
 
 
-def test_loads_at_start_only_what_a_start_needs(image):
+def test_loads_only_required_libraries_at_start(image):
     assert image.imported_libraries() == LOADED_AT_START[image.name]
     assert image.named_libraries() <= LOADED_AT_START[image.name] | LOADED_LATER
