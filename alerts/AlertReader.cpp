@@ -23,7 +23,7 @@ constexpr std::string_view kSkipList = "||";
 WordFilter ReadFilter() {
     using namespace settings;
     return {win::Split(win::ToLower(ReadSetting(kAlertFilters)), kFilterSeparator),
-            IsTrue(ReadSetting(kShowFilteredWords))};
+            ReadFlag(kShowFilteredWords)};
 }
 
 // Replaces each run of spaces by one space and removes those at both ends.

@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "alerts/SeenAlerts.h"
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "stations/StationLine.h"
@@ -12,13 +12,6 @@
 #include "win/CodePage.h"
 
 namespace alerts {
-namespace {
-
-std::string AlertsAddress(const std::string& stationCode) {
-    return settings::FeedHost() + settings::kFeedRequest + "&requesttype=6&ZipCode=" + stationCode;
-}
-
-}  // namespace
 
 RetrievalCycle::RetrievalCycle() {
     settings::DeleteSettingSection(settings::kAlerts);
@@ -47,11 +40,10 @@ bool RetrievalCycle::HasFetched(const std::string& code) const {
 // since the last step.
 bool RetrievalCycle::StartNextStation() {
     for (std::size_t i = 0; i < settings::State().stationCount; ++i) {
-        const std::string line = stations::StationAt(i);
-        if (!stations::HasHiddenFields(line)) continue;
-        code_ = stations::HiddenField(line, stations::kCode);
-        if (HasFetched(code_)) continue;
-        download_.emplace(AlertsAddress(code_), "SVL");
+        const auto code = stations::StationCode(stations::StationAt(i));
+        if (!code || HasFetched(*code)) continue;
+        code_ = *code;
+        download_.emplace(settings::AlertsRequest(code_), "SVL");
         return true;
     }
     return false;

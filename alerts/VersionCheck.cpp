@@ -4,7 +4,7 @@
 #include <string>
 
 #include "alerts/modDownloader.h"
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "win/Files.h"
@@ -54,7 +54,7 @@ void OfferDownload(HWND owner, const std::string& version, bool interactive) {
             nullptr,
             "Skyvane Alerts v" + version + " is available!  Would you like to download it now?",
             MB_ICONINFORMATION))
-        win::OpenInBrowser(owner, settings::MakerHost() + "/Skyvane-Alerts.asp");
+        win::OpenInBrowser(owner, settings::DownloadPage());
 }
 
 void Check(HWND owner, bool interactive) {
@@ -68,8 +68,7 @@ void Check(HWND owner, bool interactive) {
         if (interactive) ReportFailure();
         return;
     }
-    win::KernelHandle downloader =
-        StartDownloader(settings::MakerHost() + "/SVAlerts.txt", dataFile, statusFile);
+    win::KernelHandle downloader = StartDownloader(settings::VersionFile(), dataFile, statusFile);
     PauseAfterStart();
     // The status is not used: the data file alone decides.
     WaitForStatus(statusFile, downloader);

@@ -28,7 +28,8 @@ using namespace settings;
 
 void UseIniFile(bool defaultUser) {
     UseIni = kUseIniStore;
-    IniUserName = defaultUser ? "Default" : ValueOr(win::Environment("Username"), "Default");
+    IniUserName = defaultUser ? std::string() : win::Environment("Username");
+    if (IniUserName.empty()) IniUserName = "Default";
 }
 
 void ChooseStore(std::string_view arguments) {
@@ -43,22 +44,22 @@ void ChooseStore(std::string_view arguments) {
             UseIniFile(false);
     }
     // The read handles messages while another program locks the INI file.
-    const char* const useIni = BooleanText(UseIni == kUseIniStore);
+    const char* const useIni = UseIni == kUseIniStore ? kTrue : kFalse;
     if (ReadSetting(kUseIniRecord) != useIni) WriteSetting(kUseIniRecord, useIni);
     ExportStoreChoice();
 }
 
 void SettleFolders() {
-    ChooseDataFolder(IsTrue(ReadSetting(kStoreFilesInProgramFolder)));
+    ChooseDataFolder(ReadFlag(kStoreFilesInProgramFolder));
     MakeDataFolder();
     RefreshDataFolder();
 }
 
 void ReadTraySettings() {
     ProgramState& state = State();
-    state.singleClickAction = ValueOr(ReadSetting(kSingleClickAction), kStartupSingleClickAction);
-    state.doubleClickAction = ValueOr(ReadSetting(kDoubleClickAction), kStartupDoubleClickAction);
-    state.autoUpdateInterval = ValueOr(ReadSetting(kAutoUpdateInterval), kStartupInterval);
+    state.singleClickAction = ReadSetting(kSingleClickAction, kStartupSingleClickAction);
+    state.doubleClickAction = ReadSetting(kDoubleClickAction, kStartupDoubleClickAction);
+    state.autoUpdateInterval = ReadSetting(kAutoUpdateInterval, kStartupInterval);
     if (state.autoUpdateInterval != kNever) tray::StartMinuteClock();
     state.oldAlerts = ReadSetting(kOldAlerts);
     WriteSetting(kVersion, SKYVANE_VERSION);
@@ -74,8 +75,8 @@ void LoadChosenImage(const Setting& setting, win::Icon& image) {
 }
 
 void RetrieveAtStart() {
-    if (!IsTrue(ReadSetting(kRetrieveAlertsOnStartup))) return;
-    if (IsTrue(ReadSetting(kPause30SecondsOnStartup)))
+    if (!ReadFlag(kRetrieveAlertsOnStartup)) return;
+    if (ReadFlag(kPause30SecondsOnStartup))
         tray::StartTimer(tray::Timer::TimerRetrieverDelay);
     else {
         tray::RetrieveAlerts(false);

@@ -31,9 +31,9 @@ void CALLBACK CloseWhenOpen(HWND, UINT, UINT_PTR timer, DWORD) {
 double TimeOnce(int stationCount, int wordCount) {
     std::vector<std::string> lines;
     for (int i = 0; i < stationCount; ++i)
-        lines.push_back(stations::MakeStationLine(
-            "Some Place, KS (Station " + win::Decimal(i) + ")",
-            stations::MakeHiddenText("ID", win::Decimal(10000 + i), "38.9", "-95.2")));
+        lines.push_back(
+            stations::MakeStationLine("Some Place, KS (Station " + win::Decimal(i) + ")",
+                                      {"ID", win::Decimal(10000 + i), "38.9", "-95.2"}));
     stations::WriteStationFile(lines, stations::StationFilePath());
     std::vector<std::string> words;
     for (int i = 0; i < wordCount; ++i) words.push_back("w" + win::Decimal(i));

@@ -25,7 +25,7 @@ bool ShowsOnly(HWND page) {
 }
 
 bool IsShowOnlyStored() {
-    return IsTrue(ReadSetting(kShowFilteredWords));
+    return ReadFlag(kShowFilteredWords);
 }
 
 // Makes room to scroll to the end of the longest phrase.
@@ -117,7 +117,7 @@ void ApplyAlertFilters(HWND page) {
     entries.reserve(static_cast<std::size_t>(win::CountItems(list)));
     for (int i = 0; i < win::CountItems(list); ++i) entries.push_back(win::ItemText(list, i));
     WriteSetting(kAlertFilters, JoinFilterWords(entries));
-    WriteSetting(kShowFilteredWords, BooleanText(ShowsOnly(page)));
+    WriteFlag(kShowFilteredWords, ShowsOnly(page));
 }
 
 }  // namespace options

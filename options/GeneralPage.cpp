@@ -61,16 +61,16 @@ INT_PTR CALLBACK GeneralProcedure(HWND page, UINT message, WPARAM wParam, LPARAM
 void LoadGeneral(HWND page) {
     storeLocationChanged = false;
     for (const CheckSetting& check : kChecks)
-        win::SetChecked(page, check.control, IsTrue(ReadSetting(check.setting)));
+        win::SetChecked(page, check.control, ReadFlag(check.setting));
     const win::ListControl combo = win::ComboBox(page, frmOptions_Combo2);
     for (const Interval& interval : kIntervals) win::AddItem(combo, std::string(interval.caption));
-    win::SelectItem(combo, win::FindItem(combo, ValueOr(ReadSetting(kAutoUpdateInterval),
-                                                        State().autoUpdateInterval)));
+    win::SelectItem(
+        combo, win::FindItem(combo, ReadSetting(kAutoUpdateInterval, State().autoUpdateInterval)));
 }
 
 void ApplyGeneral(HWND page) {
     for (const CheckSetting& check : kChecks)
-        WriteSetting(check.setting, BooleanText(win::IsChecked(page, check.control)));
+        WriteFlag(check.setting, win::IsChecked(page, check.control));
     ApplyStartWithWindows(win::IsChecked(page, frmOptions_Check3));
     ChooseDataFolder(win::IsChecked(page, frmOptions_Check28));
     const win::ListControl combo = win::ComboBox(page, frmOptions_Combo2);

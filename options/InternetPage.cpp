@@ -17,14 +17,14 @@ INT_PTR CALLBACK InternetProcedure(HWND, UINT message, WPARAM wParam, LPARAM) {
 }
 
 void LoadInternet(HWND page) {
-    win::SetChecked(page, frmOptions_Check17, IsTrue(ReadSetting(kOnlyDownloadWhenConnected)));
+    win::SetChecked(page, frmOptions_Check17, ReadFlag(kOnlyDownloadWhenConnected));
     const ProxyLogin login = ReadProxyLogin();
     win::SetControlText(page, frmOptions_Text1, login.userName);
     win::SetControlText(page, frmOptions_Text2, login.password);
 }
 
 void ApplyInternet(HWND page) {
-    WriteSetting(kOnlyDownloadWhenConnected, BooleanText(win::IsChecked(page, frmOptions_Check17)));
+    WriteFlag(kOnlyDownloadWhenConnected, win::IsChecked(page, frmOptions_Check17));
     SaveProxyUserName(win::ControlText(page, frmOptions_Text1));
     SaveProxyPassword(win::ControlText(page, frmOptions_Text2));
 }

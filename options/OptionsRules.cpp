@@ -1,7 +1,6 @@
 #include "options/OptionsRules.h"
 
 #include "settings/SettingKeys.h"
-#include "stations/StationLine.h"
 #include "win/Text.h"
 
 namespace options {
@@ -22,13 +21,6 @@ std::string RemoveQuestion(std::string_view stationDisplayText) {
     return std::string("Are you sure you want to remove ''")
         .append(stationDisplayText)
         .append("''?");
-}
-
-std::string EditedStationLine(std::string_view line, std::string_view answer) {
-    if (answer.empty()) return std::string(line);
-    return stations::MakeStationLine(
-        win::TrimBlanks(stations::DisplayText(win::TrimBlanks(answer))),
-        stations::HiddenText(line));
 }
 
 std::string RestartMessage(bool inProgramFolder) {

@@ -17,10 +17,6 @@ std::string JoinFilterWords(const std::vector<std::string>& entries);
 // The question before a station is removed.
 std::string RemoveQuestion(std::string_view stationDisplayText);
 
-// The station line after its display text was edited: the answer, without blanks around it and
-// without hidden fields of its own, and the old hidden fields. An empty answer changes nothing.
-std::string EditedStationLine(std::string_view line, std::string_view answer);
-
 // What is said when the files will lie elsewhere after the next start.
 std::string RestartMessage(bool inProgramFolder);
 

@@ -74,7 +74,7 @@ void Command23_Click(HWND page) {
         GetParent(page), "Edit the weather station below and press \"OK\" to save your changes.",
         std::string(stations::DisplayText(lines[selected])));
     if (answer.empty()) return;
-    lines[selected] = EditedStationLine(lines[selected], answer);
+    lines[selected] = stations::RenameStation(lines[selected], answer);
     ChangeLines(page, selected);
 }
 

@@ -53,14 +53,14 @@ void LoadTrayAlerts(HWND page) {
     win::AddItem(combo, kNoSound);
     for (const std::string& name : win::FindFileNames(SoundPath("*.wav")))
         win::AddItem(combo, name);
-    const std::string stored = ValueOr(ReadSetting(kTrayAlertSound), kNoSound);
+    const std::string stored = ReadSetting(kTrayAlertSound, kNoSound);
     const int index = win::FindItem(combo, stored);
     // A sound that is gone stays the choice: the user may bring it back.
     win::SelectItem(combo, index < 0 ? win::AddItem(combo, stored) : index);
 }
 
 void ApplyTrayAlerts(HWND page) {
-    WriteSetting(kDisplayTrayAlert, BooleanText(win::IsChecked(page, frmOptions_Check1)));
+    WriteFlag(kDisplayTrayAlert, win::IsChecked(page, frmOptions_Check1));
     WriteSetting(kTrayAlertSound, ChosenSound(page));
 }
 

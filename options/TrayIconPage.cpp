@@ -1,7 +1,7 @@
 #include "assets/icons/icons.h"
 #include "options/Pages.h"
 #include "options/resource.h"
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "tray/modTrayIcon.h"
@@ -85,7 +85,7 @@ void FillActions(HWND page, int control, const Setting& setting, const std::stri
     for (const std::string& action : {std::string(kNoAction), std::string(kViewNationalAction),
                                       std::string(kOpenOptionsAction), VisitMakerAction()})
         win::AddItem(combo, action);
-    win::SelectItem(combo, win::FindItem(combo, ValueOr(ReadSetting(setting), inEffect)));
+    win::SelectItem(combo, win::FindItem(combo, ReadSetting(setting, inEffect)));
 }
 
 void ApplyAction(HWND page, int control, const Setting& setting, std::string& inEffect) {

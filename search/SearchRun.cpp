@@ -9,7 +9,7 @@
 #include "search/StationRows.h"
 #include "search/frmSearchChoose.h"
 #include "search/resource.h"
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "win/Dialog.h"
 #include "win/ListView.h"
 #include "win/Messages.h"
@@ -27,19 +27,6 @@ struct Target {
     Place place;
     bool listAsZipCode = true;
 };
-
-std::string FeedAddress(const std::string& query) {
-    return settings::FeedHost() + settings::kFeedRequest + query;
-}
-
-// The text goes into the address as typed; only its spaces are escaped.
-std::string LocationQuery(std::string_view text) {
-    return "&RequestType=501&SearchString=" + win::ReplaceAll(text, " ", "%20");
-}
-
-std::string StationQuery(const Place& place) {
-    return (place.isZipCode ? "&requesttype=1&zipcode=" : "&requesttype=1&CityCode=") + place.code;
-}
 
 void EnableForm(bool enable) {
     for (const int control :
@@ -90,7 +77,7 @@ std::optional<Target> UseSingleLocation(const Location& location) {
 // answer that is no XML or no usable table ends it without a message.
 std::optional<Target> FindTarget(const std::string& text) {
     if (win::IsNumeric(text)) return Target{{text, true}, true};
-    const FeedAnswer answer = FetchDocument(FeedAddress(LocationQuery(text)), IsFormClosing);
+    const FeedAnswer answer = FetchDocument(settings::LocationsRequest(text), IsFormClosing);
     if (Form().isClosing) return std::nullopt;
     if (!answer.succeeded) {
         SetStatus("Server not found!");
@@ -112,7 +99,8 @@ std::optional<Target> FindTarget(const std::string& text) {
 // false when there are none to list.
 bool LookUpStations(const Place& place) {
     SetStatus("Searching for available weather stations...");
-    const auto document = FetchDocument(FeedAddress(StationQuery(place)), IsFormClosing).document;
+    const std::string request = settings::StationsRequest(place.code, place.isZipCode);
+    const auto document = FetchDocument(request, IsFormClosing).document;
     if (Form().isClosing) return false;
     if (!ShowMapPage(document) || !document) return false;
     auto stations = ReadStations(ReadElements(document, "aws:weather/"));

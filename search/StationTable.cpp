@@ -102,10 +102,10 @@ std::optional<std::string> FormatStationLine(const StationTable& table, std::siz
     for (const auto* column : {&table.identifiers, &table.names, &table.locations, &table.codes,
                                &table.latitudes, &table.longitudes})
         if (index >= column->size()) return std::nullopt;
-    std::string line = stations::MakeStationLine(
-        table.locations[index] + " (" + table.names[index] + ")",
-        stations::MakeHiddenText(table.identifiers[index], table.codes[index],
-                                 table.latitudes[index], table.longitudes[index]));
+    std::string line =
+        stations::MakeStationLine(table.locations[index] + " (" + table.names[index] + ")",
+                                  {table.identifiers[index], table.codes[index],
+                                   table.latitudes[index], table.longitudes[index]});
     // The line must stay one line of the station file, and its code must fit in a command line.
     constexpr std::size_t kLongestLine = 4000;
     if (line.size() > kLongestLine) return std::nullopt;

@@ -16,7 +16,8 @@ void ChooseDataFolder(bool inProgramFolder) {
     }
     const std::string users = state.programFolder + "\\Users";
     if (!win::FolderExists(users)) win::MakeFolder(users);
-    state.dataFolder = users + "\\" + ValueOr(IniUserName, win::Environment("Username"));
+    state.dataFolder =
+        users + "\\" + (IniUserName.empty() ? win::Environment("Username") : IniUserName);
 }
 
 void MakeDataFolder() {

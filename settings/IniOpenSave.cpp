@@ -34,7 +34,7 @@ std::string DefaultIniPath() {
     return win::ExecutableFolder() + "\\" + IniUserName + ".ini";
 }
 
-// What the INI file is still to be given: the values of one section.
+// Values of one section that are not yet in the INI file.
 std::string& heldSection = win::NeverDestroyed<std::string>();
 KeyValues& heldValues = win::NeverDestroyed<KeyValues>();
 
@@ -42,18 +42,17 @@ bool IsHeld(std::string_view section) {
     return !heldValues.empty() && win::EqualIgnoringCase(section, heldSection);
 }
 
-// The last of the values of each key, in any order.
+// The last value of each key, in any order.
 KeyValues LastOfEachKey(const KeyValues& values) {
     std::map<std::string, std::string> last;
     for (const auto& [key, value] : values) last.insert_or_assign(win::AsciiUpper(key), value);
     return {last.begin(), last.end()};
 }
 
-// What each setting of the INI file was when it was last read or written: its value while another
-// program holds the file.
+// Each INI setting as last read or written. Serves reads while another program locks the file.
 std::map<std::string, std::string>& lastKnown =
     win::NeverDestroyed<std::map<std::string, std::string>>();
-// Settings that could not be read yet. They are not written: nothing may replace what was not read.
+// Settings whose last read failed. They are not written: an unknown value must not be overwritten.
 std::set<std::string>& unread = win::NeverDestroyed<std::set<std::string>>();
 std::size_t failedReads = 0;
 
@@ -62,7 +61,7 @@ std::string NameOf(std::string_view section, std::string_view key) {
         std::string(IniUserName).append("\n").append(section).append("\n").append(key));
 }
 
-// A held value, as it will read once it is in the file.
+// A held value as it will read once it is in the file.
 std::optional<std::string> HeldValue(std::string_view section, std::string_view key) {
     if (!IsHeld(section)) return std::nullopt;
     const auto last = std::find_if(heldValues.rbegin(), heldValues.rend(), [&](const auto& value) {
@@ -106,12 +105,17 @@ std::string ReadSetting(std::string_view section, std::string_view key) {
     return TryReadSetting(section, key).value_or(std::string());
 }
 
-std::string ReadSetting(const Setting& setting) {
-    return ReadSetting(setting.section, setting.key);
+std::string ReadSetting(const Setting& setting, std::string_view defaultValue) {
+    std::string value = ReadSetting(setting.section, setting.key);
+    return value.empty() ? std::string(defaultValue) : value;
+}
+
+bool ReadFlag(const Setting& setting) {
+    return ReadSetting(setting) == kTrue;
 }
 
 void WriteSetting(std::string_view section, std::string_view key, std::string_view value) {
-    if (IsHeld(section)) StoreHeldSettings();  // the order counts
+    if (IsHeld(section)) StoreHeldSettings();  // keep the order of writes
     if (UseIni == kUseRegistryStore)
         WriteRegistryTexts(RegistryPath(section), {{std::string(key), std::string(value)}});
     if (UseIni != kUseIniStore || unread.contains(NameOf(section, key))) return;
@@ -121,6 +125,10 @@ void WriteSetting(std::string_view section, std::string_view key, std::string_vi
 
 void WriteSetting(const Setting& setting, std::string_view value) {
     WriteSetting(setting.section, setting.key, value);
+}
+
+void WriteFlag(const Setting& setting, bool value) {
+    WriteSetting(setting, value ? kTrue : kFalse);
 }
 
 void DeleteSettingSection(std::string_view section) {
@@ -169,10 +177,6 @@ void IniWriteValue(std::string_view section, std::string_view key, std::string_v
                    const std::string& file) {
     WriteIniValues(file.empty() ? DefaultIniPath() : file, section,
                    {{std::string(key), std::string(value)}});
-}
-
-std::string ValueOr(const std::string& value, std::string_view defaultValue) {
-    return value.empty() ? std::string(defaultValue) : value;
 }
 
 void ExportStoreChoice() {

@@ -6,50 +6,55 @@
 namespace stations {
 namespace {
 
-constexpr std::size_t kBlankCount = 100;
-constexpr std::string_view kFieldSeparator = "***";
+constexpr char kSeparator[] = "***";
 
-const std::string& Blanks() {
-    static std::string& blanks = win::NeverDestroyed<std::string>(std::string(kBlankCount, ' '));
-    return blanks;
+const std::string& Spaces() {
+    static std::string& spaces = win::NeverDestroyed<std::string>(std::string(100, ' '));
+    return spaces;
+}
+
+// The hidden fields as one text; nullopt if the line has none.
+std::optional<std::string_view> HiddenText(std::string_view line) {
+    const std::size_t spaces = line.find(Spaces());
+    if (spaces == std::string_view::npos) return std::nullopt;
+    return line.substr(spaces + Spaces().size());
 }
 
 }  // namespace
 
-bool HasHiddenFields(std::string_view line) {
-    return line.find(Blanks()) != std::string_view::npos;
+std::string MakeStationLine(std::string_view displayText, const HiddenFields& fields) {
+    std::string line(displayText);
+    line.append(Spaces()).append(fields.identifier);
+    for (const std::string_view field : {fields.code, fields.latitude, fields.longitude})
+        line.append(kSeparator).append(field);
+    return line;
+}
+
+std::string RenameStation(std::string_view line, std::string_view displayText) {
+    return std::string(win::TrimBlanks(DisplayText(win::TrimBlanks(displayText))))
+        .append(Spaces())
+        .append(HiddenText(line).value_or(std::string_view()));
 }
 
 std::string_view DisplayText(std::string_view line) {
-    return line.substr(0, line.find(Blanks()));
+    return line.substr(0, line.find(Spaces()));
 }
 
-std::string_view HiddenText(std::string_view line) {
-    const std::size_t blanks = line.find(Blanks());
-    return blanks == std::string_view::npos ? std::string_view()
-                                            : line.substr(blanks + kBlankCount);
+std::optional<std::string> StationCode(std::string_view line) {
+    const auto hidden = HiddenText(line);
+    if (!hidden) return std::nullopt;
+    const auto fields = win::Split(*hidden, kSeparator);
+    return fields.size() > 1 ? fields[1] : std::string();
 }
 
-std::string HiddenField(std::string_view line, Field field) {
-    const auto fields = win::Split(HiddenText(line), kFieldSeparator);
-    return static_cast<std::size_t>(field) < fields.size() ? fields[field] : std::string();
-}
-
-std::string MakeStationLine(std::string_view display, std::string_view hidden) {
-    return std::string(display).append(Blanks()).append(hidden);
-}
-
-std::string MakeHiddenText(std::string_view identifier, std::string_view code,
-                           std::string_view latitude, std::string_view longitude) {
-    return win::Join(
-        {std::string(identifier), std::string(code), std::string(latitude), std::string(longitude)},
-        kFieldSeparator);
+std::string CodeForNationalMap(std::string_view line) {
+    const auto fields = win::Split(line, kSeparator);
+    return fields.size() > 2 ? fields[1] : std::string();
 }
 
 std::string DisplayTextOfCode(const std::vector<std::string>& lines, std::string_view code) {
     for (const std::string& line : lines)
-        if (HasHiddenFields(line) && HiddenField(line, kCode) == code)
-            return std::string(DisplayText(line));
+        if (StationCode(line) == code) return std::string(DisplayText(line));
     return {};
 }
 

@@ -54,8 +54,7 @@ class ScratchStore : public testing::TestWithParam<std::int16_t> {
     static void UseStations(const std::vector<std::string>& codes) {
         std::vector<std::string> lines;
         for (const std::string& code : codes)
-            lines.push_back(stations::MakeStationLine(
-                "Place " + code, stations::MakeHiddenText("id", code, "1", "2")));
+            lines.push_back(stations::MakeStationLine("Place " + code, {"id", code, "1", "2"}));
         ASSERT_TRUE(stations::WriteStationFile(lines, stations::StationFilePath()));
         stations::LoadStationList();
     }

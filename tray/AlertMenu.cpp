@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "settings/Hosts.h"
-#include "stations/StationLine.h"
 #include "win/Text.h"
 
 namespace tray {
@@ -67,39 +65,6 @@ std::optional<std::string> FindInAlertMap(std::string_view map, std::uint32_t ch
         map.remove_prefix(std::min(map.find(',', end), map.size() - 1) + 1);
     }
     return byLowWord;
-}
-
-std::string AlertAddress(std::string_view weatherHost, std::string_view code) {
-    return std::string(weatherHost)
-        .append("/Common/SearchResults.html?zcode=")
-        .append(settings::kWeatherZone)
-        .append("&nav_section=45&lang_id=en-us&is_search=true&loc=")
-        .append(code);
-}
-
-std::string StationAddress(std::string_view weatherHost, std::string_view stationLine) {
-    if (!stations::HasHiddenFields(stationLine)) return {};
-    return std::string(weatherHost)
-        .append("/Common/SearchResults.html?loc=")
-        .append(stations::HiddenField(stationLine, stations::kCode))
-        .append("&is_search=true&nav_section=1&loc_country=WORLD&zcode=")
-        .append(settings::kWeatherZone);
-}
-
-std::string NationalMapAddress(std::string_view weatherHost, std::string_view firstStationLine) {
-    std::string address(weatherHost);
-    address.append("/severe-weather/national-alert-map.html?zcode=")
-        .append(settings::kWeatherZone)
-        .append("&country=US&country_name=USA");
-    const auto fields = win::Split(firstStationLine, "***");
-    if (fields.size() > 2 && !fields[1].empty()) address.append("&zip=").append(fields[1]);
-    return address;
-}
-
-std::string BugReportAddress(std::string_view makerHost, std::string_view version) {
-    return std::string(makerHost)
-        .append("/Bug-Report.asp?Application=Skyvane Alerts&Version=")
-        .append(version);
 }
 
 }  // namespace tray

@@ -41,13 +41,4 @@ void AddToAlertMap(std::string& map, std::uint32_t identifier, std::string_view 
 // this low word; nullopt for any other item.
 std::optional<std::string> FindInAlertMap(std::string_view map, std::uint32_t chosen);
 
-// The weather site's pages for an alert's station code, for a station line (empty when the line has
-// no hidden fields), and the national map, centred on the first station line when that has a code.
-std::string AlertAddress(std::string_view weatherHost, std::string_view code);
-std::string StationAddress(std::string_view weatherHost, std::string_view stationLine);
-std::string NationalMapAddress(std::string_view weatherHost, std::string_view firstStationLine);
-
-// The maker's page for bug reports.
-std::string BugReportAddress(std::string_view makerHost, std::string_view version);
-
 }  // namespace tray

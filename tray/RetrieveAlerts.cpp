@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "alerts/RetrievalCycle.h"
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "stations/StationList.h"
@@ -66,7 +66,7 @@ void RecordUpdate() {
 // from its copy in the data folder.
 void PlayChosenSound() {
     using namespace settings;
-    if (!IsTrue(ReadSetting(kFlashTrayIcon))) return;
+    if (!ReadFlag(kFlashTrayIcon)) return;
     const std::string name = ReadSetting(kTrayAlertSound);
     if (name.empty() || name == kNoSound) return;
     const std::string path = State().programFolder + "\\Sounds\\" + name;
@@ -76,8 +76,7 @@ void PlayChosenSound() {
 void AnnounceNewAlerts() {
     ShowNewAlertImage();
     settings::State().newAlertIconShown = true;
-    if (settings::IsTrue(settings::ReadSetting(settings::kDisplayTrayAlert)))
-        ShowTrayBalloon(kNewAlertsMessage);
+    if (settings::ReadFlag(settings::kDisplayTrayAlert)) ShowTrayBalloon(kNewAlertsMessage);
     PlayChosenSound();
 }
 

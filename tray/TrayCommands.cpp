@@ -6,10 +6,10 @@
 
 #include "alerts/VersionCheck.h"
 #include "alerts/modDownloader.h"
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
-#include "settings/Version.h"
+#include "stations/StationLine.h"
 #include "stations/StationList.h"
 #include "tray/AlertMenu.h"
 #include "tray/OptionsDialog.h"
@@ -38,7 +38,7 @@ void mnuRetrieveSevereAlerts_Click() {
 }
 
 void mnuViewNationalSevereAlerts_Click() {
-    Open(NationalMapAddress(settings::WeatherHost(), stations::StationAt(0)));
+    Open(settings::NationalMapPage(stations::CodeForNationalMap(stations::StationAt(0))));
 }
 
 void mnuOptions_Click() {
@@ -64,15 +64,15 @@ void RunFixedCommand(unsigned identifier) {
         case mnuAbout:
             return ShowAboutBox();
         case mnuSupportForums:
-            return Open(settings::MakerHost() + "/Forum/index.php?c=24");
+            return Open(settings::SupportForumPage());
         case mnuSendBugReport:
-            return Open(BugReportAddress(settings::MakerHost(), SKYVANE_VERSION));
+            return Open(settings::BugReportPage());
         case mnuCheckForNewVersion:
             return alerts::CheckVersion(TrayWindow(), "Yes");
         case mnuVisitQuillmark:
             return mnuVisitQuillmark_Click();
         case mnuSupportQuillmark:
-            return Open(settings::MakerHost() + "/Donate.asp");
+            return Open(settings::DonationPage());
         case mnuExit:
             return mnuExit_Click();
         default:

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "assets/icons/icons.h"
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "tray/resource.h"
 #include "win/Dialog.h"
 #include "win/Messages.h"
@@ -31,7 +31,7 @@ void ShowLink(int control, const std::string& text) {
 }
 
 void OpenWeatherHome() {
-    win::OpenInBrowser(openBox, settings::WeatherHost() + "?zcode=" + settings::kWeatherZone);
+    win::OpenInBrowser(openBox, settings::WeatherHomePage());
 }
 
 void FollowLink(UINT_PTR control) {

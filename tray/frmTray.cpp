@@ -2,7 +2,7 @@
 
 #include <bitset>
 
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "settings/ProgramState.h"
 #include "settings/SettingKeys.h"
 #include "tray/MinuteClock.h"

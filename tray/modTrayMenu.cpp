@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "stations/StationLine.h"
@@ -42,17 +42,17 @@ bool rebuildAlertsWhenClosed = false;
 bool rebuildStationsWhenClosed = false;
 
 void RunBuiltCommand(std::uint32_t identifier) {
-    std::string address;
     // First the alerts: an alert's identifier may also be above those of the stations.
     const auto code = AlertItemCount > 0 ? FindInAlertMap(AlertMenuMap, identifier) : std::nullopt;
-    if (code)
-        address = AlertAddress(settings::WeatherHost(), *code);
-    else if (identifier == kAddStation)
+    if (code) {
+        win::OpenInBrowser(TrayWindow(), settings::AlertPage(*code));
+    } else if (identifier == kAddStation) {
         ShowStationOptions();
-    else if (identifier > kAddStation)
-        address = StationAddress(settings::WeatherHost(),
-                                 stations::StationAt(identifier - kFirstStation));
-    if (!address.empty()) win::OpenInBrowser(TrayWindow(), address);
+    } else if (identifier > kAddStation) {
+        const auto station = stations::StationAt(identifier - kFirstStation);
+        if (const auto stationCode = stations::StationCode(station))
+            win::OpenInBrowser(TrayWindow(), settings::StationPage(*stationCode));
+    }
 }
 
 LRESULT CALLBACK MenuProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -7,7 +7,7 @@
 #include "downloader/http/Proxy.h"
 #include "downloader/http/StatusCodes.h"
 #include "downloader/http/Url.h"
-#include "settings/Hosts.h"
+#include "settings/Addresses.h"
 #include "settings/Version.h"
 #include "win/CodePage.h"
 #include "win/Text.h"

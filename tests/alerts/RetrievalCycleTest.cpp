@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "downloader/feed/Request.h"
-#include "settings/Hosts.h"
 #include "tests/ScratchStore.h"
 #include "win/CodePage.h"
 #include "win/Text.h"
@@ -27,11 +25,6 @@ TEST_P(RetrievalCycleTest, SavesTheNewestIdentifiersThatTheStoreHolds) {
     EXPECT_EQ(win::CountChars(saved), isIni ? 748u : 1150u);
     EXPECT_TRUE(saved.starts_with(isIni ? "100093" : "35")) << saved.substr(0, 20);
     EXPECT_TRUE(saved.ends_with("100199"));
-}
-
-TEST_F(RetrievalCycleTest, AsksTheDefaultFeedInAWayThatItUnderstands) {
-    EXPECT_TRUE(feed::ParseRequest(
-        settings::FeedHost() + settings::kFeedRequest + "&requesttype=6&ZipCode=66044", "nws"));
 }
 
 }  // namespace

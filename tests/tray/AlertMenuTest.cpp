@@ -55,11 +55,5 @@ TEST(AlertMenu, AvoidsTheIdentifiersOfOtherItems) {
     EXPECT_FALSE(IsUsableAlertIdentifier(0x00012711, 10000, {}));  // a station
 }
 
-TEST(AlertMenu, AddressesNoPlaceWithoutACode) {
-    EXPECT_EQ(StationAddress("http://w", "no fields***1***"), "");
-    for (const char* noCode : {"", "Here", "a***b", "a******c"})
-        EXPECT_TRUE(NationalMapAddress("http://w", noCode).ends_with("country_name=USA")) << noCode;
-}
-
 }  // namespace
 }  // namespace tray

@@ -1,0 +1,104 @@
+#include "settings/Addresses.h"
+
+#include "settings/IniOpenSave.h"
+#include "settings/Version.h"
+#include "win/Text.h"
+
+namespace settings {
+namespace {
+
+constexpr char kWeatherZone[] = "z4172";
+
+std::string Host(const char* key, const char* defaultHost) {
+    return ReadSetting(Setting{kHosts, key}, defaultHost);
+}
+
+std::string FeedRequest(std::string_view query) {
+    return FeedHost().append("GetXml.aspx?partnerid=7e3a90d4").append(query);
+}
+
+}  // namespace
+
+std::string FeedHost() {
+    return Host("Feed", "nws://api.weather.gov/");
+}
+
+std::string WeatherHost() {
+    return Host("Weather", "https://www.weatherbug.com");
+}
+
+std::string MakerHost() {
+    return Host("Maker", "https://www.quillmark.example");
+}
+
+std::string MakerMail() {
+    return Host("MakerMail", "support@quillmark.example");
+}
+
+std::string AlertsRequest(std::string_view code) {
+    return FeedRequest("&requesttype=6&ZipCode=").append(code);
+}
+
+std::string LocationsRequest(std::string_view name) {
+    return FeedRequest("&RequestType=501&SearchString=").append(win::ReplaceAll(name, " ", "%20"));
+}
+
+std::string StationsRequest(std::string_view code, bool byZipCode) {
+    return FeedRequest(byZipCode ? "&requesttype=1&zipcode=" : "&requesttype=1&CityCode=")
+        .append(code);
+}
+
+std::string AlertPage(std::string_view code) {
+    return WeatherHost()
+        .append("/Common/SearchResults.html?zcode=")
+        .append(kWeatherZone)
+        .append("&nav_section=45&lang_id=en-us&is_search=true&loc=")
+        .append(code);
+}
+
+std::string StationPage(std::string_view code) {
+    return WeatherHost()
+        .append("/Common/SearchResults.html?loc=")
+        .append(code)
+        .append("&is_search=true&nav_section=1&loc_country=WORLD&zcode=")
+        .append(kWeatherZone);
+}
+
+std::string NationalMapPage(std::string_view code) {
+    std::string page = WeatherHost()
+                           .append("/severe-weather/national-alert-map.html?zcode=")
+                           .append(kWeatherZone)
+                           .append("&country=US&country_name=USA");
+    if (!code.empty()) page.append("&zip=").append(code);
+    return page;
+}
+
+std::string WeatherHomePage() {
+    return WeatherHost().append("?zcode=").append(kWeatherZone);
+}
+
+std::string SupportForumPage() {
+    return MakerHost() + "/Forum/index.php?c=24";
+}
+
+std::string BugReportPage() {
+    return MakerHost() + "/Bug-Report.asp?Application=Skyvane Alerts&Version=" SKYVANE_VERSION;
+}
+
+std::string DonationPage() {
+    return MakerHost() + "/Donate.asp";
+}
+
+std::string DownloadPage() {
+    return MakerHost() + "/Skyvane-Alerts.asp";
+}
+
+std::string VersionFile() {
+    return MakerHost() + "/SVAlerts.txt";
+}
+
+std::string VisitMakerAction() {
+    return std::string(kVisitAction).append(MakerHost());
+}
+
+}  // namespace settings
