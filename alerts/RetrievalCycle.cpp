@@ -10,8 +10,14 @@
 #include "stations/StationLine.h"
 #include "stations/StationList.h"
 #include "win/CodePage.h"
+#include "win/NeverDestroyed.h"
 
 namespace alerts {
+
+const std::string& BrokenBar() {
+    static std::string& bar = win::NeverDestroyed<std::string>(win::FromWide(L"\u00A6"));
+    return bar;
+}
 
 RetrievalCycle::RetrievalCycle() {
     settings::DeleteSettingSection(settings::kAlerts);
@@ -43,7 +49,7 @@ bool RetrievalCycle::StartNextStation() {
         const auto code = stations::StationCode(stations::StationAt(i));
         if (!code || HasFetched(*code)) continue;
         code_ = *code;
-        download_.emplace(settings::AlertsRequest(code_), "SVL");
+        download_.emplace(settings::AlertsRequest(code_), kAlertsPrefix);
         return true;
     }
     return false;
@@ -57,9 +63,9 @@ CycleOutcome RetrievalCycle::End(bool failed) {
     if (failed) return {true, 0};
     std::string& seen = settings::State().oldAlerts;
     seen = TrimSeen(seen);
-    const std::int16_t newAlerts = AddUnseen(seen, identifiers_, win::BrokenBar());
+    const std::int16_t newAlerts = AddUnseen(seen, identifiers_, BrokenBar());
     settings::WriteSetting(settings::kOldAlerts,
-                           FitSeen(seen, settings::LongestValue(), win::BrokenBar()));
+                           FitSeen(seen, settings::LongestValue(), BrokenBar()));
     return {false, newAlerts};
 }
 

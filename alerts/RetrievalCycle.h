@@ -9,6 +9,10 @@
 
 namespace alerts {
 
+// Returns the broken bar U+00A6 in the process's code page, which separates the identifiers of seen
+// alerts.
+const std::string& BrokenBar();
+
 struct CycleOutcome {
     bool failed = false;         // a download failed, and the cycle ended there
     std::int16_t newAlerts = 0;  // alerts not seen before; 0 for a failed cycle

@@ -6,9 +6,9 @@
 #include "alerts/modDownloader.h"
 #include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
+#include "settings/MessageBoxes.h"
 #include "settings/ProgramState.h"
 #include "win/Files.h"
-#include "win/Messages.h"
 #include "win/Shell.h"
 #include "win/Text.h"
 
@@ -40,17 +40,18 @@ bool IsNewer(const std::string& offered, const std::string& running) {
 }
 
 void ReportFailure() {
-    win::ShowMessage(nullptr,
-                     "The attempt to check for an updated version of Skyvane Alerts failed!\r\n\r\n"
-                     "Please visit " +
-                         settings::MakerHost() + " to check for a new version.",
-                     MB_ICONEXCLAMATION);
+    settings::ShowMessage(
+        nullptr,
+        "The attempt to check for an updated version of Skyvane Alerts failed!\r\n\r\n"
+        "Please visit " +
+            settings::MakerHost() + " to check for a new version.",
+        MB_ICONEXCLAMATION);
 }
 
 void OfferDownload(HWND owner, const std::string& version, bool interactive) {
     if (!interactive && settings::ReadSetting(settings::kCheckVersion) == version) return;
     settings::WriteSetting(settings::kCheckVersion, version);
-    if (win::Confirm(
+    if (settings::Confirm(
             nullptr,
             "Skyvane Alerts v" + version + " is available!  Would you like to download it now?",
             MB_ICONINFORMATION))
@@ -83,8 +84,8 @@ void Check(HWND owner, bool interactive) {
     if (IsNewer(offered, settings::ReadSetting(settings::kVersion)))
         OfferDownload(owner, offered, interactive);
     else if (interactive)
-        win::ShowMessage(nullptr, "You are using the latest version of Skyvane Alerts.",
-                         MB_ICONINFORMATION);
+        settings::ShowMessage(nullptr, "You are using the latest version of Skyvane Alerts.",
+                              MB_ICONINFORMATION);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 #include "settings/ProgramState.h"
 #include "win/Files.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 #include "win/Text.h"
 #include "win/modRandomFile.h"
 #include "win/modTimeout.h"

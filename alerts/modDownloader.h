@@ -9,6 +9,10 @@
 // address into a data file and then writes its status into a status file.
 namespace alerts {
 
+// The first characters of the temporary files of the search's and of the cycle's downloads.
+inline constexpr char kSearchPrefix[] = "SVA";
+inline constexpr char kAlertsPrefix[] = "SVL";
+
 // Starts dl.exe for the address and returns its process without waiting. If it cannot be started
 // (missing, blocked), returns an empty handle, deletes the data file and writes the system's error
 // number into the status file, as a failed download would.

@@ -4,10 +4,11 @@
 
 #include "app/FolderRefresh.h"
 #include "app/StartupValues.h"
-#include "settings/DataFolder.h"
+#include "settings/Folders.h"
 #include "settings/IniOpenSave.h"
+#include "settings/MessageBoxes.h"
 #include "settings/ProgramState.h"
-#include "settings/Version.h"
+#include "settings/Product.h"
 #include "settings/modRegistry.h"
 #include "stations/StationList.h"
 #include "tray/MinuteClock.h"
@@ -17,9 +18,7 @@
 #include "tray/modTrayIcon.h"
 #include "tray/modTrayMenu.h"
 #include "win/Files.h"
-#include "win/Messages.h"
-#include "win/NamedMutex.h"
-#include "win/CodePage.h"
+#include "win/Process.h"
 
 namespace app {
 namespace {
@@ -92,10 +91,10 @@ void CountRun() {
         return;
     }
     WriteSetting(kRuns, "1");
-    if (win::Confirm(nullptr,
-                     "It looks like this is your first time using Skyvane Alerts.\r\n\r\n"
-                     "Would you like to set up the Options now?",
-                     MB_ICONINFORMATION))
+    if (settings::Confirm(nullptr,
+                          "It looks like this is your first time using Skyvane Alerts.\r\n\r\n"
+                          "Would you like to set up the Options now?",
+                          MB_ICONINFORMATION))
         tray::ShowOptions();
 }
 

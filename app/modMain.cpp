@@ -5,8 +5,7 @@
 #include "tray/TrayCommands.h"
 #include "tray/frmTray.h"
 #include "win/CommandLine.h"
-#include "win/Hardening.h"
-#include "win/NamedMutex.h"
+#include "win/Process.h"
 #include "win/NeverDestroyed.h"
 
 namespace {

@@ -5,18 +5,18 @@ add_library(program STATIC ${programSources})
 # The libraries loaded at start; win/LateFunctions.h declares what is loaded later.
 target_link_libraries(program PUBLIC portable shell32 advapi32 user32 gdi32 uuid)
 
-add_executable(SVAlerts WIN32 ${appSources} app/SVAlerts.rc win/Terminate.cpp)
+add_executable(SVAlerts WIN32 ${appSources} app/SVAlerts.rc runtime/Terminate.cpp)
 target_link_libraries(SVAlerts PRIVATE program)
 
 add_library(fetch STATIC ${fetchSources})
 target_link_libraries(fetch PUBLIC portable program winhttp ntdll)
 
-add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc win/Terminate.cpp)
+add_executable(dl WIN32 downloader/main.cpp downloader/dl.rc runtime/Terminate.cpp)
 target_link_libraries(dl PRIVATE fetch)
 
 # CMake does not find the dependencies of resource scripts itself.
 file(GLOB resourceParts CONFIGURE_DEPENDS */*.rc */resource.h assets/icons/*)
-list(APPEND resourceParts ${CMAKE_SOURCE_DIR}/assets/skyvane.manifest ${CMAKE_SOURCE_DIR}/settings/Version.h)
+list(APPEND resourceParts ${CMAKE_SOURCE_DIR}/assets/skyvane.manifest ${CMAKE_SOURCE_DIR}/settings/Product.h)
 set_source_files_properties(app/SVAlerts.rc downloader/dl.rc PROPERTIES OBJECT_DEPENDS "${resourceParts}")
 
 foreach(target SVAlerts dl)

@@ -40,7 +40,7 @@ foreach(folder ${programFolders})
 endforeach()
 file(GLOB_RECURSE fetchSources RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS downloader/*.cpp)
 file(GLOB appSources RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS app/*.cpp)
-list(REMOVE_ITEM programSources ${portableSources} win/Terminate.cpp)
+list(REMOVE_ITEM programSources ${portableSources})
 list(REMOVE_ITEM fetchSources ${portableSources} downloader/main.cpp)
 list(REMOVE_ITEM appSources ${portableSources})
 

@@ -7,9 +7,8 @@
 #include "downloader/Sources.h"
 #include "downloader/http/StatusCodes.h"
 #include "settings/IniOpenSave.h"
-#include "win/CodePage.h"
 #include "win/CommandLine.h"
-#include "win/Hardening.h"
+#include "win/Process.h"
 
 // dl.exe URL|data file|status file: fetches the URL without a window or any user interaction.
 namespace downloader {

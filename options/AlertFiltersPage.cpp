@@ -4,10 +4,10 @@
 #include "options/Pages.h"
 #include "options/resource.h"
 #include "settings/IniOpenSave.h"
+#include "settings/MessageBoxes.h"
 #include "win/ListItems.h"
 #include "win/Dialog.h"
-#include "win/Messages.h"
-#include "win/TextMeter.h"
+#include "win/ListView.h"
 #include "win/Text.h"
 
 namespace options {
@@ -56,8 +56,8 @@ void Command9_Click(HWND page) {
 }
 
 void Command10_Click(HWND page) {
-    if (!win::Confirm(GetParent(page),
-                      "Are you sure you want to remove the selected word(s)/phrase(s)?", 0))
+    if (!settings::Confirm(GetParent(page),
+                           "Are you sure you want to remove the selected word(s)/phrase(s)?", 0))
         return;
     const win::ListControl list = List2(page);
     for (int i = win::CountItems(list) - 1; i >= 0; --i)

@@ -1,6 +1,6 @@
 #include "options/Pages.h"
 #include "options/resource.h"
-#include "settings/DataFolder.h"
+#include "settings/Folders.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "settings/modRegistry.h"

@@ -9,9 +9,9 @@
 #include "stations/StationLine.h"
 #include "stations/StationList.h"
 #include "tray/modTrayMenu.h"
+#include "settings/MessageBoxes.h"
 #include "win/ListItems.h"
 #include "win/Dialog.h"
-#include "win/Messages.h"
 #include "win/NeverDestroyed.h"
 
 namespace options {
@@ -81,15 +81,16 @@ void Command23_Click(HWND page) {
 void Command7_Click(HWND page) {
     const std::size_t selected = Selected(page);
     if (selected >= lines.size() ||
-        !win::Confirm(GetParent(page), RemoveQuestion(stations::DisplayText(lines[selected])), 0))
+        !settings::Confirm(GetParent(page), RemoveQuestion(stations::DisplayText(lines[selected])),
+                           0))
         return;
     lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(selected));
     ChangeLines(page, selected);
 }
 
 void Command5_Click(HWND page) {
-    if (!win::Confirm(GetParent(page),
-                      "Are you sure you want to remove all saved weather stations?", 0))
+    if (!settings::Confirm(GetParent(page),
+                           "Are you sure you want to remove all saved weather stations?", 0))
         return;
     lines.clear();
     ChangeLines(page, 0);

@@ -1,5 +1,6 @@
 #include "options/Pages.h"
 #include "options/resource.h"
+#include "settings/Folders.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "win/ListItems.h"
@@ -12,10 +13,6 @@ namespace options {
 using namespace settings;
 
 namespace {
-
-std::string SoundPath(const std::string& name) {
-    return State().programFolder + "\\Sounds\\" + name;
-}
 
 std::string ChosenSound(HWND page) {
     const win::ListControl combo = win::ComboBox(page, frmOptions_Combo11);

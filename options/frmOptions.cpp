@@ -12,11 +12,12 @@
 #include "options/Pages.h"
 #include "options/resource.h"
 #include "settings/IniOpenSave.h"
+#include "settings/MessageBoxes.h"
 #include "settings/ProgramState.h"
 #include "win/Dialog.h"
 #include "win/Files.h"
 #include "win/LateFunctions.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 #include "win/Shell.h"
 
 namespace options {
@@ -157,8 +158,9 @@ void Apply() {
     }
     if (IsStoreLocationChanged()) {
         ForgetStoreLocationChange();
-        win::ShowMessage(form.window, RestartMessage(settings::State().storeFilesInProgramFolder),
-                         MB_ICONINFORMATION, "Skyvane Live");
+        settings::ShowMessage(form.window,
+                              RestartMessage(settings::State().storeFilesInProgramFolder),
+                              MB_ICONINFORMATION, "Skyvane Live");
     }
     // What could not be stored, or was changed meanwhile, is left for a later Apply.
     form.anythingChanged =

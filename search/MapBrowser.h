@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "win/Automation.h"
+#include "win/Com.h"
 
 namespace search {
 

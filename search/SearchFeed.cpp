@@ -3,14 +3,10 @@
 #include "alerts/modDownloader.h"
 
 namespace search {
-namespace {
-
-constexpr char kTempPrefix[] = "SVA";
-
-}  // namespace
+namespace {}  // namespace
 
 FeedAnswer FetchDocument(const std::string& address, bool (*isCancelled)()) {
-    alerts::Download download(address, kTempPrefix);
+    alerts::Download download(address, alerts::kSearchPrefix);
     download.Wait(isCancelled);
     if (isCancelled()) return {};
     return {download.Succeeded(), win::LoadXmlFile(download.DataFile())};

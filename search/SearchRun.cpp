@@ -12,7 +12,7 @@
 #include "settings/Addresses.h"
 #include "win/Dialog.h"
 #include "win/ListView.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 #include "win/Text.h"
 
 namespace search {

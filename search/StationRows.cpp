@@ -6,7 +6,6 @@
 #include "search/SearchForm.h"
 #include "search/resource.h"
 #include "win/ListView.h"
-#include "win/TextMeter.h"
 #include "win/CodePage.h"
 
 namespace search {

@@ -11,7 +11,7 @@
 #include "settings/ProgramState.h"
 #include "win/Dialog.h"
 #include "win/ListView.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 
 namespace search {
 namespace {

@@ -5,7 +5,7 @@
 #include "search/resource.h"
 #include "win/Dialog.h"
 #include "win/ListView.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 #include "win/NeverDestroyed.h"
 
 namespace search {

@@ -1,7 +1,7 @@
 #include "settings/Addresses.h"
 
 #include "settings/IniOpenSave.h"
-#include "settings/Version.h"
+#include "settings/Product.h"
 #include "win/Text.h"
 
 namespace settings {

@@ -6,7 +6,7 @@
 
 #include "win/Files.h"
 #include "win/Handle.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 #include "win/Text.h"
 
 namespace settings {

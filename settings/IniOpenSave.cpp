@@ -6,9 +6,10 @@
 #include <set>
 
 #include "settings/IniFile.h"
+#include "settings/Product.h"
 #include "settings/modRegistry.h"
 #include "win/Files.h"
-#include "win/Messages.h"
+#include "win/Process.h"
 #include "win/NeverDestroyed.h"
 #include "win/CodePage.h"
 #include "win/Text.h"
@@ -25,7 +26,7 @@ constexpr char kStoreVariable[] = "SKYVANE_ALERTS_INI_USER";
 // The per-user registry area for program settings, with this program's name below it.
 std::string RegistryPath(std::string_view section) {
     return std::string("Software\\VB and VBA Program Settings\\")
-        .append(win::kProgramName)
+        .append(SKYVANE_NAME)
         .append("\\")
         .append(section);
 }

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "settings/SettingKeys.h"
-#include "settings/IniText.h"
+#include "settings/KeyValues.h"
 
 // The settings store: text values by section and key, either in a per-user INI file in the program
 // folder or in the registry. The choice is made once, at start; callers do not depend on it.

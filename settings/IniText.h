@@ -1,14 +1,12 @@
 #pragma once
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
+
+#include "settings/KeyValues.h"
 
 // The private profile format as text. The program edits its INI file as text and replaces it whole,
 // and reads a section with thousands of values at once.
 namespace settings {
-
-using KeyValues = std::vector<std::pair<std::string, std::string>>;
 
 // The longest value, in characters, that an INI file holds.
 inline constexpr std::size_t kIniValueLimit = 749;

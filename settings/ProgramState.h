@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "win/Handle.h"
+#include "win/NeverDestroyed.h"
 
 // What the whole program shares. Everything runs on one thread, but every wait lets messages run:
 // keep no reference into it across a wait.
@@ -48,7 +49,10 @@ struct ProgramState {
     bool searchDialogOpen = false;
 };
 
-// The one instance.
-ProgramState& State();
+// Returns the one instance.
+inline ProgramState& State() {
+    static ProgramState& state = win::NeverDestroyed<ProgramState>();
+    return state;
+}
 
 }  // namespace settings

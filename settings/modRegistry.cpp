@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "win/Handle.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 
 namespace settings {
 namespace {

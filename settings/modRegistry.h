@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "settings/IniText.h"
+#include "settings/KeyValues.h"
 
 // The registry: the three routines for values outside the settings store, which take a predefined
 // root key, and the store's own text values below HKEY_CURRENT_USER. Errors are ignored throughout.

@@ -3,7 +3,7 @@
 #include "settings/ProgramState.h"
 #include "stations/StationLine.h"
 #include "win/Files.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 
 namespace stations {
 

@@ -9,7 +9,9 @@
 
 #include "alerts/RetrievalCycle.h"
 #include "settings/Addresses.h"
+#include "settings/Folders.h"
 #include "settings/IniOpenSave.h"
+#include "settings/MessageBoxes.h"
 #include "settings/ProgramState.h"
 #include "stations/StationList.h"
 #include "tray/OptionsDialog.h"
@@ -17,7 +19,7 @@
 #include "tray/modTrayMenu.h"
 #include "win/Dates.h"
 #include "win/Files.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 #include "win/NeverDestroyed.h"
 #include "win/Text.h"
 #include "win/modPlaySound.h"
@@ -51,7 +53,7 @@ UINT_PTR unreadTimer = 0;  // runs while the station file cannot be read
 
 void OfferStationChoice() {
     isAskingForStation = true;
-    if (win::Confirm(nullptr, kNoStationQuestion, MB_ICONINFORMATION)) ShowStationOptions();
+    if (settings::Confirm(nullptr, kNoStationQuestion, MB_ICONINFORMATION)) ShowStationOptions();
     isAskingForStation = false;
 }
 
@@ -69,7 +71,7 @@ void PlayChosenSound() {
     if (!ReadFlag(kFlashTrayIcon)) return;
     const std::string name = ReadSetting(kTrayAlertSound);
     if (name.empty() || name == kNoSound) return;
-    const std::string path = State().programFolder + "\\Sounds\\" + name;
+    const std::string path = SoundPath(name);
     if (win::FileExists(path)) win::PlayAlertSound(path, win::kPlayOnce);
 }
 
@@ -98,7 +100,7 @@ void EndCycle(const alerts::CycleOutcome& outcome, bool interactive, void (*when
     }
     settings::State().lastCycleEnd = GetTickCount64();
     if (outcome.failed && interactive)
-        win::ShowMessage(nullptr, FailureMessage(), MB_ICONINFORMATION);
+        settings::ShowMessage(nullptr, FailureMessage(), MB_ICONINFORMATION);
     settings::State().minuteCounter = 0;
     if (whenEnded) whenEnded();
 }

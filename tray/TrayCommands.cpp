@@ -20,7 +20,7 @@
 #include "tray/modTrayIcon.h"
 #include "tray/modTrayMenu.h"
 #include "tray/resource.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 #include "win/Shell.h"
 #include "win/modRandomFile.h"
 
@@ -92,7 +92,7 @@ void ShutDown() {
     alerts::AbandonDownloads();
     settings::StoreHeldSettings();
     // A second copy must leave the files that a search of the first copy may be waiting for.
-    if (settings::State().isFirstCopy) win::DeleteTempFiles("SVA");
+    if (settings::State().isFirstCopy) win::DeleteTempFiles(alerts::kSearchPrefix);
     settings::State().runningMutex.Reset();
     StopExplorerMonitor(TrayWindow());
     ExitProcess(0);

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "settings/Product.h"
 #include "tray/resource.h"
-#include "win/Messages.h"
 
 namespace tray {
 namespace {
@@ -35,7 +35,7 @@ HWND CreateTrayWindow(WNDPROC procedure) {
     windowClass.lpszMenuName = MAKEINTRESOURCEA(IDR_TRAYMENUBAR);
     windowClass.lpszClassName = kClassName;
     RegisterClassA(&windowClass);
-    window = CreateWindowExA(0, kClassName, win::kProgramName, WS_OVERLAPPED, 0, 0, 0, 0, nullptr,
+    window = CreateWindowExA(0, kClassName, SKYVANE_NAME, WS_OVERLAPPED, 0, 0, 0, 0, nullptr,
                              nullptr, windowClass.hInstance, nullptr);
     return window;
 }

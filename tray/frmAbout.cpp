@@ -9,7 +9,7 @@
 #include "settings/Addresses.h"
 #include "tray/resource.h"
 #include "win/Dialog.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 #include "win/Shell.h"
 #include "win/Text.h"
 

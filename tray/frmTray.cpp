@@ -12,7 +12,7 @@
 #include "tray/modExplorerMonitor.h"
 #include "tray/modTrayIcon.h"
 #include "tray/modTrayMenu.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 
 namespace tray {
 namespace {

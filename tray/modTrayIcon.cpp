@@ -7,11 +7,11 @@
 
 #include "assets/icons/icons.h"
 #include "settings/IniOpenSave.h"
+#include "settings/Product.h"
 #include "tray/TrayTip.h"
 #include "tray/TrayWindow.h"
 #include "win/Dates.h"
 #include "win/Images.h"
-#include "win/Messages.h"
 #include "win/NeverDestroyed.h"
 #include "win/Text.h"
 
@@ -76,14 +76,14 @@ void ReplaceImage(win::Icon& image, const std::string& path) {
 void AddTrayIcon() {
     FillIdentity(NIF_MESSAGE | NIF_ICON | NIF_TIP, kAddTimeout);
     TrayIconData.hIcon = Images().ImageIcon.Get();
-    SetText(TrayIconData.szTip, win::kProgramName);
+    SetText(TrayIconData.szTip, SKYVANE_NAME);
     UpdateTrayTip(settings::ReadSetting(settings::kLastUpdated));
     Send(NIM_ADD);
 }
 
 void ShowTrayBalloon(const std::string& message) {
     FillIdentity(NIF_MESSAGE | NIF_ICON | NIF_TIP | NIF_INFO, kBalloonTimeout);
-    SetText(TrayIconData.szInfoTitle, win::kProgramName);
+    SetText(TrayIconData.szInfoTitle, SKYVANE_NAME);
     SetText(TrayIconData.szInfo, message);
     Send(NIM_MODIFY);
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "alerts/RetrievalCycle.h"
 #include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
@@ -13,9 +14,8 @@
 #include "tray/OptionsDialog.h"
 #include "tray/TrayWindow.h"
 #include "tray/resource.h"
-#include "win/CodePage.h"
 #include "win/Handle.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 #include "win/NeverDestroyed.h"
 #include "win/Shell.h"
 #include "win/Text.h"
@@ -180,7 +180,7 @@ void BuildAlertsMenu() {
         const std::string caption =
             AlertCaption(ValueOf(section, settings::kAlertTitle, k),
                          stations::DisplayTextOfCode(settings::State().stations, code));
-        if (!AddCaption(seenCaptions, caption, win::BrokenBar())) continue;
+        if (!AddCaption(seenCaptions, caption, alerts::BrokenBar())) continue;
         const std::uint32_t identifier = CreateAlertIdentifier(taken, unusable);
         if (identifier == 0) break;
         if (!InsertMenuA(TrayMenuHandle, static_cast<UINT>(AlertItemCount + 1), MF_BYPOSITION,

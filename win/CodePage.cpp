@@ -1,7 +1,5 @@
 #include "win/CodePage.h"
 
-#include "win/NeverDestroyed.h"
-
 #include <windows.h>
 
 #include <algorithm>
@@ -40,24 +38,6 @@ std::string ToLower(std::string_view text) {
     std::wstring wide = ToWide(text);
     CharLowerBuffW(wide.data(), static_cast<DWORD>(wide.size()));
     return FromWide(wide);
-}
-
-const std::string& BrokenBar() {
-    static std::string& bar = NeverDestroyed<std::string>(FromWide(L"\u00A6"));
-    return bar;
-}
-
-std::string Environment(const char* name) {
-    std::string value;
-    for (DWORD size = 256;;) {
-        value.resize(size);
-        const DWORD length = GetEnvironmentVariableA(name, value.data(), size);
-        if (length < size) {
-            value.resize(length);
-            return value;
-        }
-        size = length;
-    }
 }
 
 }  // namespace win

@@ -17,10 +17,4 @@ std::string ToUtf8(std::wstring_view text);
 // The text in lower case by the rules of Unicode.
 std::string ToLower(std::string_view text);
 
-// The broken bar U+00A6, which joins alert identifiers, in the process's code page.
-const std::string& BrokenBar();
-
-// The value of an environment variable; empty when it is not set.
-std::string Environment(const char* name);
-
 }  // namespace win

@@ -2,7 +2,7 @@
 
 #include "win/Images.h"
 #include "win/LateFunctions.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 
 namespace win {
 

@@ -7,12 +7,45 @@
 #include <oleauto.h>
 #include <uxtheme.h>
 
-#include "win/LateFunction.h"
+#include <exception>
 
-// The functions of the system libraries that the programs load at the first call: each of these
-// libraries costs start time and idle memory, and a usual start needs none. The programs are not
-// linked with them, so a call without `win::late::` is an error of the linker.
-namespace win::late {
+// Functions of system libraries that are loaded at the first call: each library costs start time
+// and idle memory, and an ordinary start needs none of them.
+namespace win {
+
+// Returns a function of a system library and loads the library if needed. The process ends when the
+// library or the function is missing, as it would for an ordinary import.
+inline void* FindLateFunction(const char* library, const char* name) {
+    // The library's bare name lets the manifest choose its version (comctl32). The handle stays
+    // open, as an import's does.
+    const HMODULE module = LoadLibraryExA(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    void* const function = reinterpret_cast<void*>(module ? GetProcAddress(module, name) : nullptr);
+    if (!function) std::terminate();
+    return function;
+}
+
+// A function of a system library that is looked up at its first call. `Function` is the function's
+// type; the object is called like the function.
+template <class Function>
+class LateFunction {
+  public:
+    // Both texts must outlive the object.
+    constexpr LateFunction(const char* library, const char* name)
+        : library_(library), name_(name) {}
+    operator Function*() {
+        if (!function_) function_ = reinterpret_cast<Function*>(FindLateFunction(library_, name_));
+        return function_;
+    }
+
+  private:
+    const char* library_;
+    const char* name_;
+    Function* function_ = nullptr;
+};
+
+// The programs are not linked with these libraries, so a call without `win::late::` is an error of
+// the linker.
+namespace late {
 
 // NOLINTBEGIN(bugprone-macro-parentheses): the argument is a name
 #define LATE_FUNCTION(library, function)                           \
@@ -42,4 +75,6 @@ LATE_FUNCTION("winmm.dll", sndPlaySoundA);
 
 #undef LATE_FUNCTION
 
-}  // namespace win::late
+}  // namespace late
+
+}  // namespace win

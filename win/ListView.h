@@ -1,6 +1,7 @@
 #pragma once
 #include <windows.h>
 
+#include <array>
 #include <initializer_list>
 #include <string>
 
@@ -26,5 +27,25 @@ void ResizeListViewColumns(HWND list);
 // Its two steps; the second leaves room for the scroll bar that so many rows need.
 void FitListColumns(HWND list);
 void FillLastListColumn(HWND list, std::size_t rows);
+
+// Measures the width of texts as a control draws them.
+class TextMeter {
+  public:
+    explicit TextMeter(HWND control);
+    TextMeter(const TextMeter&) = delete;
+    TextMeter& operator=(const TextMeter&) = delete;
+    ~TextMeter();
+
+    // In pixels.
+    int Width(const std::string& text) const;
+
+  private:
+    int MeasureText(const std::string& text) const;
+
+    HWND control_;
+    HDC device_;
+    HGDIOBJ previousFont_;
+    std::array<INT, 128> asciiWidths_{};
+};
 
 }  // namespace win

@@ -2,7 +2,7 @@
 
 #include "win/Com.h"
 #include "win/Files.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 #include "win/CodePage.h"
 #include "win/XmlGuard.h"
 
@@ -39,12 +39,9 @@ XmlDocument StartLoadingXml(const std::string& path) {
     if (FAILED(document->put_resolveExternals(VARIANT_FALSE)) ||
         FAILED(document->put_validateOnParse(VARIANT_FALSE)))
         return nullptr;
-    VARIANT source;
-    late::VariantInit(&source);
-    V_VT(&source) = VT_UNKNOWN;
-    V_UNKNOWN(&source) = bytes.Get();
+    Variant source(bytes.Get());
     VARIANT_BOOL began = VARIANT_FALSE;
-    if (FAILED(document->load(source, &began)) || began == VARIANT_FALSE) return nullptr;
+    if (FAILED(document->load(*source.Get(), &began)) || began == VARIANT_FALSE) return nullptr;
     return document;
 }
 

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 
 namespace win {
 namespace {

@@ -8,7 +8,7 @@
 #include "downloader/http/StatusCodes.h"
 #include "downloader/http/Url.h"
 #include "settings/Addresses.h"
-#include "settings/Version.h"
+#include "settings/Product.h"
 #include "win/CodePage.h"
 #include "win/Text.h"
 

@@ -1,7 +1,7 @@
 #include "tests/Handles.h"
 #include "tests/options/OptionsDriver.h"
 #include "win/Handle.h"
-#include "win/CodePage.h"
+#include "win/Process.h"
 
 namespace options {
 namespace {

@@ -14,7 +14,7 @@
 #include "tray/frmTray.h"
 #include "win/ListItems.h"
 #include "win/Dialog.h"
-#include "win/Messages.h"
+#include "win/MessageLoop.h"
 
 // Works the Options dialog from inside its process.
 namespace options {

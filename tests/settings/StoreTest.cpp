@@ -4,7 +4,7 @@
 #include "settings/modRegistry.h"
 #include "tests/ScratchStore.h"
 #include "win/Handle.h"
-#include "win/CodePage.h"
+#include "win/Process.h"
 #include "win/Text.h"
 
 namespace settings {

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "win/Files.h"
+#include "win/Process.h"
 #include "win/CodePage.h"
 
 namespace {

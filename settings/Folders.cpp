@@ -1,9 +1,9 @@
-#include "settings/DataFolder.h"
+#include "settings/Folders.h"
 
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "win/Files.h"
-#include "win/CodePage.h"
+#include "win/Process.h"
 
 namespace settings {
 
@@ -22,6 +22,10 @@ void ChooseDataFolder(bool inProgramFolder) {
 
 void MakeDataFolder() {
     if (!win::FolderExists(State().dataFolder)) win::MakeFolder(State().dataFolder);
+}
+
+std::string SoundPath(std::string_view name) {
+    return std::string(State().programFolder).append("\\Sounds\\").append(name);
 }
 
 }  // namespace settings

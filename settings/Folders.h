@@ -1,0 +1,18 @@
+#pragma once
+#include <string>
+#include <string_view>
+
+// The program's folders, as ProgramState records them.
+namespace settings {
+
+// Sets the data folder: this user's folder in "Users" in the program folder, which is created when
+// missing, or else the folder in the user's application data.
+void ChooseDataFolder(bool inProgramFolder);
+
+// Creates the data folder, one level only, unless it exists.
+void MakeDataFolder();
+
+// Returns the path of a sound in the program folder.
+std::string SoundPath(std::string_view name);
+
+}  // namespace settings

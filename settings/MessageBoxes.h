@@ -1,0 +1,23 @@
+#pragma once
+#include <windows.h>
+
+#include <string>
+
+#include "settings/Product.h"
+
+namespace settings {
+
+// Shows a message box with an OK button and `icon` (MB_ICONINFORMATION, ... or 0) in the
+// foreground.
+inline void ShowMessage(HWND owner, const std::string& text, UINT icon,
+                        const char* title = SKYVANE_NAME) {
+    MessageBoxA(owner, text.c_str(), title, MB_OK | icon | MB_SETFOREGROUND);
+}
+
+// Shows the same box with the buttons Yes and No. Returns whether Yes was chosen.
+inline bool Confirm(HWND owner, const std::string& text, UINT icon) {
+    return MessageBoxA(owner, text.c_str(), SKYVANE_NAME, MB_YESNO | icon | MB_SETFOREGROUND) ==
+           IDYES;
+}
+
+}  // namespace settings
