@@ -1,6 +1,6 @@
-# The files without Windows code: they include no Windows header, and are therefore built for the host
-# too, where the sanitizers and the fuzzers run them. A test is portable when the file that it is named
-# for is: tests/alerts/SeenAlertsTest.cpp for alerts/SeenAlerts.cpp.
+# The portable files include no Windows header and are also built for the host, where the sanitizers and
+# the fuzzers run them. A test is portable if the file it is named for is portable:
+# tests/alerts/SeenAlertsTest.cpp for alerts/SeenAlerts.cpp.
 set(portableSources
   alerts/SeenAlerts.cpp
   alerts/WordFilter.cpp

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <vector>
 
-// What processes hold, counted under Wine, which does not answer the calls that are meant for it.
+// Counts the handles of processes under Wine, which does not implement the documented functions.
 namespace tests {
 
-// All user handles stand in one table of a fixed size: what is left of it tells how many are in
-// use, of all processes. Wine does not answer GetGuiResources.
+// Returns the number of user handles in use by all processes. They share one table of a fixed size,
+// so the number of free entries shows how many are in use.
 inline int UserHandlesInUse() {
     constexpr int tableSize = (0xffef - 0x20) / 2 + 1;
     std::vector<HMENU> menus;
@@ -23,8 +23,8 @@ Function NtFunction(const char* name) {
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), name)));
 }
 
-// The process's table of graphics objects hangs on its environment block; an entry in use has a
-// type.
+// Returns the number of GDI handles of the process, or -1 on failure. The process environment block
+// points to the table of GDI objects; an entry in use has a type.
 inline int GdiHandlesInUse(HANDLE process) {
     struct BasicInformation {
         LONG exitStatus;
@@ -51,7 +51,8 @@ inline int GdiHandlesInUse(HANDLE process) {
     return used;
 }
 
-// Wine leaves GetProcessHandleCount at 0; the list of all handles names each one's process.
+// Returns the number of kernel handles of the process, or -1 on failure, from the list of all
+// handles of the system.
 inline int KernelHandlesInUse(DWORD process) {
     struct Entry {
         void* object;

@@ -13,7 +13,7 @@ struct Handles {
     SIZE_T privateBytes;
 };
 
-// The memory that only this process has, in bytes.
+// Returns the private memory of this process in bytes.
 inline SIZE_T PrivateMemory() {
     SIZE_T total = 0;
     MEMORY_BASIC_INFORMATION region{};
@@ -28,7 +28,7 @@ inline Handles CountHandles() {
             KernelHandlesInUse(GetCurrentProcessId()), PrivateMemory()};
 }
 
-// Private memory may grow by what the heap keeps at hand, no more.
+// Expects no leaks. Private memory may grow by what the heap keeps in reserve.
 inline void ExpectSameHandles(const Handles& before, const Handles& after) {
     constexpr SIZE_T heapSlack = 512 * 1024;
     EXPECT_GT(before.user, 0);
@@ -37,7 +37,6 @@ inline void ExpectSameHandles(const Handles& before, const Handles& after) {
     EXPECT_LE(after.gdi, before.gdi);
     EXPECT_LE(after.user, before.user);
     EXPECT_LE(after.kernel, before.kernel);
-    // Said, for whoever wants the figures.
     testing::Test::RecordProperty("privateGrowth",
                                   static_cast<int>(after.privateBytes - before.privateBytes));
     EXPECT_LE(after.privateBytes, before.privateBytes + heapSlack);

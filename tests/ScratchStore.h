@@ -11,18 +11,18 @@
 #include "win/Handle.h"
 #include "win/modRandomFile.h"
 
-// A settings store and a data folder for one test. The INI file stands beside the test program,
-// under a user name of its own.
+// A settings store and a data folder for one test. The INI file is in the folder of the test
+// program and has its own user name.
 namespace tests {
 
-// Another user for each test: the store remembers what it has read of an INI file.
+// A different user for each test, because the store caches the contents of an INI file.
 inline std::string scratchUser;
 
 inline std::string ScratchIniPath() {
     return win::ExecutableFolder() + "\\" + scratchUser + ".ini";
 }
 
-// Keeps a file to itself, as a virus scanner or a backup does.
+// Locks a file, as a virus scanner or a backup does.
 inline win::FileHandle HoldFile(const std::string& path) {
     return win::FileHandle(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
                                        OPEN_EXISTING, 0, nullptr));
@@ -50,7 +50,7 @@ class ScratchStore : public testing::TestWithParam<std::int16_t> {
         settings::UseIni = store;
         settings::IniUserName = store == settings::kUseIniStore ? scratchUser : "";
     }
-    // Watches a station of each code, called "Place" and its code.
+    // Sets the station list to a station "Place CODE" for each code.
     static void UseStations(const std::vector<std::string>& codes) {
         std::vector<std::string> lines;
         for (const std::string& code : codes)
@@ -58,7 +58,7 @@ class ScratchStore : public testing::TestWithParam<std::int16_t> {
         ASSERT_TRUE(stations::WriteStationFile(lines, stations::StationFilePath()));
         stations::LoadStationList();
     }
-    // Writes a document for the test and gives its path.
+    // Writes a document for the test and returns its path.
     static std::string WriteScratchFile(const std::string& text) {
         const std::string path = settings::State().dataFolder + "\\document.xml";
         EXPECT_TRUE(win::ReplaceFileWhole(path, text));

@@ -3,8 +3,8 @@
 
 namespace tests {
 
-// The classes of the window that Wine makes for an icon in the notification area; newer versions
-// of Wine use the second.
+// The classes of the window that Wine creates for an icon in the notification area. Newer versions
+// of Wine use the second one.
 inline const std::string kTrayIconClasses[] = {"__winex11_tray_icon", "__wine_tray_icon"};
 
 }  // namespace tests

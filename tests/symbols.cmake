@@ -1,6 +1,6 @@
-# cmake -D NM=... -D FILES=... -P: what only the symbols of the programs' objects show. No object may
-# register a destructor to run at process exit (see win/NeverDestroyed.h), and both programs harden
-# their process, of which Wine shows nothing.
+# cmake -D NM=... -D FILES=... -P: checks the symbols of the programs' object files. No object may have
+# a destructor that runs at process exit (see win/NeverDestroyed.h), and both programs must harden their
+# process, which has no visible effect under Wine.
 execute_process(COMMAND ${NM} -A ${FILES} OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
 foreach(start app/modMain.cpp downloader/main.cpp)
   if(NOT symbols MATCHES "/${start}[^\n]* U __ZN3win13HardenProcess")

@@ -199,9 +199,6 @@ class Program:
         """Posts the messages that the taskbar sends for mouse events on the icon."""
         probe("post", TRAY_CLASS, *(field for number in numbers for field in (ICON_CALLBACK, 0, number)))
 
-    def send(self, message, w_param=0, l_param=0):
-        return probe("send", TRAY_CLASS, message, w_param, l_param)
-
     def post(self, message, w_param=0, l_param=0):
         probe("post", TRAY_CLASS, message, w_param, l_param)
 
@@ -209,11 +206,9 @@ class Program:
         """Simulates that minutes pass."""
         if not self.ticks:
             self.wait_for_start()
-        turns = range(self.ticks, self.ticks + minutes)
-        messages = [(WM_TIMER, MINUTE_TIMERS[turn % 2], 0) for turn in turns]
-        if turns:
-            probe("post", TRAY_CLASS, *(field for message in messages for field in message))
-        self.ticks += minutes
+        for _ in range(minutes):
+            self.post(WM_TIMER, MINUTE_TIMERS[self.ticks % 2])
+            self.ticks += 1
 
     def run_quiet_cycle(self, **sections):
         """Changes settings and lets the minute pass that starts a cycle, which must not find new alerts."""

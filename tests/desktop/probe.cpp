@@ -139,12 +139,11 @@ void Post(int count, char** arguments) {
 void PrintCounts(const char* className) {
     DWORD identifier = 0;
     GetWindowThreadProcessId(FindByClass(className), &identifier);
-    const HANDLE process =
-        OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, identifier);
-    const int gdi = tests::GdiHandlesInUse(process);
-    CloseHandle(process);
-    Print(std::to_string(tests::KernelHandlesInUse(identifier)) + "\t" + std::to_string(gdi) +
-          "\t" + std::to_string(tests::UserHandlesInUse()) + "\n");
+    const win::KernelHandle process(
+        OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, identifier));
+    Print(std::to_string(tests::KernelHandlesInUse(identifier)) + "\t" +
+          std::to_string(tests::GdiHandlesInUse(process.Get())) + "\t" +
+          std::to_string(tests::UserHandlesInUse()) + "\n");
 }
 
 // The list writes its answers into the memory of its own process.

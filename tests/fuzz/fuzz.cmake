@@ -1,5 +1,5 @@
-# Each *Fuzz.cpp is a fuzzer of the portable files, which tools/fuzz runs. The tests here only run each
-# once over the inputs in the folder of the same name.
+# Each *Fuzz.cpp is a fuzzer for the portable files, which tools/fuzz runs. The tests only run each fuzzer
+# once on the inputs in the folder with its name.
 get_target_property(fuzzedFiles portable SOURCES)
 list(TRANSFORM fuzzedFiles PREPEND ${CMAKE_SOURCE_DIR}/)
 add_library(fuzzedSources STATIC EXCLUDE_FROM_ALL ${fuzzedFiles})

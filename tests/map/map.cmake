@@ -1,5 +1,5 @@
-# Tests the map pages that the program wrote in a desktop test, in a real browser. Include
-# cmake/mapPage.cmake and desktop.cmake first.
+# Tests the map pages saved by a desktop test in a real browser. Include cmake/mapPage.cmake and
+# desktop.cmake first.
 find_program(chromiumProgram NAMES chromium google-chrome)
 add_test(NAME map COMMAND ${nodeProgram} --test ${CMAKE_CURRENT_LIST_DIR}/page.test.mjs)
 set_tests_properties(desktop_test_search_map PROPERTIES FIXTURES_SETUP mapPages)
