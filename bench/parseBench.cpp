@@ -60,7 +60,7 @@ int main(int count, char** arguments) {
     settings::UseIni = ini ? settings::kUseIniStore : settings::kUseRegistryStore;
     settings::IniUserName = ini ? "bench" : "";
     constexpr int sizes[] = {0, 10, 100, 1000};
-    for (const int size : sizes) win::ReplaceFileWhole(DocumentPath(size), MakeDocument(size));
+    for (const int size : sizes) win::WriteFileAtomically(DocumentPath(size), MakeDocument(size));
     // The sizes alternate so that other load affects all of them. Small ones run more often because
     // noise affects them more.
     constexpr int rounds = 15;

@@ -104,7 +104,7 @@ int main() {
     // The map page's template is in the product folder that the runner creates.
     settings::State().dataFolder = win::ExecutableFolder() + "\\..\\product";
     const std::string path = win::ExecutableFolder() + "\\stations.xml";
-    win::ReplaceFileWhole(path, MakeAnswer());
+    win::WriteFileAtomically(path, MakeAnswer());
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES};
     win::late::InitCommonControlsEx(&controls);
     CreateForm();

@@ -44,7 +44,7 @@ void ShowListChange(HWND page) {
 }
 
 void Command9_Click(HWND page) {
-    const std::string word(win::TrimBlanks(win::ControlText(page, frmOptions_Text3)));
+    const std::string word(win::TrimSpaces(win::ControlText(page, frmOptions_Text3)));
     win::SetControlText(page, frmOptions_Text3, word);
     if (word.empty()) return;
     MarkChanged(Page::AlertFilters);

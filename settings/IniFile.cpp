@@ -122,7 +122,7 @@ bool WriteIniValues(const std::string& path, std::string_view section, const Key
     const IniText file = ReadIniText(path, Wait::Sleep);
     if (file.form == Form::PlainText) {
         const std::string merged = MergeIniSection(file.text, section, values);
-        return merged == file.text || win::ReplaceFileWhole(path, merged);
+        return merged == file.text || win::WriteFileAtomically(path, merged);
     }
     if (file.form == Form::Unreadable) return false;
     bool stored = true;

@@ -7,12 +7,12 @@
 namespace settings {
 namespace {
 
-constexpr char kBlanks[] = " \t\r";
+constexpr char kWhite[] = " \t\r";
 
 std::string_view Trim(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(kBlanks);
+    const std::size_t first = text.find_first_not_of(kWhite);
     if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(kWhite) - first + 1);
 }
 
 bool IsSectionLine(std::string_view line) {
@@ -43,15 +43,34 @@ std::string KeyLine(std::string_view key, std::string_view value) {
     return win::AsciiUpper(key) + "=" + IniSafeValue(value) + "\r\n";
 }
 
+// A file text, cut around the lines of one section.
+struct Parts {
+    bool found = false;
+    std::string_view before;  // up to and with the section's header; the whole text if not found
+    std::string_view lines;   // of the section, without empty lines at its end
+    std::string_view after;
+};
+
+Parts CutAtSection(std::string_view text, std::string_view section) {
+    bool found = false;
+    std::string_view rest = text;
+    while (!rest.empty() && !found) found = IsSection(win::TakeLine(rest), section);
+    const std::size_t start = text.size() - rest.size();
+    std::size_t end = start;
+    while (!rest.empty()) {
+        const std::string_view line = win::TakeLine(rest);
+        if (IsSectionLine(line)) break;
+        if (!Trim(line).empty()) end = text.size() - rest.size();
+    }
+    return {found, text.substr(0, start), text.substr(start, end - start), text.substr(end)};
+}
+
 }  // namespace
 
 KeyValues ReadIniSection(std::string_view fileText, std::string_view section) {
     KeyValues values;
-    while (!fileText.empty() && !IsSection(win::TakeLine(fileText), section)) {
-    }
-    while (!fileText.empty()) {
-        const std::string_view line = win::TakeLine(fileText);
-        if (IsSectionLine(line)) break;
+    for (std::string_view lines = CutAtSection(fileText, section).lines; !lines.empty();) {
+        const std::string_view line = win::TakeLine(lines);
         const std::string_view key = KeyOf(line);
         if (key.empty()) continue;
         std::string_view value = Trim(line.substr(line.find('=') + 1));
@@ -67,29 +86,14 @@ std::string MergeIniSection(std::string_view fileText, std::string_view section,
     std::map<std::string, std::string_view> missing;
     for (const auto& [key, value] : values) missing[win::AsciiUpper(key)] = value;
 
+    Parts parts = CutAtSection(fileText, section);
     std::string result;
     result.reserve(fileText.size() + values.size() * 64);
-    bool found = false;
-    while (!fileText.empty() && !found) {
-        const std::string_view line = win::TakeLine(fileText);
-        result.append(line).append("\n");
-        found = IsSection(line, section);
-    }
-    std::string_view blankLines;
-    while (found && !fileText.empty()) {
-        const std::string_view rest = fileText;
-        const std::string_view line = win::TakeLine(fileText);
-        if (IsSectionLine(line)) {
-            fileText = rest;
-            break;
-        }
-        if (Trim(line).empty()) {  // kept back: new keys go before the blank lines
-            if (blankLines.empty()) blankLines = rest;
-            continue;
-        }
-        if (!blankLines.empty())
-            result.append(blankLines.substr(0, blankLines.size() - rest.size()));
-        blankLines = {};
+    result.append(parts.before);
+    if (!result.empty() && result.back() != '\n') result.append("\n");
+    if (!parts.found) result.append("[").append(section).append("]\r\n");
+    while (!parts.lines.empty()) {
+        const std::string_view line = win::TakeLine(parts.lines);
         const auto known = missing.find(win::AsciiUpper(KeyOf(line)));
         if (known == missing.end()) {
             result.append(line).append("\n");
@@ -98,16 +102,13 @@ std::string MergeIniSection(std::string_view fileText, std::string_view section,
             missing.erase(known);
         }
     }
-    if (!found) result.append("[").append(section).append("]\r\n");
-    for (const auto& [key, value] : values) {  // in the order in which they were given
+    for (const auto& [key, value] : values) {  // new keys, in the given order
         const auto known = missing.find(win::AsciiUpper(key));
         if (known == missing.end()) continue;
         result.append(KeyLine(known->first, known->second));
         missing.erase(known);
     }
-    if (!blankLines.empty())
-        result.append(blankLines.substr(0, blankLines.size() - fileText.size()));
-    return result.append(fileText);
+    return result.append(parts.after);
 }
 
 std::string CutIniValue(std::string_view value) {
@@ -119,9 +120,9 @@ std::string CutIniValue(std::string_view value) {
 
 std::string IniSafeValue(std::string_view value) {
     const std::string safe = CutIniValue(value);
-    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-    const bool endsBlank = !safe.empty() && (isBlank(safe.front()) || isBlank(safe.back()));
-    return endsBlank || IsQuoted(safe) ? "\"" + safe + "\"" : safe;
+    const auto isWhite = [](char c) { return c == ' ' || c == '\t'; };
+    const bool hasOuterWhite = !safe.empty() && (isWhite(safe.front()) || isWhite(safe.back()));
+    return hasOuterWhite || IsQuoted(safe) ? "\"" + safe + "\"" : safe;
 }
 
 }  // namespace settings

@@ -50,7 +50,7 @@ std::optional<std::vector<std::string>> ReadStationFile(const std::string& path)
 }
 
 bool WriteStationFile(const std::vector<std::string>& entries, const std::string& path) {
-    return win::ReplaceFileWhole(path, WriteStationLines(entries));
+    return win::WriteFileAtomically(path, WriteStationLines(entries));
 }
 
 std::string StationAt(std::size_t index) {

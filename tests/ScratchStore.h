@@ -61,7 +61,7 @@ class ScratchStore : public testing::TestWithParam<std::int16_t> {
     // Writes a document for the test and returns its path.
     static std::string WriteScratchFile(const std::string& text) {
         const std::string path = settings::State().dataFolder + "\\document.xml";
-        EXPECT_TRUE(win::ReplaceFileWhole(path, text));
+        EXPECT_TRUE(win::WriteFileAtomically(path, text));
         return path;
     }
 };

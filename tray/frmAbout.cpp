@@ -22,7 +22,7 @@ HWND openBox = nullptr;
 std::string LinkText(int control) {
     const std::string markup = win::ControlText(openBox, control);
     const std::string text = win::ReplaceAll(win::ReplaceAll(markup, "<a>", ""), "</a>", "");
-    return std::string(win::TrimBlanks(text));
+    return std::string(win::TrimSpaces(text));
 }
 
 // The control may draw a link wider than it measured it, and cut its end: the space makes room.

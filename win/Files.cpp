@@ -107,7 +107,7 @@ bool WriteAll(void* file, std::string_view text) {
            written == text.size();
 }
 
-bool ReplaceFileWhole(const std::string& path, std::string_view text) {
+bool WriteFileAtomically(const std::string& path, std::string_view text) {
     if (const DWORD attributes = Attributes(path);
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY))
         return false;

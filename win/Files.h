@@ -33,7 +33,7 @@ bool WriteAll(void* file, std::string_view text);
 
 // Writes the text to a file beside `path` and puts it in place whole: a reader, or a crash, sees
 // the old file or the new one. False, with the old file untouched, when it cannot be done.
-bool ReplaceFileWhole(const std::string& path, std::string_view text);
+bool WriteFileAtomically(const std::string& path, std::string_view text);
 
 // Writes a file that can be made again at any time: in place, and without waiting for the disk.
 bool OverwriteFile(const std::string& path, std::string_view text);

@@ -12,7 +12,7 @@ bool IsContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
-// The length of the well-formed UTF-8 sequence at the start of the text, 0 when there is none.
+// The length of the well-formed UTF-8 sequence at the start of the text; 0 if there is none.
 std::size_t SequenceLength(std::string_view text) {
     const auto at = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char lead = at(0);
@@ -28,7 +28,7 @@ std::size_t SequenceLength(std::string_view text) {
     return overlong || outside ? 0 : length;
 }
 
-// The byte position behind the first `count` characters.
+// The byte position after the first `count` characters.
 std::size_t PositionAfter(std::string_view text, std::size_t count) {
     if (!IsUtf8(text)) return std::min(count, text.size());
     std::size_t position = 0;
@@ -70,7 +70,7 @@ std::string_view FitBytes(std::string_view text, std::size_t bytes) {
     return text.substr(0, end);
 }
 
-std::string_view TrimBlanks(std::string_view text) {
+std::string_view TrimSpaces(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
@@ -109,7 +109,7 @@ std::string Join(const std::vector<std::string>& pieces, std::string_view separa
 }
 
 bool IsNumeric(std::string_view text) {
-    text = TrimBlanks(text);
+    text = TrimSpaces(text);
     if (!text.empty() && (text.front() == '+' || text.front() == '-')) text.remove_prefix(1);
     if (std::count(text.begin(), text.end(), '.') > 1) return false;
     return std::any_of(text.begin(), text.end(), IsDigit) &&

@@ -155,7 +155,7 @@ std::vector<Place> FindPlaces(const Gazetteer& gazetteer, std::string_view text,
     if (const std::size_t comma = text.find(','); comma != std::string_view::npos)
         return FindIn(gazetteer, text.substr(0, comma), text.substr(comma + 1), limit);
     std::vector<Place> found = FindIn(gazetteer, text, {}, limit);
-    text = win::TrimBlanks(text);
+    text = win::TrimSpaces(text);
     if (const std::size_t space = text.rfind(' '); found.empty() && space != std::string_view::npos)
         return FindIn(gazetteer, text.substr(0, space), text.substr(space + 1), limit);
     return found;

@@ -17,7 +17,7 @@ std::vector<std::string> Directives(std::string_view cacheControl) {
 }  // namespace
 
 ContentCoding ParseContentCoding(std::string_view contentEncoding) {
-    const std::string coding = win::AsciiLower(win::TrimBlanks(contentEncoding));
+    const std::string coding = win::AsciiLower(win::TrimSpaces(contentEncoding));
     if (coding.empty() || coding == "identity") return ContentCoding::None;
     return coding == "gzip" || coding == "deflate" ? ContentCoding::Supported
                                                    : ContentCoding::Unsupported;
@@ -25,7 +25,7 @@ ContentCoding ParseContentCoding(std::string_view contentEncoding) {
 
 std::optional<std::uint64_t> ParseContentLength(std::string_view contentLength) {
     constexpr std::size_t kMostDigits = 18;
-    const std::string digits(win::TrimBlanks(contentLength));
+    const std::string digits(win::TrimSpaces(contentLength));
     if (digits.empty() || !std::all_of(digits.begin(), digits.end(), win::IsDigit))
         return std::nullopt;
     if (digits.size() > kMostDigits) return UINT64_MAX;

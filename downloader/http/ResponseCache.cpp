@@ -50,7 +50,7 @@ std::optional<std::string> FindCached(std::string_view key) {
 void StoreCached(std::string_view key, std::int64_t seconds, std::string_view document) {
     const std::string file = CacheFile(key);
     if (file.empty() || seconds <= 0 || document.size() > kLongestDocument) return;
-    win::ReplaceFileWhole(file, PackEntry(key, SecondsNow(), seconds, document));
+    win::WriteFileAtomically(file, PackEntry(key, SecondsNow(), seconds, document));
 }
 
 std::string PackEntry(std::string_view key, std::int64_t now, std::int64_t seconds,

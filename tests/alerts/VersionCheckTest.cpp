@@ -34,8 +34,8 @@ TEST_F(SilentVersionCheck, AnnouncesAVersionOnceAndNoFailures) {
                                              {"1.0.3", 1},
                                              {"1.0.3", 0},
                                              {"1.0.4", 1}}) {
-        win::ReplaceFileWhole(folder + "\\chet.sk", "0");
-        win::ReplaceFileWhole(folder + "\\che.sk", versionFile);
+        win::WriteFileAtomically(folder + "\\chet.sk", "0");
+        win::WriteFileAtomically(folder + "\\che.sk", versionFile);
         boxesAnswered = 0;
         CheckVersion(nullptr, "No");
         EXPECT_EQ(boxesAnswered, boxes) << versionFile;

@@ -86,7 +86,7 @@ TEST_F(Store, WritesUpperCaseKeysIntoTheUsersOwnFile) {
 TEST_F(Store, CutsTheLongValuesOfOthersByCharacters) {
     for (const char* start : {"", "x", "xx", "xxx"}) {  // the system may give a part of a character
         const std::string value = start + Repeat("\xF0\x9F\x8C\xAA", 800);
-        win::ReplaceFileWhole(tests::ScratchIniPath(), "[Options]\r\nk=" + value);
+        win::WriteFileAtomically(tests::ScratchIniPath(), "[Options]\r\nk=" + value);
         EXPECT_EQ(ReadSetting("Options", "k"), win::FirstChars(value, 749));
     }
 }
@@ -100,7 +100,7 @@ TEST_F(Store, DoesNothingWithoutAChoice) {
 
 TEST_F(Store, LeavesAWideIniFileAsItIs) {
     const std::string wide("\xFF\xFE[\0A\0]\0\r\0\n\0", 12);
-    ASSERT_TRUE(win::ReplaceFileWhole(tests::ScratchIniPath(), wide));
+    ASSERT_TRUE(win::WriteFileAtomically(tests::ScratchIniPath(), wide));
     HoldSettings("A", {{"k", "v"}});
     StoreHeldSettings();
     EXPECT_EQ(ReadSetting("A", "k"), "v");

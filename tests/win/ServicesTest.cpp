@@ -30,13 +30,13 @@ TEST_F(ServicesTest, MakesAndClearsTemporaryFiles) {
 
 TEST_F(ServicesTest, ReplacesFilesWholeOrNotAtAll) {
     const std::string path = WriteScratchFile("old");
-    EXPECT_TRUE(ReplaceFileWhole(path, "new"));
+    EXPECT_TRUE(WriteFileAtomically(path, "new"));
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
-    EXPECT_FALSE(ReplaceFileWhole(path, "newer"));
+    EXPECT_FALSE(WriteFileAtomically(path, "newer"));
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(ReadWholeFile(path), "new");
     EXPECT_FALSE(ReadWholeFile(path, 2));
-    EXPECT_FALSE(ReplaceFileWhole("c:\\no\\such\\folder\\x", "y"));
+    EXPECT_FALSE(WriteFileAtomically("c:\\no\\such\\folder\\x", "y"));
     for (const char* text : {"longer", "less"}) {
         EXPECT_TRUE(OverwriteFile(path + "2", text));
         EXPECT_EQ(ReadWholeFile(path + "2"), text);
@@ -49,10 +49,10 @@ TEST_F(ServicesTest, CopiesAndDeletesFolders) {
     const std::string root = settings::State().dataFolder;
     MakeFolder(root + "\\a");
     MakeFolder(root + "\\a\\b");
-    ASSERT_TRUE(ReplaceFileWhole(root + "\\a\\b\\f.txt", "1"));
+    ASSERT_TRUE(WriteFileAtomically(root + "\\a\\b\\f.txt", "1"));
     SetFileAttributesA((root + "\\a\\b\\f.txt").c_str(), FILE_ATTRIBUTE_READONLY);
     CopyFolder(root + "\\a", root + "\\c");
-    EXPECT_TRUE(ReplaceFileWhole(root + "\\c\\b\\f.txt", "2"));
+    EXPECT_TRUE(WriteFileAtomically(root + "\\c\\b\\f.txt", "2"));
     DeleteFolder(root + "\\a");
     EXPECT_FALSE(FolderExists(root + "\\a"));
     EXPECT_TRUE(FolderExists(root + "\\c\\b"));
