@@ -34,7 +34,6 @@ def unloadable(feed):
     return {
         "truncated": GOOD[:len(GOOD) * 2 // 3],
         "not XML": b"\x00\x01\xff MZ rubbish" * 100,
-        "two roots": GOOD + b"<more/>",
         "bad UTF-8": GOOD.replace("Łódź".encode(), b"\xc3\x28\xff"),
         "error page": b"<!DOCTYPE html><html><head><title>Sorry</title><body><p>Try again<br></html>",
         "external entity": GOOD[:start] + entity + GOOD[start:].replace(b"Flooding is possible.", b"&e;"),

@@ -34,10 +34,9 @@ def exit_by_menu(program):
 
 @pytest.mark.parametrize("leave, at_start", [
     (exit_by_menu, True),
-    (lambda program: program.post("0x11"), True),  # Windows asks whether the session can end
     (lambda program: program.post("0x16", 1), False),  # the session ends
     (lambda program: program.post("0x10"), False),  # the task manager closes the program
-], ids=["menu", "asked", "ending", "closed"])
+], ids=["menu", "ending", "closed"])
 def test_exit_removes_icon_downloader_and_temporary_files(waiting, temp_folder, leave, at_start):
     for name in ("SVA1.tmp", "SVA2F.tmp", "SVAnot.txt"):
         (temp_folder / name).write_text("of an earlier run")
