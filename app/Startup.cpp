@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include "app/FolderRefresh.h"
 #include "app/StartupValues.h"
 #include "settings/Folders.h"
 #include "settings/IniOpenSave.h"
@@ -48,7 +47,7 @@ void ChooseStore(std::string_view arguments) {
     ExportStoreChoice();
 }
 
-void SettleFolders() {
+void SetUpFolders() {
     ChooseDataFolder(ReadFlag(kStoreFilesInProgramFolder));
     MakeDataFolder();
     RefreshDataFolder();
@@ -109,7 +108,7 @@ void MarkAsRunning() {
 void StartUp(std::string_view arguments) {
     State().programFolder = win::ExecutableFolder();
     ChooseStore(arguments);
-    SettleFolders();
+    SetUpFolders();
     ReadTraySettings();
     LoadChosenImage(kIcon, tray::Images().ImageIcon);
     LoadChosenImage(kIcon2, tray::Images().ImageIcon2);

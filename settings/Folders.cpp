@@ -6,6 +6,22 @@
 #include "win/Process.h"
 
 namespace settings {
+namespace {
+
+enum class IfOutdated { Replace, CopyOver };
+
+void Refresh(const std::string& name, IfOutdated action) {
+    const std::string source = State().programFolder + name;
+    const std::string copy = State().dataFolder + name;
+    if (!win::FolderExists(source)) return;
+    if (win::FolderExists(copy)) {
+        if (win::LastModified(source) <= win::LastModified(copy)) return;
+        if (action == IfOutdated::Replace) win::DeleteFolder(copy);
+    }
+    win::CopyFolder(source, copy);
+}
+
+}  // namespace
 
 void ChooseDataFolder(bool inProgramFolder) {
     ProgramState& state = State();
@@ -22,6 +38,11 @@ void ChooseDataFolder(bool inProgramFolder) {
 
 void MakeDataFolder() {
     if (!win::FolderExists(State().dataFolder)) win::MakeFolder(State().dataFolder);
+}
+
+void RefreshDataFolder() {
+    Refresh("\\HTML", IfOutdated::Replace);
+    Refresh("\\Sounds", IfOutdated::CopyOver);
 }
 
 std::string SoundPath(std::string_view name) {
