@@ -1,4 +1,4 @@
-"""Runs dl.exe and tells what it left behind."""
+"""Runs dl.exe and returns its result."""
 
 import os
 import pathlib
@@ -36,12 +36,12 @@ def serve():
         server.close()
 
 
-# The files' contents are None without the files.
+# The contents of a missing file are None.
 Outcome = namedtuple("Outcome", "exit_code status data seconds")
 
 
 class Downloader:
-    """A copy of dl.exe in a folder whose name holds blanks, and two stale result files."""
+    """A copy of dl.exe in a folder whose name contains spaces, with two stale result files."""
 
     def __init__(self, folder):
         self.folder = folder / "program folder"
@@ -54,7 +54,7 @@ class Downloader:
         self.environment = {
             **os.environ,
             "WINEDEBUG": "-all",
-            "SKYVANE_ALERTS_INI_USER": "Tester",  # settings come from Tester.ini beside dl.exe
+            "SKYVANE_ALERTS_INI_USER": "Tester",  # reads Tester.ini beside dl.exe
             "SKYVANE_DL_SECONDS": "20",
         }
 
@@ -88,7 +88,7 @@ def text_of(path):
 
 
 def assert_failed(outcome, *accepted):
-    """The status is one of the numbers."""
+    """The download failed with one of the accepted statuses."""
     assert outcome.status in map(str, accepted), outcome.status
     assert outcome.data is None
-    assert outcome.exit_code == int(outcome.status) % 256  # as much of it as a process of this system can tell
+    assert outcome.exit_code == int(outcome.status) % 256  # this system keeps the low byte only

@@ -1,4 +1,4 @@
-"""A web server on loopback that answers with exactly the bytes that a test wants, right or wrong."""
+"""A web server on loopback that answers with exactly the bytes that a test provides, valid or not."""
 
 import contextlib
 import socketserver
@@ -22,7 +22,7 @@ def chunked(*chunks):
 
 
 class Held:
-    """An answer that waits: `asked` tells that it was asked for, and `gate` lets it go."""
+    """An answer that waits: `asked` is set by the request, setting `gate` sends the answer."""
 
     def __init__(self, reply):
         self.reply = reply
@@ -35,8 +35,8 @@ class Held:
 
 
 class Server:
-    """Answers each request with the bytes that `answers` holds for its target, or lets the function that
-    it holds do so; keeps the request heads."""
+    """Answers each request with the bytes, or by the function, that `answers` holds for its target; records
+    the request heads."""
 
     def __init__(self, answers, tls=None):
         self.heads = []

@@ -1,4 +1,4 @@
-"""Whom dl.exe trusts: the certificates it refuses, and the proxies that get the stored login."""
+"""Trust of dl.exe: the certificates that it rejects, and the proxies that receive the stored login."""
 
 import hashlib
 import ssl
@@ -13,8 +13,8 @@ from loopback import answer, redirect
 
 CONNECTIONS_KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Internet Settings\Connections"
 ROOTS_KEY = r"HKCU\Software\Microsoft\SystemCertificates\Root\Certificates"
-# Wine tells a certificate that it refuses as a failed secure channel.
-CERTIFICATE_REFUSED = (12175, 12157)
+# Wine reports a rejected certificate as a failed secure channel.
+CERTIFICATE_REJECTED = (12175, 12157)
 
 
 @pytest.fixture(scope="session")
@@ -51,19 +51,19 @@ def trusted(own_certificate):
     registry("delete", key)
 
 
-def test_certificate_of_nobody_is_refused(serve, downloader, tls):
+def test_certificate_without_trusted_issuer_is_rejected(serve, downloader, tls):
     server = serve({"/feed": answer(200, XML)}, tls)
-    assert_failed(downloader.fetch(server.url("/feed", "localhost")), *CERTIFICATE_REFUSED)
+    assert_failed(downloader.fetch(server.url("/feed", "localhost")), *CERTIFICATE_REJECTED)
     assert server.heads == []
 
 
-def test_certificate_of_another_host_is_refused(serve, downloader, tls, trusted):
+def test_certificate_of_another_host_is_rejected(serve, downloader, tls, trusted):
     server = serve({"/feed": answer(200, XML)}, tls)
-    assert_failed(downloader.fetch(server.url("/feed", "127.0.0.1")), *CERTIFICATE_REFUSED)
+    assert_failed(downloader.fetch(server.url("/feed", "127.0.0.1")), *CERTIFICATE_REJECTED)
     assert server.heads == []
 
 
-def test_redirects_lead_into_security_and_never_out(serve, downloader, tls, trusted):
+def test_redirects_may_lead_to_https_but_not_away_from_it(serve, downloader, tls, trusted):
     plain_answers = {}
     plain = serve(plain_answers)
     secure = serve({"/feed": answer(200, XML), "/out": redirect(plain.url("/feed"))}, tls)
@@ -76,7 +76,7 @@ def test_redirects_lead_into_security_and_never_out(serve, downloader, tls, trus
 
 @pytest.fixture
 def set_proxy():
-    """Sets the user's proxy as the Internet Options dialog does, and takes it away again."""
+    """Sets the user's proxy as the Internet Options dialog does; removes it after the test."""
 
     def write(proxy, bypass="", script=""):
         texts = b"".join(struct.pack("<I", len(text)) + text.encode() for text in (proxy, bypass, script))
@@ -89,7 +89,7 @@ def set_proxy():
     write("")
 
 
-def proxy_that_asks(head, body=XML):
+def answer_of_proxy(head, body=XML):
     # "hail:storm" in base 64
     if "\r\nProxy-Authorization: Basic aGFpbDpzdG9ybQ==\r\n" in head:
         return answer(200, body)
@@ -98,11 +98,11 @@ def proxy_that_asks(head, body=XML):
 
 @pytest.mark.parametrize("ini, status, logins", [
     pytest.param(stored_login("hail", "storm"), "0", 1, id="right login"),
-    pytest.param(stored_login("hail", "sleet"), "407", 1, id="wrong login, tried once"),
+    pytest.param(stored_login("hail", "sleet"), "407", 1, id="wrong login, sent once"),
     pytest.param("", "407", 0, id="no login"),
 ])
-def test_proxy_gets_the_stored_login_when_it_asks(serve, downloader, set_proxy, ini, status, logins):
-    proxy = serve(proxy_that_asks)
+def test_proxy_receives_the_stored_login_on_request(serve, downloader, set_proxy, ini, status, logins):
+    proxy = serve(answer_of_proxy)
     set_proxy(f"http=127.0.0.1:{proxy.port};https=127.0.0.1:1")
     (downloader.folder / "Tester.ini").write_text(ini)
     outcome = downloader.fetch("http://feed.example/x")
@@ -113,8 +113,8 @@ def test_proxy_gets_the_stored_login_when_it_asks(serve, downloader, set_proxy, 
     assert not any("\r\ncookie:" in head.lower() for head in proxy.heads)
 
 
-def test_program_names_its_settings_to_the_downloader(make_watcher, serve, set_proxy):
-    proxy = serve(lambda head: proxy_that_asks(head, document(TORNADO)))
+def test_downloader_reads_the_settings_of_the_program(make_watcher, serve, set_proxy):
+    proxy = serve(lambda head: answer_of_proxy(head, document(TORNADO)))
     set_proxy(f"127.0.0.1:{proxy.port}")
     program = make_watcher(LAWRENCE, options={**AT_START, "ProxyUsername": scrambled("hail"),
                                               "ProxyPassword": scrambled("storm")})
@@ -123,7 +123,7 @@ def test_program_names_its_settings_to_the_downloader(make_watcher, serve, set_p
     program.wait_for_picture("new alerts")
 
 
-def test_secure_address_goes_through_the_proxy(serve, downloader, set_proxy):
+def test_https_uses_the_proxy(serve, downloader, set_proxy):
     proxy = serve(lambda head: answer(503))
     set_proxy(f"http=127.0.0.1:1;https=127.0.0.1:{proxy.port}")
     (downloader.folder / "Tester.ini").write_text(stored_login("hail", "storm"))
@@ -133,7 +133,7 @@ def test_secure_address_goes_through_the_proxy(serve, downloader, set_proxy):
     assert "Proxy-Authorization" not in proxy.heads[0]
 
 
-def test_configuration_script_names_the_proxy(serve, downloader, set_proxy):
+def test_configuration_script_selects_the_proxy(serve, downloader, set_proxy):
     proxy = serve(lambda head: answer(200, XML))
     choice = f'host == "feed.example" ? "PROXY 127.0.0.1:{proxy.port}" : "DIRECT"'
     script = f"function FindProxyForURL(url, host) {{ return {choice}; }}"
@@ -143,8 +143,8 @@ def test_configuration_script_names_the_proxy(serve, downloader, set_proxy):
     assert len(proxy.heads) == 1
 
 
-def test_bypassed_host_never_sees_the_login(serve, downloader, set_proxy):
-    server = serve(proxy_that_asks)
+def test_bypassed_host_never_receives_the_login(serve, downloader, set_proxy):
+    server = serve(answer_of_proxy)
     set_proxy("127.0.0.1:1", bypass="127.*;<local>")
     (downloader.folder / "Tester.ini").write_text(stored_login("hail", "storm"))
     assert_failed(downloader.fetch(server.url("/x")), 407)

@@ -1,4 +1,4 @@
-"""The live source: dl.exe and the whole program against a Weather Service that replays recorded answers."""
+"""The live source: dl.exe and the whole program against a simulated Weather Service."""
 
 import os
 import pathlib
@@ -12,10 +12,8 @@ from downloader_run import Downloader, assert_failed
 from harness import wait_until
 from loopback import answer
 from search_dialog import CHOOSER, apply_options, make_searcher, open_search, saved_stations
-from tray_menu import choose
 from weather_service import YEAR, WeatherService, alert, collection, recorded, vtec
 
-LAWRENCE = ("Lawrence, Kansas (Airport)", "66044")
 TORNADO = f"KTOP.TO.W.0045.{YEAR}"
 BLOCK_PAGE = answer(200, b"<HTML><BODY>Access Denied Reference #18.2d351ab8</BODY></HTML>")
 
@@ -36,22 +34,6 @@ def downloader(tmp_path):
     return made
 
 
-@pytest.fixture
-def start(make_watcher, service):
-    """start(*features): the program with its settings in the registry, after its first cycle."""
-
-    def start_watching(*features):
-        service.alerts = collection(*features)
-        program = make_watcher(LAWRENCE, registry=True, options={
-            "RetrieveAlertsOnStartup": "True", "DisplayTrayAlert": "True"})
-        program.store.write({"Hosts": {"Feed": service.feed}})
-        program.start()
-        wait_until(program.last_updated, "the first cycle's end", 60)
-        return program
-
-    return start_watching
-
-
 def attributes(outcome, name):
     assert outcome.status == "0"
     tree = xml.etree.ElementTree.fromstring(outcome.data)
@@ -63,7 +45,7 @@ def seen(program):
 
 
 def stored(program):
-    """(identifier, title) of the alerts stored, once a cycle has ended."""
+    """The identifiers and titles of the stored alerts."""
     return [found[:2] for found in program.store.alerts() if found]
 
 
@@ -85,18 +67,18 @@ def test_locations_and_stations(service, downloader):
     head = service.server.heads[0]
     assert "\r\nAccept: application/geo+json\r\n" in head
     assert "\r\nUser-Agent: SkyvaneAlerts/1.0.2 (+https://www.quillmark.example)\r\n" in head
-    # A second one within a day asks nobody.
+    # A second request within a day is answered from the cache.
     again = attributes(downloader.fetch(service.request + "requesttype=1&zipcode=66204"), "station")
     assert again == stations and len(service.targets()) == 3
 
 
 @pytest.mark.parametrize("query, status", [
-    ("requesttype=1&zipcode=96799", 1013),  # the service answers that it knows no such point
+    ("requesttype=1&zipcode=96799", 1013),  # outside the service's area
     ("requesttype=6&ZipCode=059105", 1013),
     ("requesttype=6&ZipCode=00000", 1014),
     ("requesttype=7", 1017),
 ])
-def test_places_it_cannot_answer_for(service, downloader, query, status):
+def test_unsupported_requests(service, downloader, query, status):
     assert_failed(downloader.fetch(service.request + query), status)
 
 
@@ -115,7 +97,7 @@ def test_a_failure_is_never_an_empty_list(service, downloader, reply, status, re
     assert len(service.targets()) == requests
 
 
-def test_answers_are_kept_as_long_as_the_service_says(service, downloader):
+def test_answers_are_cached_for_the_max_age_of_the_service(service, downloader):
     request = service.request + "requesttype=6&ZipCode=66044"
     for max_age, requests in ((0, 1), (30, 2), (30, 2), (0, 2)):
         service.max_age = max_age
@@ -143,41 +125,9 @@ def test_without_the_gazetteer(service, downloader):
     assert_failed(downloader.fetch(service.request + "RequestType=501&SearchString=Lawrence"), 1016)
 
 
-def test_an_event_through_its_messages(service, start):
-    made = alert("urn:1", "Tornado Warning", vtec=vtec("NEW", "KTOP.TO.W.0045"))
-    program = start(made)
-    program.wait_for_picture("new alerts")
-    wait_until(program.balloons, "the balloon")
-    assert stored(program) == [(TORNADO, "Tornado Warning")]
-
-    steps = [
-        ("an update, not new", [alert("urn:2", "Tornado Warning", headline="Renewed",
-                                      vtec=vtec("CON", "KTOP.TO.W.0045"))], [TORNADO], [TORNADO]),
-        ("another event, new", [alert("urn:3", "Tornado Emergency", vtec=vtec("NEW", "KTOP.TO.W.0046"))],
-         [f"KTOP.TO.W.0046.{YEAR}"], [TORNADO, f"KTOP.TO.W.0046.{YEAR}"]),
-        ("cancelled, quiet", [alert("urn:4", "Tornado Emergency", messageType="Cancel", urgency="Past",
-                                    response="AllClear", vtec=vtec("CAN", "KTOP.TO.W.0046"))],
-         [], [TORNADO, f"KTOP.TO.W.0046.{YEAR}"]),
-    ]
-    for what, features, identifiers, all_seen in steps:
-        service.alerts = collection(*features)
-        asked = len(service.targets())
-        program.tick(5)
-        wait_until(lambda: len(service.targets()) > asked, f"{what}: the question")
-        wait_until(lambda: [found[0] for found in stored(program)] == identifiers, what)
-        wait_until(lambda: seen(program) == all_seen, what)
-        assert program.answers()
-
-
-def test_529_alerts_in_one_answer(service, start):
-    program = start(*(alert(f"urn:{n}", "Flood Watch", description="Water. " * 450) for n in range(529)))
-    assert len(stored(program)) == 529
-    assert program.answers()
-
-
-def test_from_a_name_to_the_balloon(make_searcher, service):
+def test_from_the_search_to_the_end_of_an_event(make_searcher, service):
     service.alerts = collection(alert("urn:1", "Tornado Warning", vtec=vtec("NEW", "KTOP.TO.W.0045")))
-    program = make_searcher(service.feed, DisplayTrayAlert="True")
+    program = make_searcher(service.feed, DisplayTrayAlert="True", AutoUpdateInterval="Every 5 minutes")
     program.start()
     search = open_search(program)
     search.start("springfield")
@@ -186,14 +136,31 @@ def test_from_a_name_to_the_balloon(make_searcher, service):
     chooser.click_row(0, times=2)
     chooser.wait_until_closed()
     search.wait_for("25 weather station(s) found.")
-    wait_until(lambda: search.control("Add Station").enabled, "the controls are on")
+    wait_until(lambda: search.control("Add Station").enabled, "the controls are enabled")
     search.click("Add Station")
     search.wait_until_closed()
     apply_options()
     line, = saved_stations(program)
     assert line.startswith(place)
-    choose(program, "Retrieve Severe Alerts", stations=["S"])
+    program.tick(5)
     program.wait_for_picture("new alerts")
     wait_until(program.balloons, "the balloon")
     assert stored(program) == [(TORNADO, "Tornado Warning")]
     assert service.targets()[-1].startswith("/alerts/active?status=actual&point=")
+
+    titles = ["Tornado Warning"]
+
+    def retrieve(features, added):
+        service.alerts = collection(*features)
+        requests = len(service.targets())
+        program.tick(5)
+        titles.extend(added)  # an INI file keeps the alerts of earlier cycles
+        wait_until(lambda: len(service.targets()) > requests, "the request")
+        wait_until(lambda: [found[1] for found in stored(program)] == titles, "the alerts are stored")
+
+    retrieve([alert("urn:2", "Tornado Emergency", vtec=vtec("CON", "KTOP.TO.W.0045"))], ["Tornado Emergency"])
+    retrieve([alert("urn:3", "Tornado Emergency", vtec=vtec("CAN", "KTOP.TO.W.0045"))], [])
+    assert seen(program) == [TORNADO]
+    retrieve([alert(f"urn:{n}", "Flood Watch", description="Water. " * 450) for n in range(529)],
+             ["Flood Watch"] * 529)
+    assert program.answers()

@@ -1,5 +1,4 @@
-"""The US National Weather Service on loopback: it replays recorded answers and tells the alerts that a
-test makes."""
+"""The US National Weather Service on loopback: replays recorded answers and reports the alerts of a test."""
 
 import datetime
 import json
@@ -25,7 +24,7 @@ def vtec(action, event):
 
 
 def alert(identifier, event, **more):
-    """A feature as the service writes it, in force for an hour from now."""
+    """Returns a feature in the service's format, in force for an hour."""
     codes = more.pop("vtec", None)
     return {"type": "Feature", "geometry": None, "properties": {
         "id": identifier, "areaDesc": "Douglas, KS", "references": [], "sent": moment(-0.1),
@@ -43,7 +42,7 @@ class WeatherService:
     def __init__(self):
         self.max_age = 0
         self.alerts = collection()
-        self.replies = []  # whole answers that come first, one for each request
+        self.replies = []  # complete answers to the next requests
         self.server = Server(self.find_answer)
         self.feed = f"nws+http://127.0.0.1:{self.server.port}/"
         self.request = self.feed + "GetXml.aspx?partnerid=7e3a90d4&"
@@ -52,7 +51,7 @@ class WeatherService:
         target = head.split(" ")[1]
         if self.replies:
             return self.replies.pop(0)
-        if target.startswith("/points/38.9"):  # as for a coordinate that is written in another way
+        if target.startswith("/points/38.9"):  # as for coordinates in a non-canonical form
             return redirect("/points/40.7128,-74.006", 301)
         if target.startswith("/points/-14"):
             return answer(404, recorded("problem-outside-us.json"), "Content-Type: application/problem+json")
