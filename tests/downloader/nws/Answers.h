@@ -20,20 +20,23 @@ inline std::int64_t Time(const char* text) {
     return feed::ParseTime(text).value_or(-1);
 }
 
-// Properties by name, each value as JSON text.
+// Properties by name. A value is JSON if it is null, a string, a list or an object, otherwise text.
 using Properties = std::map<std::string, std::string>;
 
 inline std::string Feature(Properties properties) {
-    properties.insert({{"id", "\"urn:oid:1\""},
-                       {"status", "\"Actual\""},
-                       {"messageType", "\"Alert\""},
-                       {"event", "\"Flood Watch\""},
-                       {"sent", "\"2026-07-15T12:00:00-05:00\""},
-                       {"expires", "\"2026-07-15T20:00:00-05:00\""},
+    properties.insert({{"id", "urn:oid:1"},
+                       {"status", "Actual"},
+                       {"messageType", "Alert"},
+                       {"event", "Flood Watch"},
+                       {"sent", "2026-07-15T12:00:00-05:00"},
+                       {"expires", "2026-07-15T20:00:00-05:00"},
                        {"ends", "null"}});
     std::string json;
-    for (const auto& [name, value] : properties)
-        json += (json.empty() ? "\"" : ",\"") + name + "\":" + value;
+    for (const auto& [name, value] : properties) {
+        const bool isJson = value == "null" || value.find_first_of("\"[{") == 0;
+        json += (json.empty() ? "\"" : ",\"") + name + "\":";
+        json += isJson ? value : "\"" + value + "\"";
+    }
     return R"({"type":"Feature","geometry":null,"properties":{)" + json + "}}";
 }
 
