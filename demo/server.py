@@ -114,11 +114,10 @@ class Handler(http.server.BaseHTTPRequestHandler):
 
 def main():
     parser = argparse.ArgumentParser(description="Serves the demonstration feed on 127.0.0.1.")
-    parser.add_argument("--port", type=int, default=0, help="0, the default, selects a free port")
     parser.add_argument("--port-file", help="file for the port number, written when the server is ready")
     parser.add_argument("--log", help="file for the request log, standard output by default")
     options = parser.parse_args()
-    server = http.server.ThreadingHTTPServer(("127.0.0.1", options.port), Handler)
+    server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
     server.log = open(options.log, "a", encoding="utf-8") if options.log else sys.stdout
     print(f"http://127.0.0.1:{server.server_port}/", file=server.log, flush=True)
     if options.port_file:
