@@ -59,13 +59,13 @@ int main(int count, char** arguments) {
     const bool ini = count > 1 && std::strcmp(arguments[1], "ini") == 0;
     settings::UseIni = ini ? settings::kUseIniStore : settings::kUseRegistryStore;
     settings::IniUserName = ini ? "bench" : "";
-    constexpr int sizes[] = {0, 10, 100, 1000};
-    for (const int size : sizes) win::WriteFileAtomically(DocumentPath(size), MakeDocument(size));
+    constexpr int kSizes[] = {0, 10, 100, 1000};
+    for (const int size : kSizes) win::WriteFileAtomically(DocumentPath(size), MakeDocument(size));
     // The sizes alternate so that other load affects all of them. Small ones run more often because
     // noise affects them more.
-    constexpr int rounds = 15;
-    for (int round = -1; round < rounds; ++round) {
-        for (const int size : sizes) {
+    constexpr int kRounds = 15;
+    for (int round = -1; round < kRounds; ++round) {
+        for (const int size : kSizes) {
             for (int turn = 0; turn < (size < 1000 ? 10 : 1); ++turn) {
                 const double milliseconds = TimeOnce(size);
                 if (round >= 0) std::printf("%d %.3f\n", size, milliseconds);  // the first warms up

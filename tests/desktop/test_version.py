@@ -11,14 +11,10 @@ FILE, PAGE = "/SVAlerts.txt", "/Skyvane-Alerts.asp"
 LATEST = "You are using the latest version of Skyvane Alerts."
 
 
-class Maker(Server):
-    def offer(self, body):
-        self.answers[FILE] = answer(200, body)
-
-
 @pytest.fixture
 def maker():
-    maker = Maker({})
+    """The maker's web site."""
+    maker = Server({})
     yield maker
     maker.close()
 
@@ -62,7 +58,7 @@ def test_offers_a_newer_version(checker, maker, browser):
         (b"9", None),  # the digits form one number: 9 < 102
         (b"1.0.10\n", "1.0.10"),
     ]:
-        maker.offer(body)
+        maker.answers[FILE] = answer(200, body)
         box = check(checker)
         expected = (offer_text(version), ["No", "Yes"]) if version else (LATEST, ["OK"])
         assert (box.text, sorted(box.buttons)) == expected, body
@@ -93,7 +89,7 @@ def test_reports_a_failure_and_recovers(checker, maker, answers):
     box.answer("OK")
     assert not checker.store.read("Options", "CheckVersion")
     # The next checks may read the files of the failed one before the downloader replaces them.
-    maker.offer(b"1.0.3")
+    maker.answers[FILE] = answer(200, b"1.0.3")
     for _ in range(3):
         box = check(checker)
         if box.text != failure_text(maker):
