@@ -120,7 +120,7 @@ def test_icon_comes_back_with_a_new_taskbar(make_watcher, feed):
     assert "ChangeWindowMessageFilterEx" in program.errors()  # for a program that runs as administrator
     probe("forget-icon", TRAY_CLASS)  # as when Explorer ends
     wait_until(lambda: not program.icon(), "the icon is gone")
-    program.send("TaskbarCreated")
+    program.post("TaskbarCreated")
     program.wait_for_picture("normal")
     assert program.tooltip().startswith("Skyvane Alerts (Last Updated: ")
     choose(program, "Exit", alerts=["Tornado"], stations=["Lawrence"])
