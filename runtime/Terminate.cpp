@@ -4,12 +4,12 @@
 #include <exception>
 #include <new>
 
-// What the C++ library brings for reporting an exception is of no use to programs that are built
-// without them: its own handler prints the exception's type to a console that they do not have, its
-// throwing functions bring texts, locales and old kinds of string, its operator new the whole of
-// throwing. Together some 150 KB of each program. Linked as an object of each program, so that
-// these come before the library's; all that would have thrown ends the process.
-// The names are the library's.
+// Replaces the parts of the C++ library that report exceptions, which these programs are built
+// without: its terminate handler prints to a console that they do not have, and its throwing
+// functions and operator new link the exception runtime, locales and old string classes, some
+// 150 KB in each program. Here everything that would throw ends the process. The file is linked
+// into each program as an object, so that its definitions precede those of the library, whose names
+// they have.
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-redundant-declaration)
 namespace __gnu_cxx {
 
@@ -20,8 +20,9 @@ void __verbose_terminate_handler() {
 
 }  // namespace __gnu_cxx
 
-// A further one of these functions, once something calls it, must stand here too: it would bring in
-// the library's object of all of them, and the linker would call the others defined twice.
+// Any other of the library's throwing functions must be added here when something calls it: it
+// would link the library's object with all of them, and the linker would report duplicate
+// definitions.
 namespace std {
 
 void __throw_bad_alloc() {

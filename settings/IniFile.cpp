@@ -19,7 +19,7 @@ bool wasRead = false;
 
 enum class Wait { RunMessages, Sleep, None };
 
-// The file opened for reading, so that nobody can lock it meanwhile.
+// The file, opened for reading so that no other program can lock it meanwhile.
 struct OpenedIni {
     win::FileHandle handle = {};
     bool missing = false;
@@ -40,7 +40,7 @@ OpenedIni Open(const std::string& path) {
 }
 
 OpenedIni OpenPatiently(const std::string& path, Wait wait) {
-    constexpr DWORD pause = 20;
+    constexpr DWORD kPause = 20;
     for (;;) {
         OpenedIni file = Open(path);
         if (file.IsReadable()) {
@@ -50,15 +50,15 @@ OpenedIni OpenPatiently(const std::string& path, Wait wait) {
         if (file.IsReadable() || wait == Wait::None || patienceLeft == 0) return file;
         const ULONGLONG start = GetTickCount64();
         if (wait == Wait::RunMessages)
-            win::PumpOrWait(pause);
+            win::PumpOrWait(kPause);
         else
-            Sleep(pause);
+            Sleep(kPause);
         if (!file.inUse || wasRead)
             patienceLeft -= std::min(patienceLeft, GetTickCount64() - start);
     }
 }
 
-enum class Form { PlainText, ForTheSystem, Unreadable };
+enum class Form { PlainText, OtherEncoding, Unreadable };
 
 struct IniText {
     Form form;
@@ -68,18 +68,18 @@ struct IniText {
 IniText ReadIniText(const std::string& path, Wait wait) {
     const OpenedIni file = OpenPatiently(path, wait);
     if (file.missing) return {Form::PlainText};
-    // Alerts gather in the file, up to 32,767 of them.
-    constexpr std::uint64_t longest = 256u << 20;
+    // The file holds up to 32,767 alerts.
+    constexpr std::uint64_t kSizeLimit = 256u << 20;
     std::optional<std::string> text;
-    if (file.handle) text = win::ReadWholeFile(path, longest);
+    if (file.handle) text = win::ReadWholeFile(path, kSizeLimit);
     if (!text) return {Form::Unreadable};
     for (const char* mark : {"\xFF\xFE", "\xFE\xFF", "\xEF\xBB\xBF"})
-        if (text->starts_with(mark)) return {Form::ForTheSystem};
+        if (text->starts_with(mark)) return {Form::OtherEncoding};
     return {Form::PlainText, std::move(*text)};
 }
 
-// A value of which only a part fitted into the buffer may end in a part of a character.
-std::string WithoutTornEnd(std::string value) {
+// Removes a partial character, which a value cut by the buffer may end in.
+std::string DropPartialCharacter(std::string value) {
     while (!value.empty() && value.back() == '\0') value.pop_back();
     for (std::size_t cut = 0; cut <= std::min<std::size_t>(3, value.size()); ++cut)
         if (win::IsUtf8(std::string_view(value).substr(0, value.size() - cut)))
@@ -87,8 +87,8 @@ std::string WithoutTornEnd(std::string value) {
     return value;
 }
 
-// A section as the system reads it, for a file that is not plain text.
-std::string SectionFromSystem(const std::string& path, std::string_view section) {
+// A section as the system reads it, for a file in another encoding.
+std::string ReadSectionBySystem(const std::string& path, std::string_view section) {
     std::string lines(32767, '\0');
     lines.resize(GetPrivateProfileSectionA(std::string(section).c_str(), lines.data(),
                                            static_cast<DWORD>(lines.size()), path.c_str()));
@@ -103,19 +103,19 @@ std::optional<std::string> ReadIniValue(const std::string& path, std::string_vie
     const OpenedIni file =
         OpenPatiently(path, patience == Patience::Wait ? Wait::RunMessages : Wait::None);
     if (!file.IsReadable()) return std::nullopt;
-    constexpr std::size_t longestCharacter = 4;
-    char buffer[kIniValueLimit * longestCharacter + 1] = {};
+    constexpr std::size_t kLongestCharacter = 4;
+    char buffer[kIniValueLimit * kLongestCharacter + 1] = {};
     const DWORD length =
         GetPrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(), "", buffer,
                                  sizeof buffer, path.c_str());
-    return std::string(win::FirstChars(WithoutTornEnd({buffer, length}), kIniValueLimit));
+    return std::string(win::FirstChars(DropPartialCharacter({buffer, length}), kIniValueLimit));
 }
 
 std::optional<KeyValues> ReadIniFileSection(const std::string& path, std::string_view section) {
     const IniText file = ReadIniText(path, Wait::RunMessages);
     if (file.form == Form::Unreadable) return std::nullopt;
     return ReadIniSection(
-        file.form == Form::PlainText ? file.text : SectionFromSystem(path, section), section);
+        file.form == Form::PlainText ? file.text : ReadSectionBySystem(path, section), section);
 }
 
 bool WriteIniValues(const std::string& path, std::string_view section, const KeyValues& values) {

@@ -5,27 +5,26 @@
 
 #include "settings/IniText.h"
 
-// An INI file on disk. A file that cannot be read (a virus scanner, a backup or a synchronisation
-// holds it) never counts as an empty one. Until it is read for the first time, a file that is in
-// use is waited for without a limit, and one that is unreadable for another reason for 30 s; later
-// it is 3 s in all until it can be read again.
+// An INI file on disk. An unreadable file, such as one locked by a virus scanner or a backup, never
+// counts as empty. The first read waits without limit for a locked file, and 30 s for one that is
+// unreadable for another reason. After the first success, readers wait 3 s in all until the next.
 namespace settings {
 
-// Whether a reader waits for a file that cannot be read.
+// Whether a reader waits for an unreadable file.
 enum class Patience { Wait, None };
 
-// One value, by the system's profile functions: empty if there is no such value, section or file,
-// nothing if the file cannot be read. Messages run while it waits.
+// Reads one value by the system's profile functions; handles messages while it waits. Returns the
+// empty text if the value, section or file is missing, nullopt if the file cannot be read.
 std::optional<std::string> ReadIniValue(const std::string& path, std::string_view section,
                                         std::string_view key, Patience patience);
 
-// All values of a section, none if there is no such section or file; nothing if the file cannot be
-// read. Messages run while it waits.
+// Reads all values of a section; handles messages while it waits. Returns none if the section or
+// file is missing, nullopt if the file cannot be read.
 std::optional<KeyValues> ReadIniFileSection(const std::string& path, std::string_view section);
 
-// Sets values of one section and replaces the file whole; a file that holds them already stays as
-// it is. False if the file cannot be read or replaced: it is unchanged then. Messages do not run,
-// because whoever stores is in the middle of something.
+// Sets values of one section by replacing the file, unless it contains them already. Returns false,
+// with the file unchanged, if it cannot be read or replaced. Handles no messages while it waits,
+// because its callers are in the middle of a change.
 bool WriteIniValues(const std::string& path, std::string_view section, const KeyValues& values);
 
 }  // namespace settings

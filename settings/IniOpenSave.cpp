@@ -57,7 +57,7 @@ std::map<std::string, std::string>& lastKnown =
 std::set<std::string>& unread = win::NeverDestroyed<std::set<std::string>>();
 std::size_t failedReads = 0;
 
-std::string NameOf(std::string_view section, std::string_view key) {
+std::string FullName(std::string_view section, std::string_view key) {
     return win::AsciiLower(
         std::string(IniUserName).append("\n").append(section).append("\n").append(key));
 }
@@ -79,7 +79,7 @@ std::optional<std::string> TryReadSetting(std::string_view section, std::string_
     if (UseIni == kUseRegistryStore)
         return ReadRegistryText(RegistryPath(section), std::string(key));
     if (UseIni != kUseIniStore) return std::string();
-    const std::string name = NameOf(section, key);
+    const std::string name = FullName(section, key);
     const auto known = lastKnown.find(name);
     auto value = ReadIniValue(DefaultIniPath(), section, win::ToLower(key),
                               known == lastKnown.end() ? Patience::Wait : Patience::None);
@@ -119,8 +119,8 @@ void WriteSetting(std::string_view section, std::string_view key, std::string_vi
     if (IsHeld(section)) StoreHeldSettings();  // keep the order of writes
     if (UseIni == kUseRegistryStore)
         WriteRegistryTexts(RegistryPath(section), {{std::string(key), std::string(value)}});
-    if (UseIni != kUseIniStore || unread.contains(NameOf(section, key))) return;
-    lastKnown.insert_or_assign(NameOf(section, key), CutIniValue(value));
+    if (UseIni != kUseIniStore || unread.contains(FullName(section, key))) return;
+    lastKnown.insert_or_assign(FullName(section, key), CutIniValue(value));
     IniWriteValue(section, key, value, "");
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 #include <string>
 
-// The proxy's user name and password, kept scrambled in the settings store.
+// The proxy's user name and password, stored scrambled.
 namespace settings {
 
 struct ProxyLogin {
@@ -9,10 +9,10 @@ struct ProxyLogin {
     std::string password;
 };
 
-// What is stored, in plain text; a value that is not scrambled text reads as empty.
+// Returns the stored login in plain text; a value that is not scrambled text reads as empty.
 ProxyLogin ReadProxyLogin();
 
-// Stores each scrambled; a text with a character that cannot be scrambled leaves the old value.
+// Store one of the two. A text that cannot be scrambled leaves the old value.
 void SaveProxyUserName(const std::string& userName);
 void SaveProxyPassword(const std::string& password);
 

@@ -10,17 +10,17 @@ namespace settings {
 namespace {
 
 constexpr int kLastCode = 255;
-constexpr int kFirstOdd = 0x80;
+constexpr int kFirstSpecial = 0x80;
 
-// The characters of the Western ANSI codes 0x80 to 0x9F, the only ones whose code is not their
-// number in Unicode.
-constexpr std::array<std::uint16_t, 32> kOddCharacters{
+// The code points of the Western ANSI codes 0x80 to 0x9F, the only codes that differ from their
+// code points.
+constexpr std::array<std::uint16_t, 32> kSpecialCodePoints{
     0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
-// The number in Unicode of a well-formed UTF-8 character.
-std::uint32_t NumberOf(std::string_view character) {
+// The code point of a well-formed UTF-8 character.
+std::uint32_t CodePointOf(std::string_view character) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
     if (character.size() == 1) return byte(0);
     std::uint32_t number = byte(0) & (0xFFu >> (character.size() + 1));
@@ -28,24 +28,24 @@ std::uint32_t NumberOf(std::string_view character) {
     return number;
 }
 
-// The ANSI code of a character; above kLastCode for one that has none.
+// The ANSI code of a character; above kLastCode if it has none.
 int CodeOf(std::string_view character, bool utf8) {
     if (!utf8) return static_cast<unsigned char>(character[0]);
-    const std::uint32_t number = NumberOf(character);
-    const auto odd = std::find(kOddCharacters.begin(), kOddCharacters.end(), number);
-    if (odd != kOddCharacters.end())
-        return kFirstOdd + static_cast<int>(odd - kOddCharacters.begin());
-    const bool isPlain = number < kFirstOdd || (number >= 0xA0 && number <= kLastCode);
+    const std::uint32_t number = CodePointOf(character);
+    const auto special = std::find(kSpecialCodePoints.begin(), kSpecialCodePoints.end(), number);
+    if (special != kSpecialCodePoints.end())
+        return kFirstSpecial + static_cast<int>(special - kSpecialCodePoints.begin());
+    const bool isPlain = number < kFirstSpecial || (number >= 0xA0 && number <= kLastCode);
     return isPlain ? static_cast<int>(number) : kLastCode + 1;
 }
 
 void Append(std::string& text, int code, bool utf8) {
-    if (code < kFirstOdd || !utf8) {
+    if (code < kFirstSpecial || !utf8) {
         text += static_cast<char>(code);
         return;
     }
-    const auto odd = static_cast<std::size_t>(code - kFirstOdd);
-    const int number = odd < kOddCharacters.size() ? kOddCharacters[odd] : code;
+    const auto special = static_cast<std::size_t>(code - kFirstSpecial);
+    const int number = special < kSpecialCodePoints.size() ? kSpecialCodePoints[special] : code;
     if (number < 0x800) {
         text += static_cast<char>(0xC0 | number >> 6);
     } else {

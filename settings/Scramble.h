@@ -3,15 +3,15 @@
 #include <string>
 #include <string_view>
 
-// The light scrambling that keeps the proxy's user name and password from being read at a glance.
-// It has no key: position alone decides the shift.
+// Keeps the proxy's user name and password from being read at a glance. It has no key: each
+// character is shifted by its position.
 namespace settings {
 
-// Each character's Western ANSI code raised by its position, counting from 1. Nothing when a
-// character has no such code or its sum is above 255.
+// Adds to each character's Western ANSI code its position, counted from 1. Returns nullopt if a
+// character has no such code or a sum exceeds 255.
 std::optional<std::string> Scramble(std::string_view text);
 
-// The inverse; nothing when a character could not have come from Scramble.
+// Reverses Scramble; returns nullopt if Scramble cannot have produced the text.
 std::optional<std::string> Unscramble(std::string_view text);
 
 }  // namespace settings

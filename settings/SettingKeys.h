@@ -2,9 +2,9 @@
 #include <array>
 #include <string_view>
 
-// Every setting, caption and default of the program, once. The store has no defaults: an absent
-// value reads as the empty text, and where two readers of one key take that differently, each
-// default is named for its reader.
+// The settings of the program with their captions and defaults. The store has no defaults: a
+// missing value reads as the empty text. Where two readers of a setting treat that differently,
+// each default is named for its reader.
 namespace settings {
 
 // One value of the settings store.
@@ -28,33 +28,34 @@ inline constexpr Setting kPause30SecondsOnStartup{kOptions, "Pause30SecondsOnSta
 inline constexpr Setting kStartWithWindows{kOptions, "StartWithWindows"};
 inline constexpr Setting kAutoUpdateInterval{kOptions, "AutoUpdateInterval"};
 
-// Tray Icon page. The icons hold a path, kDefaultIcon, or nothing.
+// Tray Icon page. The value of an icon is a path, kDefaultIcon, or empty.
 inline constexpr Setting kSingleClickAction{kOptions, "SingleClickAction"};
 inline constexpr Setting kDoubleClickAction{kOptions, "DoubleClickAction"};
 inline constexpr Setting kIcon{kOptions, "Icon"};
 inline constexpr Setting kIcon2{kOptions, "Icon2"};
 inline constexpr char kDefaultIcon[] = "default";
 
-// Tray Alerts page. The retrieval cycle shows the balloon only for "True", while the dialog shows
-// its box ticked unless the value is "False": with nothing stored they differ, on purpose.
+// Tray Alerts page. The balloon is shown only for "True", but the check box is ticked unless the
+// value is "False": without a value they deliberately differ.
 inline constexpr Setting kDisplayTrayAlert{kOptions, "DisplayTrayAlert"};
-// Nothing in the program writes this one; it gates the sound and is set by hand.
+// Enables the sound. The program never writes it; users set it by hand.
 inline constexpr Setting kFlashTrayIcon{kOptions, "FlashTrayIcon"};
 inline constexpr Setting kTrayAlertSound{kOptions, "TrayAlertSound"};
 inline constexpr char kNoSound[] = "(None)";
 
-// Internet page. The first is stored and shown but changes no download, on purpose. The other two
-// are scrambled, see ProxySettings.h.
+// Internet page. The first is stored and shown but deliberately has no effect on downloads. The
+// other two are scrambled, see ProxyLogin.h.
 inline constexpr Setting kOnlyDownloadWhenConnected{kOptions, "OnlyDownloadWhenConnected"};
 inline constexpr Setting kProxyUsername{kOptions, "ProxyUsername"};
 inline constexpr Setting kProxyPassword{kOptions, "ProxyPassword"};
 
-// Alert Filters page: words joined by the separator; show only what has them, or ignore it.
+// Alert Filters page: the words, joined by the separator, and whether alerts with them are the only
+// ones shown, or are hidden.
 inline constexpr Setting kAlertFilters{kOptions, "AlertFilters"};
 inline constexpr Setting kShowFilteredWords{kOptions, "ShowFilteredWords"};
 inline constexpr char kFilterSeparator[] = "|||||";
 
-// The last newer version that was announced, and the page the Options dialog opens on.
+// The last version announced as newer, and the page that the Options dialog opens on.
 inline constexpr Setting kCheckVersion{kOptions, "CheckVersion"};
 inline constexpr Setting kLastOption{kOptions, "LastOption"};
 
@@ -65,15 +66,15 @@ inline constexpr Setting kVersion{kMisc, "Version"};
 inline constexpr Setting kOldAlerts{kMisc, "OldAlerts"};
 inline constexpr Setting kLastUpdated{kMisc, "LastUpdated"};
 
-// The stored alerts: Count, and for n = 1 ... Count these words with n behind them. The store's
-// keys ignore case.
+// The stored alerts: Count, and for n = 1 ... Count these words followed by n. The store's keys
+// ignore case.
 inline constexpr Setting kAlertCount{kAlerts, "Count"};
 inline constexpr char kAlertBody[] = "body";
 inline constexpr char kAlertTitle[] = "title";
 inline constexpr char kAlertZipCode[] = "zipcode";
 inline constexpr char kAlertId[] = "id";
 
-// Interval captions, in list order, each with its minutes.
+// The update intervals, in list order.
 struct Interval {
     std::string_view caption;
     int minutes;
@@ -100,11 +101,10 @@ inline constexpr std::string_view kVisitAction = "Visit ";
 inline constexpr std::string_view kStartupSingleClickAction = kViewNationalAction;
 inline constexpr std::string_view kStartupDoubleClickAction = kNoAction;
 
-// The Stations page of the Options dialog as kLastOption holds it. Each page's key is the text of
-// its tab without blanks.
+// The value of kLastOption for the Stations page: a page's key is its tab's text without spaces.
 inline constexpr std::string_view kStationsPage = "Stations";
 
-// The registry value, outside the store, that starts the program with Windows.
+// The registry value outside the store that starts the program with Windows.
 inline constexpr char kRunKey[] = "Software\\microsoft\\windows\\currentversion\\run";
 inline constexpr char kRunValue[] = "SkyvaneAlerts";
 

@@ -13,7 +13,7 @@ HKEY RootKey(std::uint32_t root) {
     return reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(static_cast<LONG>(root)));
 }
 
-// Registry text usually ends in a zero, but need not.
+// Registry text may or may not end in a zero.
 std::string TextOf(const std::string& data, DWORD length) {
     std::string text = data.substr(0, length);
     while (!text.empty() && text.back() == '\0') text.pop_back();

@@ -14,7 +14,7 @@ std::string StationFilePath() {
 }
 
 void LoadStationList() {
-    // Messages run before the list changes hands, so that no one meets it half filled.
+    // Before the list changes, so that no message handler sees it half filled.
     win::PumpPendingMessages();
     const std::string path = StationFilePath();
     auto lines = ReadStationFile(path);

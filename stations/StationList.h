@@ -6,31 +6,30 @@
 // The list of watched stations and its file, CityCode.cmb in the data folder.
 namespace stations {
 
-// The full path of the station file.
+// Returns the full path of the station file.
 std::string StationFilePath();
 
-// Reads the file into the process-wide list. A file that is missing, or that exists but cannot be
-// read, leaves the list as it is. Lets messages run.
+// Loads the file into the shared list, which stays unchanged if the file is missing or unreadable.
+// Handles messages.
 void LoadStationList();
 
-// Whether the last LoadStationList met a file that it could not read.
+// Whether the file was unreadable at the last LoadStationList.
 bool IsStationListUnread();
 
-// Reads the list if it is unread; whether it was unread and now is not.
+// Loads the list again if it is unread. Returns whether that succeeded.
 bool LoadUnreadStationList();
 
-// Makes the process-wide list hold exactly these entries, as saving does before it reloads.
+// Replaces the lines of the shared list, before they are saved.
 void SetStationList(const std::vector<std::string>& entries);
 
-// The non-empty lines of a station file, none of a missing one; nothing if the file exists but
-// cannot be read (another program holds it, or it is too long).
+// Returns the non-empty lines of a station file; none if it is missing, nullopt if it exists but
+// cannot be read.
 std::optional<std::vector<std::string>> ReadStationFile(const std::string& path);
 
-// Replaces the file, whole, by the non-empty entries. False, with the old file untouched, when it
-// cannot be written.
+// Replaces the file by the non-empty lines. Returns false, with the old file unchanged, on failure.
 bool WriteStationFile(const std::vector<std::string>& entries, const std::string& path);
 
-// The process-wide line at the index, empty outside the array.
+// Returns a line of the shared list; empty if the index is out of range.
 std::string StationAt(std::size_t index);
 
 }  // namespace stations

@@ -15,7 +15,7 @@ std::wstring ToWide(std::string_view text) {
 }
 
 static std::string Narrow(std::wstring_view text, UINT codePage) {
-    // ASCII, which is most of what feeds hold, is the same in every code page.
+    // ASCII, the bulk of every feed, is the same in all code pages.
     if (std::all_of(text.begin(), text.end(), [](wchar_t c) { return c < 0x80; }))
         return {text.begin(), text.end()};
     const int size = static_cast<int>(text.size());

@@ -2,19 +2,19 @@
 #include <string>
 #include <string_view>
 
-// The only conversions between the process's code page and UTF-16, for COM, WinHTTP and dates.
+// Conversions between the process's code page and UTF-16, which COM, WinHTTP and dates use.
 namespace win {
 
-// Text of the process's code page as UTF-16; bytes that are no character become U+FFFD.
+// Converts text of the process's code page to UTF-16; invalid bytes become U+FFFD.
 std::wstring ToWide(std::string_view text);
 
-// UTF-16 as text of the process's code page; characters that it lacks become '?'.
+// Converts UTF-16 to the process's code page; characters that it lacks become '?'.
 std::string FromWide(std::wstring_view text);
 
-// UTF-16 as UTF-8, for files that are UTF-8 whatever the code page.
+// Converts UTF-16 to UTF-8, for files that are UTF-8 whatever the code page.
 std::string ToUtf8(std::wstring_view text);
 
-// The text in lower case by the rules of Unicode.
+// Returns the text in lower case, by the rules of Unicode.
 std::string ToLower(std::string_view text);
 
 }  // namespace win

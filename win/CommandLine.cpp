@@ -5,8 +5,8 @@
 namespace win {
 namespace {
 
-// The end of an unquoted program name. A folder's name may contain spaces, so the name ends after
-// the program's own file name, or at the first space if the program has another name.
+// The end of a program name without quotes. Its folders may contain spaces, so it ends after the
+// program's file name, or at the first space if the program has another name.
 std::size_t EndOfProgramName(std::string_view line, std::string_view programFile) {
     for (std::size_t at = 0; at + programFile.size() <= line.size(); ++at) {
         const std::size_t end = at + programFile.size();
@@ -31,7 +31,7 @@ std::string_view ArgumentText(std::string_view commandLine, std::string_view pro
     }
     if (end == std::string_view::npos) return {};
     std::string_view argument = TrimSpaces(line.substr(end));
-    // Typed in a command shell the bars need quotes, which neither a URL nor a file can hold.
+    // In a command shell the bars need quotes; neither a URL nor a file name can contain one.
     if (argument.size() >= 2 && argument.front() == '"' && argument.back() == '"')
         argument = argument.substr(1, argument.size() - 2);
     return argument;

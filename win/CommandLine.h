@@ -3,9 +3,9 @@
 
 namespace win {
 
-// The arguments in a whole command line: what follows the program's name, which may be quoted, or
-// unquoted with spaces in its path. `programFile` is the program's file name ("dl.exe"). Spaces
-// around the arguments and one pair of quotes are removed.
+// Returns the arguments of a whole command line: the text after the program's name, without spaces
+// and one pair of quotes around it. The name may be in quotes, or have spaces in its path without
+// them. `programFile` is the program's file name ("dl.exe").
 std::string_view ArgumentText(std::string_view commandLine, std::string_view programFile);
 
 }  // namespace win

@@ -4,15 +4,16 @@
 
 #include "win/LateFunctions.h"
 #include "win/CodePage.h"
+#include "win/Text.h"
 
 namespace win {
 namespace {
 
-constexpr int kLongest = 128;
+constexpr int kTextSize = 128;
 
 std::string ShortDate(const SYSTEMTIME& time) {
-    wchar_t text[kLongest] = {};
-    GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, text, kLongest);
+    wchar_t text[kTextSize] = {};
+    GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, text, kTextSize);
     return FromWide(text);
 }
 
@@ -25,7 +26,7 @@ SYSTEMTIME Now() {
 bool HasNumber(std::string_view text, int wanted) {
     int number = -1;
     for (const char c : std::string(text) + ' ') {
-        if (c >= '0' && c <= '9') {
+        if (IsDigit(c)) {
             number = std::clamp(number, 0, 999) * 10 + (c - '0');
         } else {
             if (number == wanted) return true;
@@ -39,8 +40,8 @@ bool HasNumber(std::string_view text, int wanted) {
 
 std::string GeneralDateNow() {
     const SYSTEMTIME now = Now();
-    wchar_t time[kLongest] = {};
-    GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &now, nullptr, time, kLongest);
+    wchar_t time[kTextSize] = {};
+    GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &now, nullptr, time, kTextSize);
     return ShortDate(now) + " " + FromWide(time);
 }
 
@@ -49,8 +50,8 @@ std::string ShortDateToday() {
 }
 
 std::string ShortDateIfToday(std::string_view text) {
-    // The usual cases do without the library that reads dates, and COM with it. In whatever form, a
-    // date of today has the day of the month among its numbers.
+    // The usual cases do not load the library that parses dates. A date of today contains the day
+    // of the month, whatever its format.
     if (std::string today = ShortDateToday(); text.starts_with(today + " ")) return today;
     if (!HasNumber(text.substr(0, text.find(' ')), Now().wDay)) return {};
     std::wstring wide = ToWide(text);

@@ -2,17 +2,17 @@
 #include <string>
 #include <string_view>
 
-// Dates as the user's regional settings write them.
+// Dates in the format of the user's regional settings.
 namespace win {
 
-// The present date and time: short date, blank, time.
+// Returns the current short date and time, with a space between them.
 std::string GeneralDateNow();
 
-// Today's short date.
+// Returns today's short date.
 std::string ShortDateToday();
 
-// The short date of a text that begins with a date in the user's way; empty when it is none. May be
-// empty for another day than today.
+// Returns the short date of a text that starts with a date; empty if it does not. May also be empty
+// for any other day than today.
 std::string ShortDateIfToday(std::string_view text);
 
 }  // namespace win

@@ -16,14 +16,14 @@ void RunModal(HWND dialog, bool (*translate)(const MSG&)) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
-    if (IsWindow(dialog)) {  // the program is told to quit
+    if (IsWindow(dialog)) {  // WM_QUIT ended the loop
         PostQuitMessage(static_cast<int>(message.wParam));
         EndModal(dialog);
     }
 }
 
 void EndModal(HWND dialog) {
-    // The owner first: the system would else bring some other program's window to the front.
+    // The owner first: otherwise the system brings another program's window to the front.
     if (const HWND owner = GetWindow(dialog, GW_OWNER)) EnableWindow(owner, TRUE);
     DestroyWindow(dialog);
 }
@@ -34,7 +34,7 @@ static void PresentDialog(HWND dialog, int iconResource) {
         int metric;
     } sizes[] = {{ICON_BIG, SM_CXICON}, {ICON_SMALL, SM_CXSMICON}};
     for (const auto& size : sizes) {
-        // Shared icons belong to the system and need no owner.
+        // The system owns shared icons.
         const HANDLE icon =
             LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(iconResource), IMAGE_ICON,
                        GetSystemMetrics(size.metric), GetSystemMetrics(size.metric), LR_SHARED);
@@ -56,7 +56,7 @@ bool ShowModal(const DialogForm& form, HWND owner, bool (*translate)(const MSG&)
 }
 
 std::string WindowText(HWND window) {
-    // The length may be counted in units of which a UTF-8 character takes more.
+    // In a UTF-8 process the length may count fewer units than the text has bytes.
     std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) * 4 + 1, '\0');
     text.resize(static_cast<std::size_t>(
         GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
@@ -81,7 +81,7 @@ void SetChecked(HWND dialog, int control, bool checked) {
 
 void EnableControl(HWND dialog, int control, bool enable) {
     const HWND window = GetDlgItem(dialog, control);
-    // The keyboard would be lost in a control that is off.
+    // A disabled control with the focus would swallow the keyboard.
     if (!enable && GetFocus() == window)
         SendMessageA(GetAncestor(dialog, GA_ROOT), WM_NEXTDLGCTL, TRUE, FALSE);
     EnableWindow(window, enable);

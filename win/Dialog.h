@@ -3,37 +3,37 @@
 
 #include <string>
 
-// What every dialog of the program does the same way.
+// Modal dialogs and their controls.
 namespace win {
 
-// Runs the dialog until it is gone, as a modal one: its owner (which may be null) is disabled
-// meanwhile. `translate` sees each message first; true means that it took it.
+// Runs the dialog as a modal one until it is closed; its owner, which may be null, is disabled
+// meanwhile. `translate` sees each message first and returns whether it handled it.
 void RunModal(HWND dialog, bool (*translate)(const MSG&) = nullptr);
 
-// Closes a dialog that RunModal runs.
+// Closes a dialog run by RunModal.
 void EndModal(HWND dialog);
 
-// A dialog of the program's resources.
+// A dialog in the program's resources.
 struct DialogForm {
     int resource;
     int icon;
-    DWORD controlClasses;  // of common controls (ICC_...), beside the standard ones
+    DWORD controlClasses;  // ICC_..., in addition to the standard classes
     DLGPROC procedure;
 };
 
-// Makes the dialog, gives it its icon, puts it in front, and runs it as a modal one. False when it
-// cannot be made.
+// Creates the dialog, brings it to the front and runs it as a modal one. Returns false if it cannot
+// be created.
 bool ShowModal(const DialogForm& form, HWND owner = nullptr,
                bool (*translate)(const MSG&) = nullptr);
 
-// The text of a control, whole.
+// Return and set the text of a control or window.
 std::string ControlText(HWND dialog, int control);
 std::string WindowText(HWND window);
 void SetControlText(HWND dialog, int control, const std::string& text);
 
 bool IsChecked(HWND dialog, int control);
 void SetChecked(HWND dialog, int control, bool checked);
-// A control that loses the keyboard by this hands it to the one before.
+// A disabled control that has the focus passes it to the control before it.
 void EnableControl(HWND dialog, int control, bool enable);
 
 }  // namespace win

@@ -13,17 +13,17 @@ std::uint64_t Join64(DWORD high, DWORD low) {
     return (std::uint64_t{high} << 32) | low;
 }
 
-// A virus scanner or a backup may hold a file for a moment, which a few tries outlast. Moving a
-// file over one that is held may also count as denied.
+// Retries while a virus scanner or a backup may have the file open. Replacing an open file may also
+// fail with "access denied".
 template <class Attempt>
-bool TryPatiently(Attempt attempt, int triesLeft = 5) {
-    constexpr DWORD milliseconds = 10;
+bool RetryWhileLocked(Attempt attempt, int triesLeft = 5) {
+    constexpr DWORD kMilliseconds = 10;
     for (;; --triesLeft) {
         if (attempt()) return true;
         const DWORD error = GetLastError();
         if (triesLeft == 0 || (error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED))
             return false;
-        Sleep(milliseconds);
+        Sleep(kMilliseconds);
     }
 }
 
@@ -33,10 +33,10 @@ bool WriteNewFile(const std::string& path, std::string_view text) {
     return WriteAll(file.Get(), text) && FlushFileBuffers(file.Get());
 }
 
-// Opens the file however others use it.
+// Opens the file, sharing all access with other programs.
 FileHandle OpenShared(const std::string& path, DWORD access, DWORD disposition, DWORD flags) {
     FileHandle file;
-    TryPatiently([&] {
+    RetryWhileLocked([&] {
         file.Reset(CreateFileA(path.c_str(), access,
                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                disposition, flags, nullptr));
@@ -45,7 +45,7 @@ FileHandle OpenShared(const std::string& path, DWORD access, DWORD disposition, 
     return file;
 }
 
-// Calls `visit(name, attributes)` for every entry of the folder but "." and "..".
+// Calls `visit(name, attributes)` for every entry except "." and "..".
 template <class Visit>
 void ForEachEntry(const std::string& pattern, Visit visit) {
     WIN32_FIND_DATAA entry;
@@ -111,20 +111,20 @@ bool WriteFileAtomically(const std::string& path, std::string_view text) {
     if (const DWORD attributes = Attributes(path);
         attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY))
         return false;
-    const std::string beside = path + ".new";
-    const auto putInPlace = [&] {
-        return MoveFileExA(beside.c_str(), path.c_str(),
+    const std::string newPath = path + ".new";
+    const auto replace = [&] {
+        return MoveFileExA(newPath.c_str(), path.c_str(),
                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
     };
-    // What is not written is lost: this is worth half a second.
-    constexpr int tries = 50;
-    if (WriteNewFile(beside, text) && TryPatiently(putInPlace, tries)) return true;
-    DeleteFileA(beside.c_str());
+    // Half a second: what is not written is lost.
+    constexpr int kRetries = 50;
+    if (WriteNewFile(newPath, text) && RetryWhileLocked(replace, kRetries)) return true;
+    DeleteFileA(newPath.c_str());
     return false;
 }
 
 bool OverwriteFile(const std::string& path, std::string_view text) {
-    // Cut to its length at the end: emptying it first costs more than writing it.
+    // Truncated at the end: emptying the file first costs more than writing it.
     const FileHandle file = OpenShared(path, GENERIC_WRITE, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL);
     return WriteAll(file.Get(), text) && SetEndOfFile(file.Get());
 }
@@ -142,8 +142,7 @@ std::vector<std::string> FindFileNames(const std::string& pattern) {
 }
 
 bool IsFolderWritable(const std::string& path) {
-    // One that was left behind, or that another copy of the program tries just now, is no
-    // hindrance.
+    // OPEN_ALWAYS: another copy of the program may be testing the same folder.
     return static_cast<bool>(
         OpenShared(path + "\\writable.tmp", GENERIC_WRITE, OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE));
 }

@@ -5,61 +5,62 @@
 #include <string_view>
 #include <vector>
 
-// Files and folders. Nothing here reports an error beyond its result: the program goes on.
+// Files and folders. Errors show in the results only.
 namespace win {
 
-// Whether the error (of GetLastError) says that there is no such file, and not merely that it
-// cannot be reached now.
+// Whether an error of GetLastError means that the file does not exist, rather than that it cannot
+// be opened now.
 bool IsMissingError(unsigned long error);
 
-// Whether there is certainly no file or folder of this name.
+// Whether there is certainly no file or folder of this name; false in case of doubt.
 bool IsFileMissing(const std::string& path);
 
 bool FileExists(const std::string& path);
 bool FolderExists(const std::string& path);
 
-// True when the file is at least 1 byte long; false for a missing file.
+// Whether the file exists and is not empty.
 bool FileHasContent(const std::string& path);
 
-// What no file that the program reads comes near.
+// The size limit, in bytes, for all files without one of their own.
 inline constexpr std::uint64_t kLongestFile = std::uint64_t{64} * 1024 * 1024;
 
-// The whole file, or nothing when it cannot be read or is longer than `limit` bytes.
+// Returns the whole file; nullopt if it cannot be read or is longer than `limit` bytes.
 std::optional<std::string> ReadWholeFile(const std::string& path,
                                          std::uint64_t limit = kLongestFile);
 
-// Writes the whole text to an open file, given as its Windows handle. False when it cannot be done.
+// Writes the whole text to an open file, given by its handle. Returns whether that succeeded.
 bool WriteAll(void* file, std::string_view text);
 
-// Writes the text to a file beside `path` and puts it in place whole: a reader, or a crash, sees
-// the old file or the new one. False, with the old file untouched, when it cannot be done.
+// Writes the text to a new file and renames that to `path`, so that readers, and a crash, leave
+// either the old or the new file. Returns false, with the old file unchanged, on failure.
 bool WriteFileAtomically(const std::string& path, std::string_view text);
 
-// Writes a file that can be made again at any time: in place, and without waiting for the disk.
+// Writes a file in place, without waiting for the disk: for files that can be created again at any
+// time. Returns whether that succeeded.
 bool OverwriteFile(const std::string& path, std::string_view text);
 
-// Deletes the file; a missing one is no error.
+// Deletes the file; failures are ignored.
 void DeleteFileQuietly(const std::string& path);
 
-// The names (without folder) of the files that match the pattern, in directory order.
+// Returns the names, without folders, of the files that match the pattern, in directory order.
 std::vector<std::string> FindFileNames(const std::string& pattern);
 
-// Whether the program can write files in the folder. The one that it tries this with does not stay.
+// Whether the program can write files in the folder; creates and deletes one to find out.
 bool IsFolderWritable(const std::string& path);
 
-// Makes one level of folder; one that exists is no error.
+// Creates one level of folder; failures are ignored.
 void MakeFolder(const std::string& path);
 
-// Copies the folder with all that is in it, over what is there. Links to folders are left out.
+// Copies the folder and its contents, replacing existing files. Links to folders are skipped.
 void CopyFolder(const std::string& from, const std::string& to);
 
-// Deletes the folder with all that is in it. Links are removed, not followed.
+// Deletes the folder and its contents. Links are removed, not followed.
 void DeleteFolder(const std::string& path);
 
-// The last-modified time in 100 ns units since 1601, 0 for a missing file or folder.
+// Returns the last-modified time in units of 100 ns since 1601; 0 for a missing file or folder.
 std::uint64_t LastModified(const std::string& path);
 
-// The folder of the running executable, without a trailing backslash.
+// Returns the folder of the running executable, without a trailing backslash.
 std::string ExecutableFolder();
 
 }  // namespace win

@@ -4,7 +4,7 @@
 
 namespace win {
 
-// Owns one system handle and closes it once. Traits give `Type`, `Empty()` and `Close(Type)`.
+// Owns one system handle. The traits define `Type`, `Empty()` and `Close(Type)`.
 template <class Traits>
 class UniqueHandle {
   public:
@@ -27,7 +27,7 @@ class UniqueHandle {
         const Type old = std::exchange(value_, value);
         if (old != Traits::Empty()) Traits::Close(old);
     }
-    // For calls that give a handle back through a pointer; whatever was held is closed first.
+    // For calls that return a handle through a pointer; closes the handle held before.
     Type* Receive() {
         Reset();
         return &value_;

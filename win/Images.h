@@ -7,10 +7,10 @@
 
 namespace win {
 
-// The icon of an ".ico" file at the given size in pixels; empty for a file that holds none.
+// Loads an ".ico" file at the given size in pixels; returns an empty handle if it holds no icon.
 Icon LoadIconFile(const std::string& path, int pixels);
 
-// An icon of the program's own resources at the given size in pixels.
+// Loads an icon of the program's resources at the given size in pixels.
 Icon LoadIconResource(int identifier, int pixels);
 
 struct ImageListTraits {
@@ -20,10 +20,10 @@ struct ImageListTraits {
 };
 using ImageList = UniqueHandle<ImageListTraits>;
 
-// A list of icons of the program's own resources, in the given order, at the size of list icons.
+// Loads icons of the program's resources into a list, in the given order, at SmallIconSize.
 ImageList LoadSmallIcons(std::initializer_list<int> identifiers);
 
-// The size of notification icons and of list icons, in pixels.
+// Returns the size of notification icons and of list icons in pixels.
 int SmallIconSize();
 
 }  // namespace win

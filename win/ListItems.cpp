@@ -37,13 +37,13 @@ int CountItems(const ListControl& control) {
 }
 
 std::string ItemText(const ListControl& control, int index) {
-    const auto place = static_cast<WPARAM>(index);
-    const LRESULT length = Send(control, CB_GETLBTEXTLEN, LB_GETTEXTLEN, place);
+    const auto item = static_cast<WPARAM>(index);
+    const LRESULT length = Send(control, CB_GETLBTEXTLEN, LB_GETTEXTLEN, item);
     if (length <= 0) return {};
-    // In a UTF-8 process the length may count fewer units than the text takes.
+    // In a UTF-8 process the length may count fewer units than the text has bytes.
     std::string text(static_cast<std::size_t>(length) * 4 + 1, '\0');
     const LRESULT copied =
-        Send(control, CB_GETLBTEXT, LB_GETTEXT, place, reinterpret_cast<LPARAM>(text.data()));
+        Send(control, CB_GETLBTEXT, LB_GETTEXT, item, reinterpret_cast<LPARAM>(text.data()));
     if (copied < 0) return {};
     text.resize(text.find('\0'));
     return text;

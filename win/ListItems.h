@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-// Entries of combo boxes and list boxes, by the messages that the two share in all but number.
+// The items of combo boxes and list boxes, whose messages differ in their numbers only.
 namespace win {
 
 struct ListControl {
@@ -15,17 +15,18 @@ ListControl ComboBox(HWND dialog, int control);
 ListControl ListBox(HWND dialog, int control);
 
 void ClearItems(const ListControl& control);
-// Appends an entry (a sorted control places it); its index.
+// Adds an item at the end, or at its place in a sorted control. Returns its index.
 int AddItem(const ListControl& control, const std::string& text);
 void RemoveItem(const ListControl& control, int index);
 int CountItems(const ListControl& control);
+// Returns an item's text; empty if there is no such item.
 std::string ItemText(const ListControl& control, int index);
-// The index of the entry equal to the text, case included; -1 when there is none.
+// Returns the index of the first item with exactly this text; -1 if there is none.
 int FindItem(const ListControl& control, std::string_view text);
 
-// The selected entry's index, -1 for none.
+// Returns the selected item's index; -1 if there is none.
 int SelectedItem(const ListControl& control);
-// Selects by index; one that does not exist selects nothing.
+// Selects an item; an index out of range clears the selection.
 void SelectItem(const ListControl& control, int index);
 
 }  // namespace win

@@ -12,7 +12,7 @@ int CountColumns(HWND list) {
     return static_cast<int>(SendMessageA(header, HDM_GETITEMCOUNT, 0, 0));
 }
 
-// Keeps the list from painting every step of a change.
+// Suspends painting during a change.
 class WithoutRedraw {
   public:
     explicit WithoutRedraw(HWND list) : list_(list) { SendMessageA(list, WM_SETREDRAW, FALSE, 0); }
@@ -81,8 +81,8 @@ void SelectListRow(HWND list, int row) {
 void FitListColumns(HWND list) {
     const int count = CountColumns(list);
     const WithoutRedraw pause(list);
-    // The last column would get the room that is left, even where that is less than it needs: what
-    // it needs shows while it is not the last.
+    // LVSCW_AUTOSIZE_USEHEADER gives the last column the remaining width, even if its text needs
+    // more. With a temporary column after it, it is not the last.
     AddListColumn(list, "", 0);
     for (int i = 0; i < count; ++i)
         SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i), LVSCW_AUTOSIZE_USEHEADER);
@@ -94,17 +94,17 @@ void FillLastListColumn(HWND list, std::size_t rows) {
         return static_cast<int>(
             SendMessageA(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
     };
-    RECT room{};
-    GetClientRect(list, &room);
+    RECT client{};
+    GetClientRect(list, &client);
     const auto rowsInView = static_cast<std::size_t>(SendMessageA(list, LVM_GETCOUNTPERPAGE, 0, 0));
     const bool hasScrollBar = GetWindowLongA(list, GWL_STYLE) & WS_VSCROLL;
-    if (rows > rowsInView && !hasScrollBar) room.right -= GetSystemMetrics(SM_CXVSCROLL);
+    if (rows > rowsInView && !hasScrollBar) client.right -= GetSystemMetrics(SM_CXVSCROLL);
     const int last = CountColumns(list) - 1;
     int others = 0;
     for (int i = 0; i < last; ++i) others += width(i);
-    if (others + width(last) >= room.right) return;
+    if (others + width(last) >= client.right) return;
     const WithoutRedraw pause(list);
-    SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(last), room.right - others);
+    SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(last), client.right - others);
 }
 
 void ResizeListViewColumns(HWND list) {

@@ -5,26 +5,27 @@
 #include <initializer_list>
 #include <string>
 
-// Lists in report style: rows of texts, the first one behind a small icon.
+// List views in report style, whose rows start with a small icon, and the width of texts.
 namespace win {
 
-// Adds a column of this width in pixels.
+// Adds a column with this width in pixels.
 void AddListColumn(HWND list, const char* header, int width);
 
-// Appends a row; `icon` counts from 0 in the list's small icons.
+// Appends a row; `icon` is an index into the list's small icons.
 void AddListRow(HWND list, int icon, std::initializer_list<std::string> texts);
-// Tells a list that asks for its texts how many rows there are; draws them anew.
+// Sets the number of rows of a virtual list and redraws it.
 void SetListCount(HWND list, std::size_t rows);
 int CountListRows(HWND list);
 
-// The selected row counted from 0, -1 for none.
+// Returns the selected row counted from 0; -1 if there is none.
 int SelectedListRow(HWND list);
-// Selects a row alone, makes it the one that the keyboard goes on from, and scrolls to it.
+// Selects and focuses one row and scrolls to it.
 void SelectListRow(HWND list, int row);
 
-// Sizes every column to fit both its contents and its header; the last one takes the rest.
+// Fits every column to its contents and header; the last one takes the remaining width.
 void ResizeListViewColumns(HWND list);
-// Its two steps; the second leaves room for the scroll bar that so many rows need.
+// The two steps of ResizeListViewColumns; the second leaves space for the scroll bar that `rows`
+// rows need.
 void FitListColumns(HWND list);
 void FillLastListColumn(HWND list, std::size_t rows);
 
@@ -36,7 +37,7 @@ class TextMeter {
     TextMeter& operator=(const TextMeter&) = delete;
     ~TextMeter();
 
-    // In pixels.
+    // Returns the width in pixels.
     int Width(const std::string& text) const;
 
   private:

@@ -10,7 +10,7 @@ namespace win {
 
 void OpenInBrowser(HWND owner, const std::string& address) {
     EnsureCom();
-    // Parts of addresses come from feeds and files: a quote would end the browser's argument.
+    // Addresses contain text of feeds and files: a quote would end the browser's argument.
     ShellExecuteA(owner, "Open", ReplaceAll(address, "\"", "%22").c_str(), nullptr,
                   ExecutableFolder().c_str(), SW_SHOWNORMAL);
 }

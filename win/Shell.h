@@ -5,8 +5,8 @@
 
 namespace win {
 
-// Hands an address or document to the shell's "Open" verb, from the program folder, in a normal
-// window. The shell itself speaks up when nothing is registered for it.
+// Opens an address or document by the shell's "Open" verb, in the program folder. The shell itself
+// shows a message if no program is registered for it.
 void OpenInBrowser(HWND owner, const std::string& address);
 
 }  // namespace win

@@ -4,7 +4,7 @@
 
 namespace win {
 
-// One attribute of an element, its name without the prefix.
+// An attribute of an element; its name has no prefix.
 struct XmlAttribute {
     std::string name;
     std::string text;

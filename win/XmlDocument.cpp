@@ -12,8 +12,8 @@ namespace {
 constexpr long kLoaded = 4;
 constexpr DWORD kPollMilliseconds = 10;
 
-// The file's bytes, once checked; null when the XML library must not have them. The library gets
-// these bytes and not the path: the file may change.
+// The file's bytes if they are safe, else null. The library reads these bytes and not the file,
+// which may change after the check.
 Microsoft::WRL::ComPtr<IStream> SafeBytesOf(const std::string& path) {
     const std::optional<std::string> bytes = ReadWholeFile(path);
     Microsoft::WRL::ComPtr<IStream> stream;
@@ -35,7 +35,7 @@ XmlDocument StartLoadingXml(const std::string& path) {
                                                 IID_IXMLDOMDocument,
                                                 reinterpret_cast<void**>(document.GetAddressOf()))))
         return nullptr;
-    // Both are on by default: a schema that the document names would be fetched.
+    // Both default to true: the library would fetch a schema that the document names.
     if (FAILED(document->put_resolveExternals(VARIANT_FALSE)) ||
         FAILED(document->put_validateOnParse(VARIANT_FALSE)))
         return nullptr;

@@ -8,41 +8,42 @@
 
 #include "win/XmlAttribute.h"
 
-// The XML document of the Windows platform, as the feed readers use it.
+// XML documents of the system's library, as the feed readers use them.
 namespace win {
 
 using XmlDocument = Microsoft::WRL::ComPtr<IXMLDOMDocument>;
 using XmlNode = Microsoft::WRL::ComPtr<IXMLDOMNode>;
 using XmlNodeList = Microsoft::WRL::ComPtr<IXMLDOMNodeList>;
 
-// Starts loading the document in the file; null when the file is missing or cannot be a document.
+// Starts loading the document in the file; returns null if the file is missing or IsSafeXml rejects
+// it.
 XmlDocument StartLoadingXml(const std::string& path);
 
-// How far that has come. Loading may go on in the background; messages carry it along.
+// The state of a document that is being loaded. Loading may need messages to be handled.
 enum class XmlState { Loading, Loaded, Failed };
 XmlState StateOf(const XmlDocument& document);
 
-// The document in the file; null when it is missing, not well-formed, or has a document type
-// declaration. Nothing that the document refers to is opened. Lets messages run while it loads.
+// Loads the document in the file; handles messages meanwhile. Returns null if the file is missing,
+// not well-formed, or has a document type declaration. External references are not followed.
 XmlDocument LoadXmlFile(const std::string& path);
 
-// The nodes of a selection path, in document order; null when there are none to be had. Prefixes
-// are those written in the document.
+// Returns the nodes of a selection path in document order; null on failure. Prefixes are those
+// written in the document.
 XmlNodeList SelectNodes(const XmlDocument& document, const char* path);
 
-// The next node of the list, null behind the last.
+// Returns the next node of the list; null after the last one.
 XmlNode NextNode(const XmlNodeList& list);
 
-// A node's name as written, with its prefix; empty on an error.
+// Returns a node's name with its prefix; empty on failure.
 std::string NodeName(const XmlNode& node);
 
-// The attributes of an element; none on an error.
+// Returns the attributes of an element; none on failure.
 XmlAttributes NodeAttributes(const XmlNode& node);
 
-// The whole document as text, in UTF-8 whatever the process's code page; nothing on an error.
+// Returns the whole document in UTF-8, whatever the process's code page; nullopt on failure.
 std::optional<std::string> DocumentUtf8(const XmlDocument& document);
 
-// A node's local name and text; empty on an error.
+// Return a node's local name and text; empty on failure.
 std::string BaseName(const XmlNode& node);
 std::string NodeText(const XmlNode& node);
 

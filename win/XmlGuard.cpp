@@ -20,12 +20,12 @@ ByteOrder OrderOf(std::string_view bytes) {
     return ByteOrder::Bytes;
 }
 
-// Enough of the document for any sane prolog, in ASCII: what is not becomes a letter, so that no
+// Enough of the document for any real prolog, in ASCII. Other characters become letters, so that no
 // half of a wide character reads as markup.
 std::string AsciiStart(std::string_view bytes) {
-    constexpr std::size_t wanted = std::size_t{64} * 1024;
+    constexpr std::size_t kPrologLimit = std::size_t{64} * 1024;
     const ByteOrder order = OrderOf(bytes);
-    bytes = bytes.substr(0, wanted);
+    bytes = bytes.substr(0, kPrologLimit);
     if (order == ByteOrder::Bytes) {
         if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
         return std::string(bytes);
@@ -40,7 +40,7 @@ std::string AsciiStart(std::string_view bytes) {
     return start;
 }
 
-// Whether the XML declaration names no encoding or one in which ASCII stays ASCII.
+// Whether the XML declaration names no encoding, or one that contains ASCII.
 bool HasPlainEncoding(std::string_view declaration) {
     const std::size_t found = declaration.find("encoding");
     if (found == std::string_view::npos) return true;

@@ -3,8 +3,8 @@
 
 namespace win {
 
-// Whether a document may be handed to the XML library: it has no document type declaration, through
-// which it could name outside entities or expand without end, and no encoding that could hide one.
+// Whether the XML library may read a document: it has no document type declaration, which could
+// refer to external entities or expand without limit, and no encoding that could hide one.
 bool IsSafeXml(std::string_view bytes);
 
 }  // namespace win

@@ -17,14 +17,14 @@ LRESULT CALLBACK CentreOnActivation(int code, WPARAM wParam, LPARAM lParam) {
         const HWND dialog = reinterpret_cast<HWND>(wParam);
         MONITORINFO monitor{};
         monitor.cbSize = sizeof monitor;
-        RECT place;
-        if (GetWindowRect(dialog, &place) &&
+        RECT frame;
+        if (GetWindowRect(dialog, &frame) &&
             GetMonitorInfoA(MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor)) {
-            const RECT& room = monitor.rcWork;
-            const int width = place.right - place.left;
-            const int height = place.bottom - place.top;
-            SetWindowPos(dialog, nullptr, room.left + (room.right - room.left - width) / 2,
-                         room.top + (room.bottom - room.top - height) / 2, 0, 0,
+            const RECT& work = monitor.rcWork;
+            const int width = frame.right - frame.left;
+            const int height = frame.bottom - frame.top;
+            SetWindowPos(dialog, nullptr, work.left + (work.right - work.left - width) / 2,
+                         work.top + (work.bottom - work.top - height) / 2, 0, 0,
                          SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
         }
         UnhookWindowsHookEx(std::exchange(centringHook, nullptr));
@@ -36,15 +36,15 @@ LRESULT CALLBACK CentreOnActivation(int code, WPARAM wParam, LPARAM lParam) {
 }  // namespace
 
 std::string ShowOpenFileDialog(HWND owner, const OpenFileRequest& request) {
-    // The record has its short layout, without the fields that later systems added.
-    constexpr DWORD recordSize = 76;
-    static_assert(offsetof(OPENFILENAMEA, pvReserved) == recordSize);
+    // The size without the fields that later systems added.
+    constexpr DWORD kRecordSize = 76;
+    static_assert(offsetof(OPENFILENAMEA, pvReserved) == kRecordSize);
     EnsureCom();
     std::string filter = request.filter + "||";
     std::replace(filter.begin(), filter.end(), '|', '\0');
     char path[2048] = {};
     OPENFILENAMEA dialog{};
-    dialog.lStructSize = recordSize;
+    dialog.lStructSize = kRecordSize;
     dialog.hwndOwner = owner;
     dialog.lpstrFilter = filter.c_str();
     dialog.lpstrFile = path;

@@ -4,14 +4,14 @@
 // Temporary files.
 namespace win {
 
-// The temporary folder with its trailing backslash; empty when the system names none.
+// Returns the temporary folder with a trailing backslash; empty on failure.
 std::string GetTempFolder();
 
-// The full path of a new empty file named by the first three characters of the prefix, a
-// hexadecimal number and ".tmp"; empty when it cannot be made.
+// Creates an empty file named by the first three characters of the prefix, a hexadecimal number and
+// ".tmp". Returns its full path; empty on failure.
 std::string MakeTempFileName(const std::string& prefix);
 
-// Deletes every file of the temporary folder that begins with the prefix and ends in ".tmp".
+// Deletes every temporary file whose name starts with the prefix and ends in ".tmp".
 void DeleteTempFiles(const std::string& prefix);
 
 }  // namespace win

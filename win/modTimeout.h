@@ -1,17 +1,16 @@
 #pragma once
 #include <cstdint>
 
-// Two ways of waiting while the user interface stays alive.
+// Waits that handle messages.
 namespace win {
 
-// For waits of a fixed length; none is needed at present, only the tests call it.
-// Lets messages run until the clock (seconds since midnight) stands `seconds` past the start, which
-// is rounded to a whole second: a tiny wait ends at once or takes up to half a second. A wait that
-// spans midnight lasts until the same clock value the next day; that is how it is meant.
+// Waits until the clock, in seconds since midnight, is `seconds` past the start, which is rounded
+// to a whole second: a short wait returns at once or takes up to half a second longer. A wait
+// across midnight deliberately lasts until the same time of the next day.
 void WaitSeconds(double seconds);
 
-// `count` times ten 1-millisecond sleeps, each followed by letting messages run. Below 1, and where
-// ten times the count leaves 16 bits, it returns at once.
+// Sleeps for `count` times ten milliseconds and handles messages after each millisecond. Returns at
+// once if `count` is below 1 or ten times its value exceeds 16 bits.
 void PauseTicks(std::int16_t count);
 
 }  // namespace win
