@@ -5,7 +5,7 @@
 namespace settings {
 namespace {
 
-TEST(IniTextRules, ReadsTheFirstSectionOfTheName) {
+TEST(IniText, ReadsTheFirstSectionOfAName) {
     const std::string text =
         "TITLE1=not mine\r\n[Misc]\r\nTITLE1=no\r\n[ALERTS]\r\n; note=x\r\n\r\nTITLE1 = a=b \r\n"
         "body1=\" quoted \"\nplain line\nID1='x'\r\n[Alerts]\r\nTITLE2=late\r\n";
@@ -15,7 +15,7 @@ TEST(IniTextRules, ReadsTheFirstSectionOfTheName) {
     EXPECT_EQ(ReadIniSection("[Alerts", "Alerts"), KeyValues{});
 }
 
-TEST(IniTextRules, MergesWithoutTouchingAnythingElse) {
+TEST(IniText, MergesValuesAndKeepsAllElse) {
     struct Case {
         const char* before;
         KeyValues values;
@@ -33,8 +33,8 @@ TEST(IniTextRules, MergesWithoutTouchingAnythingElse) {
     for (const Case& c : cases) EXPECT_EQ(MergeIniSection(c.before, "Alerts", c.values), c.after);
 }
 
-TEST(IniTextRules, ReadsBackWhatWasMerged) {
-    // A feed's text must never begin a line, a section or a key of its own.
+TEST(IniText, MergedValuesRoundTrip) {
+    // A feed's text must never start a line, a section or a key.
     for (const std::string hostile :
          {"x\r\n[Options]\r\nICON=c:\\bad.ico", "\n[Options]", "a\rb=c"}) {
         const std::string merged = MergeIniSection("[Options]\r\nICON=mine\r\n", "Alerts",
@@ -47,7 +47,7 @@ TEST(IniTextRules, ReadsBackWhatWasMerged) {
     for (const std::string& text :
          {"[A]\nK=" + longest + "x", MergeIniSection("", "A", {{"k", longest + " x"}})})
         EXPECT_EQ(ReadIniSection(text, "A"), (KeyValues{{"k", longest}}));
-    for (const std::string value : {" blanks ", "\"quoted\"", "'quoted'", "\"", "a;b", "x=y", ""})
+    for (const std::string value : {" spaces ", "\"quoted\"", "'quoted'", "\"", "a;b", "x=y", ""})
         EXPECT_EQ(ReadIniSection(MergeIniSection("", "A", {{"k", value}}), "A"),
                   (KeyValues{{"k", value}}));
 }

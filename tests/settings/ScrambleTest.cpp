@@ -5,14 +5,14 @@
 namespace settings {
 namespace {
 
-TEST(ScrambleRules, ShiftsEachCharacterByItsPosition) {
+TEST(Scramble, ShiftsEachCharacterByItsPosition) {
     EXPECT_EQ(Scramble("aaa"), "bcd");
     EXPECT_EQ(Scramble(""), "");
     EXPECT_EQ(Unscramble("bcd"), "aaa");
     EXPECT_EQ(Scramble("zzzzzz"), "{|}~\x7F€");
 }
 
-TEST(ScrambleRules, GivesBackWhatItTook) {
+TEST(Scramble, RoundTrips) {
     for (const std::string text : {"user", "!!!! \" secret ", "p@ss w0rd|\"'", "~~~~~~~~", "Müller",
                                    "zzzzzzzzzzzz", "5 € to Žižek"}) {
         const auto scrambled = Scramble(text);
@@ -21,8 +21,8 @@ TEST(ScrambleRules, GivesBackWhatItTook) {
     }
 }
 
-TEST(ScrambleRules, RefusesWhatHasNoCode) {
-    EXPECT_FALSE(Scramble("\xC3\xBF"));  // the last code, which leaves no room
+TEST(Scramble, RejectsCharactersWithoutACode) {
+    EXPECT_FALSE(Scramble("\xC3\xBF"));  // the last code, which cannot be raised
     EXPECT_FALSE(Scramble("Łukasz"));    // no code up to 255
     EXPECT_FALSE(Scramble(std::string(140, 'z')));
     EXPECT_TRUE(Scramble(std::string(133, 'z')));

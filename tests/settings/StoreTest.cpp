@@ -17,7 +17,7 @@ std::string Repeat(std::string_view text, std::size_t times) {
 }
 
 win::FileHandle held;
-void CALLBACK LetGo(HWND, UINT, UINT_PTR timer, DWORD) {
+void CALLBACK Unlock(HWND, UINT, UINT_PTR timer, DWORD) {
     KillTimer(nullptr, timer);
     held.Reset();
 }
@@ -32,15 +32,15 @@ class EitherStore : public Store {
 };
 INSTANTIATE_TEST_SUITE_P(Both, EitherStore, testing::Values(kUseIniStore, kUseRegistryStore));
 
-TEST_P(EitherStore, GivesBackWhatItTook) {
+TEST_P(EitherStore, RoundTrips) {
     EXPECT_EQ(ReadSetting("Options", "Never written"), "");
-    for (const std::string value : {"True", " blanks at both ends ", "\"quoted\"", "a|||||b",
+    for (const std::string value : {"True", " spaces at both ends ", "\"quoted\"", "a|||||b",
                                     "Łódź ¦ 天気", "a=b;c", "", "last"}) {
         WriteSetting("Options", "LastUpdated", value);
         EXPECT_EQ(ReadSetting("Options", "LASTupdated"), value);
     }
     const bool isIni = GetParam() == kUseIniStore;
-    // Longer values than an INI file keeps would crash the readers of some systems.
+    // Values longer than the limit would crash the profile functions of some systems.
     for (const std::size_t length : {800u, 100000u}) {
         WriteSetting("Options", "Long", Repeat("Ł", length));
         EXPECT_EQ(ReadSetting("Options", "Long"), Repeat("Ł", isIni ? 749 : length));
@@ -49,7 +49,7 @@ TEST_P(EitherStore, GivesBackWhatItTook) {
     EXPECT_EQ(ReadSetting("Options", "LastUpdated"), "last");
 }
 
-TEST_P(EitherStore, WritesManyAsIfOneByOne) {
+TEST_P(EitherStore, HeldValuesReadAsIfWrittenOneByOne) {
     WriteSetting("Alerts", "title1", "old");
     WriteSetting("Alerts", "keep", "kept");
     WriteSetting("Misc", "Runs", "7");
@@ -65,40 +65,33 @@ TEST_P(EitherStore, WritesManyAsIfOneByOne) {
         EXPECT_EQ(ReadSection("Alerts")->at("title1"), "new & Łódź");
         EXPECT_EQ(ReadSetting("Alerts", "keep"), "kept");
     }
-    EXPECT_EQ(ReadSetting("Misc", "Runs"), "7");
     const auto section = *ReadSection("Alerts");
     EXPECT_EQ(section.size(), 4u);
     EXPECT_EQ(section.at("body1"), ReadSetting("Alerts", "Body1"));
 }
 
-TEST_P(EitherStore, DeletesASectionFromTheRegistryAlone) {
+TEST_P(EitherStore, DeletesASectionFromTheRegistryOnly) {
     WriteSetting("Alerts", "Count", "2");
     DeleteSettingSection("Alerts");
     EXPECT_EQ(ReadSetting("Alerts", "Count"), GetParam() == kUseIniStore ? "2" : "");
 }
 
-TEST_F(Store, WritesUpperCaseKeysIntoTheUsersOwnFile) {
-    WriteSetting("Misc", "LastUpdated", "now");
-    const std::string text = win::ReadWholeFile(tests::ScratchIniPath()).value_or("");
-    EXPECT_NE(text.find("[Misc]\r\nLASTUPDATED=now\r\n"), std::string::npos) << text;
-}
-
-TEST_F(Store, CutsTheLongValuesOfOthersByCharacters) {
-    for (const char* start : {"", "x", "xx", "xxx"}) {  // the system may give a part of a character
+TEST_F(Store, CutsForeignLongValuesAfterWholeCharacters) {
+    for (const char* start : {"", "x", "xx", "xxx"}) {  // the system may cut a character
         const std::string value = start + Repeat("\xF0\x9F\x8C\xAA", 800);
         win::WriteFileAtomically(tests::ScratchIniPath(), "[Options]\r\nk=" + value);
         EXPECT_EQ(ReadSetting("Options", "k"), win::FirstChars(value, 749));
     }
 }
 
-TEST_F(Store, DoesNothingWithoutAChoice) {
+TEST_F(Store, DoesNothingWithAnInvalidStore) {
     UseIni = 1;
     WriteSetting("Options", "k", "v");
     EXPECT_EQ(ReadSetting("Options", "k"), "");
     EXPECT_FALSE(win::FileExists(tests::ScratchIniPath()));
 }
 
-TEST_F(Store, LeavesAWideIniFileAsItIs) {
+TEST_F(Store, KeepsAUtf16IniFile) {
     const std::string wide("\xFF\xFE[\0A\0]\0\r\0\n\0", 12);
     ASSERT_TRUE(win::WriteFileAtomically(tests::ScratchIniPath(), wide));
     HoldSettings("A", {{"k", "v"}});
@@ -107,11 +100,11 @@ TEST_F(Store, LeavesAWideIniFileAsItIs) {
     EXPECT_TRUE(win::ReadWholeFile(tests::ScratchIniPath()).value_or("").starts_with(wide));
 }
 
-TEST_F(Store, KeepsAnIniFileThatItCannotReplace) {
+TEST_F(Store, KeepsAnIniFileThatCannotBeReplaced) {
     WriteSetting("Options", "k", "old");
     const std::string before = win::ReadWholeFile(tests::ScratchIniPath()).value_or("");
     const std::string inTheWay = tests::ScratchIniPath() + ".new";
-    win::MakeFolder(inTheWay);  // as a full disk does, this leaves no room beside the file
+    win::MakeFolder(inTheWay);  // blocks the temporary file, as a full disk does
     WriteSetting("Options", "k", "new");
     for (const char* count : {"1", "2"}) {
         HoldSettings("Alerts", {{"Count", count}});
@@ -124,20 +117,20 @@ TEST_F(Store, KeepsAnIniFileThatItCannotReplace) {
     EXPECT_EQ(win::ReadWholeFile(tests::ScratchIniPath()), before + "[Alerts]\r\nCOUNT=2\r\n");
 }
 
-TEST_F(Store, DoesNotRewriteWhatIsThere) {
+TEST_F(Store, DoesNotRewriteEqualValues) {
     WriteSetting("Options", "k", "v");
     const win::FileHandle reader(CreateFileA(tests::ScratchIniPath().c_str(), GENERIC_READ,
                                              FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
     const ULONGLONG start = GetTickCount64();
     WriteSetting("Options", "k", "v");
-    EXPECT_LT(GetTickCount64() - start, 300u);  // replacing it is tried for half a second
+    EXPECT_LT(GetTickCount64() - start, 300u);  // replacing would be retried for half a second
 }
 
-TEST_F(Store, WaitsForAHeldIniFileAndNeverWritesOverIt) {
+TEST_F(Store, WaitsForALockedIniFileAndNeverOverwritesIt) {
     WriteSetting("Misc", "Runs", "7");
     EXPECT_EQ(ReadSetting("Misc", "Runs"), "7");
     held = tests::HoldFile(tests::ScratchIniPath());
-    SetTimer(nullptr, 0, 300, LetGo);
+    SetTimer(nullptr, 0, 300, Unlock);
     EXPECT_EQ(ReadSetting("Misc", "Never written"), "");
     EXPECT_FALSE(held) << "read without waiting";
 
@@ -157,7 +150,7 @@ TEST_F(Store, WaitsForAHeldIniFileAndNeverWritesOverIt) {
     EXPECT_EQ(ReadSetting("Misc", "Other"), "8");
 }
 
-TEST_F(Store, ReadsTextsWithVariablesFromTheRegistry) {
+TEST_F(Store, ExpandsVariablesInRegistryValues) {
     Use(kUseRegistryStore);
     WriteSetting("Options", "k", "v");
     RegistrySetValue(kCurrentUser, "Software\\VB and VBA Program Settings\\Skyvane Alerts\\Options",
@@ -167,7 +160,7 @@ TEST_F(Store, ReadsTextsWithVariablesFromTheRegistry) {
     EXPECT_EQ(ReadSection("Options")->at("icon"), expanded);
 }
 
-TEST_F(Store, WalksRegistryValues) {
+TEST_F(Store, WritesFindsAndDeletesRegistryValues) {
     const std::string key = "Software\\SkyvaneAlertsTest";
     EXPECT_EQ(RegistryReadValue(kCurrentUser, key, "Name"), "");
     RegistrySetValue(kCurrentUser, key, "Name", "data", kRegistryText);

@@ -5,7 +5,7 @@
 namespace win {
 namespace {
 
-TEST(CommandLineRules, FollowsTheProgramName) {
+TEST(CommandLine, ReturnsTheTextAfterTheProgramName) {
     const struct {
         const char* line;
         const char* argument;

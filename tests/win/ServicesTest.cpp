@@ -15,7 +15,7 @@ void CALLBACK CountTick(HWND, UINT, UINT_PTR, DWORD) {
     ++ticks;
 }
 
-TEST_F(ServicesTest, MakesAndClearsTemporaryFiles) {
+TEST_F(ServicesTest, CreatesAndDeletesTemporaryFiles) {
     const std::string kept = MakeTempFileName("SVL");
     const std::string name = MakeTempFileName("SVAxyz");
     ASSERT_TRUE(FileExists(name));
@@ -28,7 +28,7 @@ TEST_F(ServicesTest, MakesAndClearsTemporaryFiles) {
     DeleteFileQuietly(kept);
 }
 
-TEST_F(ServicesTest, ReplacesFilesWholeOrNotAtAll) {
+TEST_F(ServicesTest, WritesFilesAtomically) {
     const std::string path = WriteScratchFile("old");
     EXPECT_TRUE(WriteFileAtomically(path, "new"));
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
@@ -42,35 +42,22 @@ TEST_F(ServicesTest, ReplacesFilesWholeOrNotAtAll) {
         EXPECT_EQ(ReadWholeFile(path + "2"), text);
     }
     DeleteFileQuietly(path + "2");
-    EXPECT_EQ(FindFileNames(path + "*").size(), 1u);  // nothing is left beside it
+    EXPECT_EQ(FindFileNames(path + "*").size(), 1u);  // no temporary file is left
 }
 
-TEST_F(ServicesTest, CopiesAndDeletesFolders) {
-    const std::string root = settings::State().dataFolder;
-    MakeFolder(root + "\\a");
-    MakeFolder(root + "\\a\\b");
-    ASSERT_TRUE(WriteFileAtomically(root + "\\a\\b\\f.txt", "1"));
-    SetFileAttributesA((root + "\\a\\b\\f.txt").c_str(), FILE_ATTRIBUTE_READONLY);
-    CopyFolder(root + "\\a", root + "\\c");
-    EXPECT_TRUE(WriteFileAtomically(root + "\\c\\b\\f.txt", "2"));
-    DeleteFolder(root + "\\a");
-    EXPECT_FALSE(FolderExists(root + "\\a"));
-    EXPECT_TRUE(FolderExists(root + "\\c\\b"));
-}
-
-TEST_F(ServicesTest, PausesLetMessagesRun) {
+TEST_F(ServicesTest, PausesHandleMessages) {
     ticks = 0;
     const UINT_PTR timer = SetTimer(nullptr, 0, 10, CountTick);
     PauseTicks(0);
     PauseTicks(-5);
-    PauseTicks(32767);  // ten times the count leaves 16 bits
+    PauseTicks(32767);  // ten times the count exceeds 16 bits
     EXPECT_EQ(ticks, 0);
     PauseTicks(10);
     KillTimer(nullptr, timer);
     EXPECT_GT(ticks, 0);
 }
 
-TEST_F(ServicesTest, WritesDatesThatItCanRead) {
+TEST_F(ServicesTest, ReadsItsOwnDates) {
     EXPECT_EQ(ShortDateIfToday(GeneralDateNow()), ShortDateToday());
     EXPECT_EQ(ShortDateIfToday("no date"), "");
     EXPECT_NE(ShortDateIfToday("1/2/2008 4:12:10 PM"), ShortDateToday());

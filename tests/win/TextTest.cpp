@@ -5,12 +5,12 @@
 namespace win {
 namespace {
 
-TEST(TextRules, CountsAndCutsByCharacterInUtf8AndByByteElsewhere) {
+TEST(Text, CountsCodePointsInUtf8AndBytesElsewhere) {
     struct Case {
         std::string_view text;
         std::size_t count;
         std::string_view firstTwo;
-        std::string_view behindTwo;
+        std::string_view afterTwo;
     };
     const Case cases[] = {
         {"", 0, "", ""},
@@ -19,17 +19,17 @@ TEST(TextRules, CountsAndCutsByCharacterInUtf8AndByByteElsewhere) {
         {"Łódź", 4, "Łó", "dź"},
         {"\xF0\x9F\x8C\xAA!?", 3, "\xF0\x9F\x8C\xAA!", "?"},
         {"\xE9t\xE9", 3, "\xE9t", "\xE9"},        // a single-byte code page
-        {"\xC0\xAF/x", 4, "\xC0\xAF", "/x"},      // overlong: no UTF-8
+        {"\xC0\xAF/x", 4, "\xC0\xAF", "/x"},      // overlong: invalid UTF-8
         {"\xED\xA0\x80", 3, "\xED\xA0", "\x80"},  // half of a surrogate pair
     };
     for (const Case& c : cases) {
         EXPECT_EQ(CountChars(c.text), c.count) << c.text;
         EXPECT_EQ(FirstChars(c.text, 2), c.firstTwo) << c.text;
-        EXPECT_EQ(WithoutFirstChars(c.text, 2), c.behindTwo) << c.text;
+        EXPECT_EQ(WithoutFirstChars(c.text, 2), c.afterTwo) << c.text;
     }
 }
 
-TEST(TextRules, NeverCutsACharacterInTwoToFitBytes) {
+TEST(Text, FitsWholeCharactersIntoBytes) {
     EXPECT_EQ(FitBytes("abc", 3), "abc");
     EXPECT_EQ(FitBytes("abcd", 3), "abc");
     EXPECT_EQ(FitBytes("aŁb", 2), "a");
@@ -37,7 +37,7 @@ TEST(TextRules, NeverCutsACharacterInTwoToFitBytes) {
     EXPECT_EQ(FitBytes("\xE9\xE9", 1), "\xE9");
 }
 
-TEST(TextRules, ReadsTheNumberThatATextBeginsWith) {
+TEST(Text, ReadsTheLeadingNumber) {
     struct Case {
         std::string_view text;
         double number;
@@ -54,14 +54,14 @@ TEST(TextRules, ReadsTheNumberThatATextBeginsWith) {
     EXPECT_GT(LeadingNumber(std::string(400, '9')), 1e300);
 }
 
-TEST(TextRules, KnowsANumberFromEndToEnd) {
+TEST(Text, RecognizesNumericText) {
     for (const char* text : {"90210", " 02134 ", "-5", "1.5", ".5", "5."})
         EXPECT_TRUE(IsNumeric(text)) << text;
     for (const char* text : {"", " ", ".", "-", "1.2.3", "12a", "1 2", "New York"})
         EXPECT_FALSE(IsNumeric(text)) << text;
 }
 
-TEST(TextRules, SplitsAndJoins) {
+TEST(Text, SplitsJoinsAndReplaces) {
     using Pieces = std::vector<std::string>;
     EXPECT_EQ(Split("", "|||||"), Pieces{});
     EXPECT_EQ(Split("a|b|||||c", "|||||"), (Pieces{"a|b", "c"}));
