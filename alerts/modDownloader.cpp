@@ -6,10 +6,10 @@
 #include "settings/ProgramState.h"
 #include "win/Files.h"
 #include "win/MessageLoop.h"
+#include "win/NeverDestroyed.h"
 #include "win/Text.h"
 #include "win/modRandomFile.h"
 #include "win/modTimeout.h"
-#include "win/NeverDestroyed.h"
 
 namespace alerts {
 namespace {

@@ -5,8 +5,8 @@
 #include "tray/TrayCommands.h"
 #include "tray/frmTray.h"
 #include "win/CommandLine.h"
-#include "win/Process.h"
 #include "win/NeverDestroyed.h"
+#include "win/Process.h"
 
 namespace {
 

@@ -11,7 +11,6 @@
 #include "settings/ProgramState.h"
 #include "stations/StationLine.h"
 #include "stations/StationList.h"
-#include "tray/AlertMenu.h"
 #include "tray/OptionsDialog.h"
 #include "tray/RetrieveAlerts.h"
 #include "tray/TrayWindow.h"
