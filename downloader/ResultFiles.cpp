@@ -70,7 +70,7 @@ bool RetryForParent(Attempt attempt) {
 }
 
 // Retries because a virus scanner may hold the file for a moment. The file must not remain: the
-// version check looks at nothing else.
+// version check does not look at the status.
 void DeleteDataFile() {
     for (int tries = 0; tries < kTriesToDelete; ++tries) {
         win::DeleteFileQuietly(dataFile);

@@ -3,8 +3,7 @@
 #include <string>
 #include <string_view>
 
-// A streaming JSON reader: a large document is never held as a tree, and deep nesting costs
-// nothing.
+// A streaming JSON reader: it builds no tree of a large document and bounds the nesting.
 namespace feed {
 
 // A value, or the begin or end of an object or array. `path` is its position: the keys that lead to

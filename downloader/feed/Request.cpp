@@ -57,7 +57,8 @@ std::optional<std::string_view> ValueOf(std::string_view query, std::string_view
     return std::nullopt;
 }
 
-// Parses the query into `request`; returns false when it asks for nothing known.
+// Parses the query into `request`; returns false when its type is unknown or its
+// value is missing.
 bool ParseQuery(std::string_view query, Request& request) {
     using Kind = Request::Kind;
     struct Form {

@@ -20,7 +20,7 @@ http::Response Failure(int status) {
     return {status, {}, {}};
 }
 
-// Returns a document as a response; nullopt stands for an unusable answer.
+// Returns a document as a response, or kUnusableAnswer for nullopt.
 http::Response Success(std::optional<std::string> document) {
     if (!document) return Failure(http::kUnusableAnswer);
     return {http::kSuccess, *std::move(document), {}};

@@ -4,8 +4,6 @@ import contextlib
 import gzip
 import os
 import resource
-import socket
-import struct
 import subprocess
 import time
 
@@ -14,7 +12,7 @@ import pytest
 from downloader_run import (XML, assert_failed, bytes_of, downloader,  # noqa: F401 (fixtures)
                             serve, stored_login, text_of)
 from harness import hold, processes_in, stays, wait_until
-from loopback import Held, answer, chunked, redirect
+from loopback import answer, chunked, redirect
 from stores import windows_path
 
 BODY_LIMIT = 16 * 1024 * 1024
@@ -26,12 +24,6 @@ def trickle(connection):
         for _ in range(1000):
             connection.sendall(b"x")
             time.sleep(0.1)
-
-
-def reset(connection):
-    connection.sendall(answer(200, b"half", "Content-Length: 8"))
-    connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
-    connection.close()
 
 
 BIG = bytes(range(256)) * (BODY_LIMIT // 256)
@@ -55,11 +47,6 @@ def test_body_arrives_whole(serve, downloader, reply, body):
     pytest.param(answer(302, b"moved"), 302, id="redirect without location"),
     pytest.param(answer(407, b"", 'Proxy-Authenticate: Basic realm="x"'), 407, id="407 without a proxy"),
     pytest.param(answer(200, b"half", "Content-Length: 8"), 1007, id="truncated"),
-    # A reset may overtake the data sent before it, so that the body or even the headers are lost.
-    pytest.param(reset, (1007, 110054, 12030), id="connection reset"),
-    # Wine's WinHTTP treats an invalid chunk as the last one, so that only an empty body shows the fault.
-    pytest.param(answer(200, b"F" * 40 + b"\r\nhalf", "Transfer-Encoding: chunked"), (1007, 1018, 12152),
-                 id="incomplete chunk"),
     pytest.param(answer(200, XML, "Content-Length: abc"), 12152, id="invalid length"),
     pytest.param(answer(200), 1018, id="empty"),
     pytest.param(answer(200, b"\xef\xbb\xbf \r\n\t"), 1018, id="blank"),
@@ -73,7 +60,7 @@ def test_body_arrives_whole(serve, downloader, reply, body):
 def test_bad_answer_has_its_status_and_leaves_no_data(serve, downloader, reply, status):
     (downloader.folder / "Tester.ini").write_text(stored_login("hail", "storm"))
     server = serve({"/feed": reply})
-    assert_failed(downloader.fetch(server.url("/feed")), *(status if isinstance(status, tuple) else [status]))
+    assert_failed(downloader.fetch(server.url("/feed")), status)
     assert not any("authorization" in head.lower() for head in server.heads)
 
 
@@ -124,20 +111,14 @@ def test_url_that_cannot_be_fetched(downloader, url, status):
 
 def test_overall_limit_ends_an_endless_response(serve, downloader):
     downloader.environment["SKYVANE_DL_SECONDS"] = "2"
-    outcome = downloader.fetch(serve({"/feed": trickle}).url("/feed"))
-    assert_failed(outcome, 1005)
-    assert 2 <= outcome.seconds < 6
-
-
-def test_files_are_empty_during_the_fetch(serve, downloader):
-    held = Held(answer(200, XML))
-    process = downloader.begin(serve({"/feed": held}).url("/feed"))
-    assert held.asked.wait(15)
-    during = bytes_of(downloader.status_file), bytes_of(downloader.data_file)
-    held.gate.set()
-    assert process.wait(30) == 0
-    assert during == (b"", b"")
-    assert (text_of(downloader.status_file), bytes_of(downloader.data_file)) == ("0", XML)
+    server = serve({"/feed": trickle})
+    began = time.monotonic()
+    process = downloader.begin(server.url("/feed"))
+    wait_until(lambda: server.heads, "the request")
+    assert (text_of(downloader.status_file), bytes_of(downloader.data_file)) == ("", b"")
+    assert process.wait(30) == 1005 % 256
+    assert 2 <= time.monotonic() - began < 6
+    assert (text_of(downloader.status_file), bytes_of(downloader.data_file)) == ("1005", None)
 
 
 def test_files_that_cannot_be_written(serve, downloader):

@@ -22,16 +22,16 @@ BLOCK_PAGE = answer(200, b"<HTML><BODY>Access Denied Reference #18.2d351ab8</BOD
 def service(temp_folder):
     for file in temp_folder.glob("SkyvaneAlerts.*.cache"):
         file.unlink()
-    made = WeatherService()
-    yield made
-    made.close()
+    weather = WeatherService()
+    yield weather
+    weather.close()
 
 
 @pytest.fixture
 def downloader(tmp_path):
-    made = Downloader(tmp_path)
-    shutil.copy(pathlib.Path(os.environ["PRODUCT_DIR"]) / "places.dat", made.folder)
-    return made
+    copy = Downloader(tmp_path)
+    shutil.copy(pathlib.Path(os.environ["PRODUCT_DIR"]) / "places.dat", copy.folder)
+    return copy
 
 
 def attributes(outcome, name):

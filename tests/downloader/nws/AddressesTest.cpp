@@ -7,13 +7,6 @@
 namespace nws {
 namespace {
 
-TEST(Addresses, NameThePlace) {
-    const feed::Place place{"62701", "Springfield", "Illinois", 401234, -891000};
-    EXPECT_EQ(AlertsAddress("https://h", place),
-              "https://h/alerts/active?status=actual&point=40.1234,-89.1");
-    EXPECT_EQ(PointAddress("https://h", place), "https://h/points/40.1234,-89.1");
-}
-
 TEST(StationsAddress, StaysOnTheOrigin) {
     EXPECT_EQ(StationsAddress("o", Recorded("point-nyc.json")), "o/gridpoints/OKX/33,35/stations");
     EXPECT_FALSE(StationsAddress("o", Recorded("problem-outside-us.json")));
