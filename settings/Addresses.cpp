@@ -14,14 +14,12 @@ std::string Host(const char* key, const char* defaultHost) {
 }
 
 std::string FeedRequest(std::string_view query) {
-    return FeedHost().append("GetXml.aspx?partnerid=7e3a90d4").append(query);
+    return Host("Feed", "nws://api.weather.gov/")  // ends in "/"
+        .append("GetXml.aspx?partnerid=7e3a90d4")
+        .append(query);
 }
 
 }  // namespace
-
-std::string FeedHost() {
-    return Host("Feed", "nws://api.weather.gov/");
-}
 
 std::string WeatherHost() {
     return Host("Weather", "https://www.weatherbug.com");

@@ -6,38 +6,35 @@
 // settings store, so that an administrator, a test or a demonstration can redirect them.
 namespace settings {
 
-// The feed; ends in "/".
-std::string FeedHost();
-
-// The weather web site, without a final "/".
+// Returns the weather web site, without a final "/".
 std::string WeatherHost();
 
-// The maker's web site, without a final "/"; also its home page.
+// Returns the maker's web site, without a final "/"; also its home page.
 std::string MakerHost();
 
-// The maker's e-mail address.
+// Returns the maker's e-mail address.
 std::string MakerMail();
 
-// Feed requests. Codes are inserted unchanged; spaces in a name are escaped.
+// Return the feed requests. Codes are inserted unchanged; spaces in a name are escaped.
 std::string AlertsRequest(std::string_view code);
 std::string LocationsRequest(std::string_view name);
 std::string StationsRequest(std::string_view code, bool byZipCode);
 
-// Pages of the weather web site: the alerts of a station, its weather, the national map (centred on
-// the station's code unless that is empty), and the home page.
+// Return pages of the weather web site: the alerts of a station, its weather, the national map
+// (centred on the station's code unless that is empty), and the home page.
 std::string AlertPage(std::string_view code);
 std::string StationPage(std::string_view code);
 std::string NationalMapPage(std::string_view code);
 std::string WeatherHomePage();
 
-// Pages and files of the maker's web site.
+// Return pages and files of the maker's web site.
 std::string SupportForumPage();
 std::string BugReportPage();
 std::string DonationPage();
 std::string DownloadPage();
 std::string VersionFile();
 
-// The click action that opens the maker's web site, as it is stored and shown.
+// Returns the click action that opens the maker's web site, as it is stored and shown.
 std::string VisitMakerAction();
 
 }  // namespace settings

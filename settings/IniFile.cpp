@@ -12,12 +12,10 @@
 namespace settings {
 namespace {
 
-constexpr ULONGLONG kStartPatience = 30'000;  // milliseconds
-constexpr ULONGLONG kLaterPatience = 3'000;
-ULONGLONG patienceLeft = kStartPatience;
+constexpr ULONGLONG kFirstWaitLimit = 30'000;  // milliseconds
+constexpr ULONGLONG kWaitLimit = 3'000;
+ULONGLONG waitLeft = kFirstWaitLimit;
 bool wasRead = false;
-
-enum class Wait { RunMessages, Sleep, None };
 
 // The file, opened for reading so that no other program can lock it meanwhile.
 struct OpenedIni {
@@ -39,34 +37,33 @@ OpenedIni Open(const std::string& path) {
     return file;
 }
 
-OpenedIni OpenPatiently(const std::string& path, Wait wait) {
+OpenedIni OpenOrWait(const std::string& path, Wait wait) {
     constexpr DWORD kPause = 20;
     for (;;) {
         OpenedIni file = Open(path);
         if (file.IsReadable()) {
             wasRead = true;
-            patienceLeft = kLaterPatience;
+            waitLeft = kWaitLimit;
         }
-        if (file.IsReadable() || wait == Wait::None || patienceLeft == 0) return file;
+        if (file.IsReadable() || wait == Wait::None || waitLeft == 0) return file;
         const ULONGLONG start = GetTickCount64();
-        if (wait == Wait::RunMessages)
+        if (wait == Wait::HandleMessages)
             win::PumpOrWait(kPause);
         else
             Sleep(kPause);
-        if (!file.inUse || wasRead)
-            patienceLeft -= std::min(patienceLeft, GetTickCount64() - start);
+        if (!file.inUse || wasRead) waitLeft -= std::min(waitLeft, GetTickCount64() - start);
     }
 }
 
 enum class Form { PlainText, OtherEncoding, Unreadable };
 
-struct IniText {
+struct Contents {
     Form form;
     std::string text = {};
 };
 
-IniText ReadIniText(const std::string& path, Wait wait) {
-    const OpenedIni file = OpenPatiently(path, wait);
+Contents ReadContents(const std::string& path, Wait wait) {
+    const OpenedIni file = OpenOrWait(path, wait);
     if (file.missing) return {Form::PlainText};
     // The file holds up to 32,767 alerts.
     constexpr std::uint64_t kSizeLimit = 256u << 20;
@@ -99,9 +96,8 @@ std::string ReadSectionBySystem(const std::string& path, std::string_view sectio
 }  // namespace
 
 std::optional<std::string> ReadIniValue(const std::string& path, std::string_view section,
-                                        std::string_view key, Patience patience) {
-    const OpenedIni file =
-        OpenPatiently(path, patience == Patience::Wait ? Wait::RunMessages : Wait::None);
+                                        std::string_view key, Wait wait) {
+    const OpenedIni file = OpenOrWait(path, wait);
     if (!file.IsReadable()) return std::nullopt;
     constexpr std::size_t kLongestCharacter = 4;
     char buffer[kIniValueLimit * kLongestCharacter + 1] = {};
@@ -112,14 +108,14 @@ std::optional<std::string> ReadIniValue(const std::string& path, std::string_vie
 }
 
 std::optional<KeyValues> ReadIniFileSection(const std::string& path, std::string_view section) {
-    const IniText file = ReadIniText(path, Wait::RunMessages);
+    const Contents file = ReadContents(path, Wait::HandleMessages);
     if (file.form == Form::Unreadable) return std::nullopt;
     return ReadIniSection(
         file.form == Form::PlainText ? file.text : ReadSectionBySystem(path, section), section);
 }
 
 bool WriteIniValues(const std::string& path, std::string_view section, const KeyValues& values) {
-    const IniText file = ReadIniText(path, Wait::Sleep);
+    const Contents file = ReadContents(path, Wait::Sleep);
     if (file.form == Form::PlainText) {
         const std::string merged = MergeIniSection(file.text, section, values);
         return merged == file.text || win::WriteFileAtomically(path, merged);

@@ -10,13 +10,13 @@
 // unreadable for another reason. After the first success, readers wait 3 s in all until the next.
 namespace settings {
 
-// Whether a reader waits for an unreadable file.
-enum class Patience { Wait, None };
+// How a reader waits for an unreadable file.
+enum class Wait { HandleMessages, Sleep, None };
 
-// Reads one value by the system's profile functions; handles messages while it waits. Returns the
-// empty text if the value, section or file is missing, nullopt if the file cannot be read.
+// Reads one value by the system's profile functions. Returns the empty text if the value, section
+// or file is missing, nullopt if the file cannot be read.
 std::optional<std::string> ReadIniValue(const std::string& path, std::string_view section,
-                                        std::string_view key, Patience patience);
+                                        std::string_view key, Wait wait);
 
 // Reads all values of a section; handles messages while it waits. Returns none if the section or
 // file is missing, nullopt if the file cannot be read.

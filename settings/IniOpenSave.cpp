@@ -82,7 +82,7 @@ std::optional<std::string> TryReadSetting(std::string_view section, std::string_
     const std::string name = FullName(section, key);
     const auto known = lastKnown.find(name);
     auto value = ReadIniValue(DefaultIniPath(), section, win::ToLower(key),
-                              known == lastKnown.end() ? Patience::Wait : Patience::None);
+                              known == lastKnown.end() ? Wait::HandleMessages : Wait::None);
     if (value) {
         unread.erase(name);
         lastKnown.insert_or_assign(name, *value);
@@ -170,7 +170,7 @@ std::size_t LongestValue() {
 
 std::string IniReadValue(std::string_view section, std::string& key, const std::string& file) {
     key = win::ToLower(key);
-    return ReadIniValue(file.empty() ? DefaultIniPath() : file, section, key, Patience::Wait)
+    return ReadIniValue(file.empty() ? DefaultIniPath() : file, section, key, Wait::HandleMessages)
         .value_or(std::string());
 }
 

@@ -22,7 +22,7 @@ extern std::string& IniUserName;
 
 // Returns the value, or the empty text if there is none or the store cannot be read. An INI value
 // has at most 749 characters. While another program locks the INI file, a setting keeps its last
-// known value; the first read of a setting waits for the file and lets messages run meanwhile.
+// known value; the first read of a setting waits for the file and handles messages meanwhile.
 std::string ReadSetting(std::string_view section, std::string_view key);
 
 // The same, but `defaultValue` instead of the empty text.
@@ -31,8 +31,8 @@ std::string ReadSetting(const Setting& setting, std::string_view defaultValue = 
 // Whether the value is "True"; any other text, and no value, is false.
 bool ReadFlag(const Setting& setting);
 
-// The same, but nullopt if the store cannot be read, for callers that must tell an absent value
-// from an unreadable one.
+// The same, but nullopt if the store cannot be read, for callers that must distinguish a missing
+// value from an unreadable one.
 std::optional<std::string> TryReadSetting(std::string_view section, std::string_view key);
 std::optional<std::string> TryReadSetting(const Setting& setting);
 

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
-// The form of a station line, the text that stands for one watched station: the display text, 100
-// spaces that push the rest out of sight in list controls, then four hidden fields joined by "***".
-// No other file knows this form.
+// The format of a station line, which represents one watched station: the display text, 100 spaces
+// that push the rest out of sight in list controls, and four hidden fields joined by "***". No
+// other file depends on this format.
 namespace stations {
 
 struct HiddenFields {
@@ -28,8 +28,8 @@ std::string_view DisplayText(std::string_view line);
 // hidden fields.
 std::optional<std::string> StationCode(std::string_view line);
 
-// Returns what stands between the first and the second "***" of the whole line, as the national map
-// reads it; empty if there is none.
+// Returns the text between the first and the second "***" of the whole line, which the national map
+// takes as the code; empty if there is none.
 std::string CodeForNationalMap(std::string_view line);
 
 // Returns the display text of the first line with this station code; empty when there is none.

@@ -116,7 +116,7 @@ bool WriteFileAtomically(const std::string& path, std::string_view text) {
         return MoveFileExA(newPath.c_str(), path.c_str(),
                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
     };
-    // Half a second: what is not written is lost.
+    // Half a second, because a failed write loses data.
     constexpr int kRetries = 50;
     if (WriteNewFile(newPath, text) && RetryWhileLocked(replace, kRetries)) return true;
     DeleteFileA(newPath.c_str());
@@ -152,7 +152,7 @@ void MakeFolder(const std::string& path) {
 }
 
 static void CopyOneFile(const std::string& from, const std::string& to) {
-    // A copy made from read-only media must stay replaceable.
+    // A copy of a read-only file must be replaceable.
     if (CopyFileA(from.c_str(), to.c_str(), FALSE))
         SetFileAttributesA(to.c_str(), FILE_ATTRIBUTE_NORMAL);
 }

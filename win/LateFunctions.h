@@ -16,8 +16,8 @@ namespace win {
 // Returns a function of a system library and loads the library if needed. The process ends when the
 // library or the function is missing, as it would for an ordinary import.
 inline void* FindLateFunction(const char* library, const char* name) {
-    // The library's bare name lets the manifest choose its version (comctl32). The handle stays
-    // open, as an import's does.
+    // Without a path, the manifest chooses the library's version (comctl32). The library stays
+    // loaded.
     const HMODULE module = LoadLibraryExA(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     void* const function = reinterpret_cast<void*>(module ? GetProcAddress(module, name) : nullptr);
     if (!function) std::terminate();

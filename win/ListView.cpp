@@ -81,7 +81,7 @@ void SelectListRow(HWND list, int row) {
 void FitListColumns(HWND list) {
     const int count = CountColumns(list);
     const WithoutRedraw pause(list);
-    // LVSCW_AUTOSIZE_USEHEADER gives the last column the remaining width, even if its text needs
+    // LVSCW_AUTOSIZE_USEHEADER sets the last column to the remaining width, even if its text needs
     // more. With a temporary column after it, it is not the last.
     AddListColumn(list, "", 0);
     for (int i = 0; i < count; ++i)

@@ -33,14 +33,6 @@ void PumpPendingMessages() {
     DispatchPending();
 }
 
-void PumpNowAndThen() {
-    constexpr DWORD kMilliseconds = 15;
-    static DWORD last = 0;
-    if (GetTickCount() - last < kMilliseconds) return;
-    PumpPendingMessages();
-    last = GetTickCount();
-}
-
 void PumpOrWait(DWORD milliseconds, HANDLE other) {
     MsgWaitForMultipleObjectsEx(other ? 1 : 0, &other, milliseconds, QS_ALLINPUT,
                                 MWMO_INPUTAVAILABLE);

@@ -12,10 +12,6 @@ bool IsForDialog(MSG& message);
 // that Tab, Enter and Esc work while a handler waits.
 void PumpPendingMessages();
 
-// PumpPendingMessages, at most once in 15 ms: for loops with steps cheaper than a look at the
-// queue.
-void PumpNowAndThen();
-
 // Like PumpPendingMessages, but with an empty queue it first sleeps until a message comes, `other`
 // (which may be null) is signalled, or `milliseconds` have passed.
 void PumpOrWait(DWORD milliseconds, HANDLE other = nullptr);
