@@ -9,11 +9,11 @@
 #include <string>
 
 #include "bench/Stopwatch.h"
+#include "search/resource.h"
 #include "search/SearchFeed.h"
 #include "search/SearchForm.h"
 #include "search/SearchMap.h"
 #include "search/StationRows.h"
-#include "search/resource.h"
 #include "settings/ProgramState.h"
 #include "win/Files.h"
 #include "win/LateFunctions.h"

@@ -6,12 +6,12 @@
 #include <set>
 
 #include "settings/IniFile.h"
-#include "settings/Product.h"
 #include "settings/modRegistry.h"
-#include "win/Files.h"
-#include "win/Process.h"
-#include "win/NeverDestroyed.h"
+#include "settings/Product.h"
 #include "win/CodePage.h"
+#include "win/Files.h"
+#include "win/NeverDestroyed.h"
+#include "win/Process.h"
 #include "win/Text.h"
 
 namespace settings {

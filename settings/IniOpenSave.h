@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "settings/SettingKeys.h"
 #include "settings/KeyValues.h"
+#include "settings/SettingKeys.h"
 
 // The settings store: text values by section and key, either in a per-user INI file in the program
 // folder or in the registry. The choice is made once, at start; callers do not depend on it.

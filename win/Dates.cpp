@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "win/LateFunctions.h"
 #include "win/CodePage.h"
+#include "win/LateFunctions.h"
 #include "win/Text.h"
 
 namespace win {

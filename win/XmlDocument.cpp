@@ -1,9 +1,9 @@
 #include "win/XmlDocument.h"
 
+#include "win/CodePage.h"
 #include "win/Com.h"
 #include "win/Files.h"
 #include "win/MessageLoop.h"
-#include "win/CodePage.h"
 #include "win/XmlGuard.h"
 
 namespace win {

@@ -9,11 +9,11 @@
 #include "options/frmOptions.h"
 #include "options/resource.h"
 #include "tests/ScratchStore.h"
+#include "tray/frmTray.h"
 #include "tray/MinuteClock.h"
 #include "tray/TrayWindow.h"
-#include "tray/frmTray.h"
-#include "win/ListItems.h"
 #include "win/Dialog.h"
+#include "win/ListItems.h"
 #include "win/MessageLoop.h"
 
 // Works the Options dialog from inside its process.

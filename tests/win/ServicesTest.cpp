@@ -3,7 +3,9 @@
 
 #include "tests/ScratchStore.h"
 #include "win/Dates.h"
+#include "win/LateFunctions.h"
 #include "win/modTimeout.h"
+#include "win/Text.h"
 
 namespace win {
 namespace {
@@ -61,6 +63,17 @@ TEST_F(ServicesTest, ReadsItsOwnDates) {
     EXPECT_EQ(ShortDateIfToday(GeneralDateNow()), ShortDateToday());
     EXPECT_EQ(ShortDateIfToday("no date"), "");
     EXPECT_NE(ShortDateIfToday("1/2/2008 4:12:10 PM"), ShortDateToday());
+}
+
+// Only a load that honours the program's manifest finds the version with visual styles.
+TEST_F(ServicesTest, LoadsTheCommonControlsOfTheManifest) {
+    FindLateFunction("comctl32.dll", "ImageList_Create");
+    char path[MAX_PATH] = {};
+    GetModuleFileNameA(GetModuleHandleA("comctl32.dll"), path, sizeof path);
+    EXPECT_TRUE(AsciiLower(path).find(
+                    "\\winsxs\\x86_microsoft.windows.common-controls_6595b64144ccf1df_6.0.") !=
+                std::string::npos)
+        << path;
 }
 
 }  // namespace
