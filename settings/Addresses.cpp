@@ -33,6 +33,10 @@ std::string MakerMail() {
     return Host("MakerMail", "support@quillmark.example");
 }
 
+std::string MailLink(std::string_view address) {
+    return std::string("mailto:").append(address);
+}
+
 std::string AlertsRequest(std::string_view code) {
     return FeedRequest("&requesttype=6&ZipCode=").append(code);
 }

@@ -15,6 +15,9 @@ std::string MakerHost();
 // Returns the maker's e-mail address.
 std::string MakerMail();
 
+// Returns the link that opens a new message to an e-mail address.
+std::string MailLink(std::string_view address);
+
 // Return the feed requests. Codes are inserted unchanged; spaces in a name are escaped.
 std::string AlertsRequest(std::string_view code);
 std::string LocationsRequest(std::string_view name);

@@ -37,7 +37,7 @@ void OpenWeatherHome() {
 void FollowLink(UINT_PTR control) {
     if (control == frmAbout_Label3) win::OpenInBrowser(openBox, LinkText(frmAbout_Label3));
     if (control == frmAbout_Label4)
-        win::OpenInBrowser(openBox, "mailto:" + LinkText(frmAbout_Label4));
+        win::OpenInBrowser(openBox, settings::MailLink(LinkText(frmAbout_Label4)));
 }
 
 void Initialize(HWND dialog) {
