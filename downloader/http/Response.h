@@ -7,7 +7,7 @@
 // A response and the meaning of its status, headers and body.
 namespace http {
 
-inline constexpr std::size_t kBodyLimit = 16u * 1024 * 1024;  // bytes
+inline constexpr std::size_t kBodyLimit = std::size_t{16} * 1024 * 1024;  // bytes
 
 // A fetched body, or the status that explains why there is none.
 struct Response {
