@@ -35,16 +35,13 @@ void ShowPreview(HWND page, IconChoice& choice, win::Icon icon) {
     choice.shown = std::move(icon);
 }
 
-int PreviewSize() {
-    return GetSystemMetrics(SM_CXICON);
-}
-
 void LoadChoice(HWND page, IconChoice& choice) {
     choice.changed = false;
     choice.pending = ReadSetting(choice.setting);
     win::Icon icon;
-    if (win::FileExists(choice.pending)) icon = win::LoadIconFile(choice.pending, PreviewSize());
-    if (!icon) icon = win::LoadIconResource(choice.builtIn, PreviewSize());
+    if (win::FileExists(choice.pending))
+        icon = win::LoadIconFile(choice.pending, win::LargeIconSize());
+    if (!icon) icon = win::LoadIconResource(choice.builtIn, win::LargeIconSize());
     ShowPreview(page, choice, std::move(icon));
 }
 
@@ -60,12 +57,13 @@ void SelectIcon(HWND page, IconChoice& choice) {
         GetParent(page), {"Icon Files (*.ico)|*.ICO", "Select Icon", State().programFolder});
     if (path.empty()) return;
     // A file that holds no icon leaves the preview and the pending value as they were.
-    if (win::Icon icon = win::LoadIconFile(path, PreviewSize()))
+    if (win::Icon icon = win::LoadIconFile(path, win::LargeIconSize()))
         SetPending(page, choice, path, std::move(icon));
 }
 
 void ResetIcon(HWND page, IconChoice& choice) {
-    SetPending(page, choice, kDefaultIcon, win::LoadIconResource(choice.builtIn, PreviewSize()));
+    SetPending(page, choice, kDefaultIcon,
+               win::LoadIconResource(choice.builtIn, win::LargeIconSize()));
 }
 
 // Stores a changed choice and puts its picture in place of the tray's.

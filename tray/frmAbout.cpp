@@ -9,6 +9,7 @@
 #include "settings/Addresses.h"
 #include "tray/resource.h"
 #include "win/Dialog.h"
+#include "win/Images.h"
 #include "win/MessageLoop.h"
 #include "win/Shell.h"
 #include "win/Text.h"
@@ -44,12 +45,9 @@ void Initialize(HWND dialog) {
     openBox = dialog;
     ShowLink(frmAbout_Label3, settings::MakerHost());
     ShowLink(frmAbout_Label4, settings::MakerMail());
-    const HANDLE icon =
-        LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDI_PROGRAM), IMAGE_ICON,
-                   GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON), LR_SHARED);
+    const HANDLE icon = win::LoadSharedIcon(IDI_PROGRAM, win::LargeIconSize());
     SendDlgItemMessageA(dialog, frmAbout_Image1, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
-    const HANDLE logo = LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDB_WEATHERBUG),
-                                   IMAGE_BITMAP, 0, 0, LR_SHARED);
+    const HANDLE logo = win::LoadSharedBitmap(IDB_WEATHERBUG);
     SendDlgItemMessageA(dialog, frmAbout_Image2, BM_SETIMAGE, IMAGE_BITMAP,
                         reinterpret_cast<LPARAM>(logo));
 }

@@ -29,17 +29,12 @@ void EndModal(HWND dialog) {
 }
 
 static void PresentDialog(HWND dialog, int iconResource) {
-    const struct {
-        WPARAM kind;
-        int metric;
-    } sizes[] = {{ICON_BIG, SM_CXICON}, {ICON_SMALL, SM_CXSMICON}};
-    for (const auto& size : sizes) {
-        // The system owns shared icons.
-        const HANDLE icon =
-            LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(iconResource), IMAGE_ICON,
-                       GetSystemMetrics(size.metric), GetSystemMetrics(size.metric), LR_SHARED);
-        SendMessageA(dialog, WM_SETICON, size.kind, reinterpret_cast<LPARAM>(icon));
-    }
+    const auto setIcon = [&](WPARAM kind, int size) {
+        SendMessageA(dialog, WM_SETICON, kind,
+                     reinterpret_cast<LPARAM>(LoadSharedIcon(iconResource, size)));
+    };
+    setIcon(ICON_BIG, LargeIconSize());
+    setIcon(ICON_SMALL, SmallIconSize());
     ShowWindow(dialog, SW_SHOW);
     SetForegroundWindow(dialog);
 }

@@ -2,6 +2,11 @@
 
 namespace win {
 
+static HANDLE LoadResourceImage(int identifier, UINT type, int pixels, UINT flags) {
+    return LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(identifier), type, pixels, pixels,
+                      flags);
+}
+
 Icon LoadIconFile(const std::string& path, int pixels) {
     return Icon(static_cast<HICON>(
         LoadImageA(nullptr, path.c_str(), IMAGE_ICON, pixels, pixels, LR_LOADFROMFILE)));
@@ -9,8 +14,15 @@ Icon LoadIconFile(const std::string& path, int pixels) {
 
 Icon LoadIconResource(int identifier, int pixels) {
     return Icon(
-        static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(identifier),
-                                      IMAGE_ICON, pixels, pixels, LR_DEFAULTCOLOR)));
+        static_cast<HICON>(LoadResourceImage(identifier, IMAGE_ICON, pixels, LR_DEFAULTCOLOR)));
+}
+
+HANDLE LoadSharedIcon(int identifier, int pixels) {
+    return LoadResourceImage(identifier, IMAGE_ICON, pixels, LR_SHARED);
+}
+
+HANDLE LoadSharedBitmap(int identifier) {
+    return LoadResourceImage(identifier, IMAGE_BITMAP, 0, LR_SHARED);
 }
 
 ImageList LoadSmallIcons(std::initializer_list<int> identifiers) {
@@ -26,6 +38,10 @@ ImageList LoadSmallIcons(std::initializer_list<int> identifiers) {
 
 int SmallIconSize() {
     return GetSystemMetrics(SM_CXSMICON);
+}
+
+int LargeIconSize() {
+    return GetSystemMetrics(SM_CXICON);
 }
 
 }  // namespace win

@@ -13,6 +13,11 @@ Icon LoadIconFile(const std::string& path, int pixels);
 // Loads an icon of the program's resources at the given size in pixels.
 Icon LoadIconResource(int identifier, int pixels);
 
+// Load an icon at the given size, or a bitmap, of the program's resources. The system owns it and
+// shares it between all its users.
+HANDLE LoadSharedIcon(int identifier, int pixels);
+HANDLE LoadSharedBitmap(int identifier);
+
 struct ImageListTraits {
     using Type = HIMAGELIST;
     static Type Empty() { return nullptr; }
@@ -25,5 +30,8 @@ ImageList LoadSmallIcons(std::initializer_list<int> identifiers);
 
 // Returns the size of notification icons and of list icons in pixels.
 int SmallIconSize();
+
+// Returns the size of the icons of dialogs in pixels.
+int LargeIconSize();
 
 }  // namespace win
