@@ -18,7 +18,6 @@ set(portableSources
   downloader/nws/Messages.cpp
   downloader/nws/Stations.cpp
   downloader/nws/Vtec.cpp
-  options/OptionsRules.cpp
   search/LocationTable.cpp
   search/MapPage.cpp
   search/StationTable.cpp
