@@ -3,16 +3,18 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "downloader/feed/PlaceName.h"
 #include "win/Text.h"
 
 namespace feed {
 namespace {
 
-constexpr std::string_view kMagic = "SVPLACE1";
+constexpr std::string_view kMagic = "SVPLACE2";
 constexpr std::size_t kHeader = 24;
 constexpr std::size_t kStateSize = 8;   // code: 2, zeros: 2, name: 4
 constexpr std::size_t kPlaceSize = 8;   // name: 4, state: 1, its ZIP code: 3
-constexpr std::size_t kCodeSize = 16;   // ZIP code: 5, place: 3, latitude: 4, longitude: 4
+constexpr std::size_t kCodeSize = 17;   // ZIP code: 5, place: 3, coordinates: 4 each, reach: 1
+constexpr double kReachUnits = 4;       // in a kilometre
 constexpr std::size_t kCodeLength = 5;  // characters
 
 // Reads the little-endian number of `size` bytes at `at`; bytes beyond the end count as 0.
@@ -49,10 +51,12 @@ std::string_view StateName(const Gazetteer& gazetteer, std::size_t state) {
 Place PlaceOf(const Gazetteer& gazetteer, std::size_t code) {
     const std::string_view record = Record(gazetteer.codes, code, kCodeSize);
     const std::size_t place = NumberAt(record, kCodeLength, 3);
-    return {record.substr(0, kCodeLength), NameOf(gazetteer, place),
+    return {record.substr(0, kCodeLength),
+            NameOf(gazetteer, place),
             StateName(gazetteer, StateOf(gazetteer, place)),
             static_cast<std::int32_t>(NumberAt(record, 8, 4)),
-            static_cast<std::int32_t>(NumberAt(record, 12, 4))};
+            static_cast<std::int32_t>(NumberAt(record, 12, 4)),
+            NumberAt(record, 16, 1) / kReachUnits};
 }
 
 // Returns the first index for which `isBefore` is false, or `count` when there is none.
@@ -84,10 +88,9 @@ std::vector<bool> FindStates(const Gazetteer& gazetteer, std::string_view folded
     return found;
 }
 
-std::vector<Place> FindIn(const Gazetteer& gazetteer, std::string_view name, std::string_view state,
-                          std::size_t limit) {
+std::vector<Place> FindFolded(const Gazetteer& gazetteer, const std::string& folded,
+                              std::string_view state, std::size_t limit) {
     std::vector<Place> found;
-    const std::string folded = FoldName(name);
     if (folded.empty()) return found;
     const std::vector<bool> states = FindStates(gazetteer, FoldName(state));
     const std::size_t count = gazetteer.places.size() / kPlaceSize;
@@ -104,20 +107,12 @@ std::vector<Place> FindIn(const Gazetteer& gazetteer, std::string_view name, std
     return found;
 }
 
-// Returns the letter without its accent for the second UTF-8 byte of U+00C0 to U+00FF, or a space
-// when that character is not a letter.
-char BaseLetter(char second) {
-    constexpr std::string_view kLetters =
-        "aaaaaaaceeeeiiiidnooooo ouuuuy  aaaaaaaceeeeiiiidnooooo ouuuuy y";
-    return kLetters[static_cast<unsigned char>(second) & 0x3F];
-}
-
-// Returns the short spelling of words that have two spellings.
-std::string_view ShortWord(std::string_view word) {
-    if (word == "saint") return "st";
-    if (word == "sainte") return "ste";
-    if (word == "fort") return "ft";
-    return word == "mount" ? "mt" : word;
+std::vector<Place> FindIn(const Gazetteer& gazetteer, std::string_view name, std::string_view state,
+                          std::size_t limit) {
+    const std::string folded = FoldName(name);
+    std::vector<Place> found = FindFolded(gazetteer, folded, state, limit);
+    if (found.empty()) found = FindFolded(gazetteer, OtherName(folded), state, limit);
+    return found;
 }
 
 }  // namespace
@@ -159,27 +154,6 @@ std::vector<Place> FindPlaces(const Gazetteer& gazetteer, std::string_view text,
     if (const std::size_t space = text.rfind(' '); found.empty() && space != std::string_view::npos)
         return FindIn(gazetteer, text.substr(0, space), text.substr(space + 1), limit);
     return found;
-}
-
-std::string FoldName(std::string_view name) {
-    std::string plain;
-    for (std::size_t at = 0; at < name.size(); ++at) {
-        const char c = name[at];
-        if (c == '\xC3' && at + 1 < name.size()) {
-            plain += BaseLetter(name[++at]);
-        } else if (c == '-' || c == '\t') {
-            plain += ' ';
-        } else if (c != '.' && c != '\'') {
-            plain += c;
-        }
-    }
-    std::string folded;
-    for (const std::string& word : win::Split(win::AsciiLower(plain), " ")) {
-        if (word.empty()) continue;
-        if (!folded.empty()) folded += ' ';
-        folded += ShortWord(word);
-    }
-    return folded;
 }
 
 std::string FormatDegrees(int tenThousandths) {

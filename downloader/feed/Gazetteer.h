@@ -23,6 +23,7 @@ struct Place {
     std::string_view state;  // full name
     int latitude = 0;
     int longitude = 0;
+    double reach = 0;  // kilometres, 3 to 40: how far the ZIP code's area extends
 };
 
 // Opens a gazetteer. Returns nullopt when the bytes are not a complete one. Its contents are not
@@ -32,15 +33,12 @@ std::optional<Gazetteer> OpenGazetteer(std::string_view bytes);
 // Finds the place of a ZIP code, which may be a ZIP+4 code.
 std::optional<Place> FindZipCode(const Gazetteer& gazetteer, std::string_view zipCode);
 
-// Finds the places whose name is, or begins with, the text; exact matches come first. Each place is
-// returned once per state, with one of its ZIP codes. Case, accents and punctuation are ignored. A
-// state's code or the beginning of its name may follow a comma or, when nothing else is found, a
-// space. Returns at most `limit` places.
+// Finds the places whose name is, or begins with, the text; exact matches come first, and of
+// several places of one name the one with the most ZIP codes. Each place is returned once per
+// state, with one of its ZIP codes. Case, accents, spaces and punctuation are ignored. A state's
+// code or the beginning of its name may follow a comma or, when nothing else is found, a space.
+// "New York City" and "NYC" find New York. Returns at most `limit` places.
 std::vector<Place> FindPlaces(const Gazetteer& gazetteer, std::string_view text, std::size_t limit);
-
-// Returns a name in the form used to compare names: lower case, without accents and punctuation,
-// "Saint" as "st".
-std::string FoldName(std::string_view name);
 
 // Formats a coordinate in degrees without trailing zeros: "-74.006".
 std::string FormatDegrees(int tenThousandths);
