@@ -30,7 +30,7 @@ http::Response FetchFromSource(const std::string& url) {
     const std::string scheme = http::SchemeOf(url);
     for (const Source& source : kSources)
         if (scheme == source.scheme) return source.fetch(url);
-    return {http::kUnknownScheme, {}, {}};
+    return http::Failure(http::kUnknownScheme);
 }
 
 }  // namespace downloader

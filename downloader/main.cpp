@@ -5,6 +5,7 @@
 #include "downloader/Arguments.h"
 #include "downloader/ResultFiles.h"
 #include "downloader/Sources.h"
+#include "downloader/http/Fetch.h"
 #include "downloader/http/StatusCodes.h"
 #include "settings/IniOpenSave.h"
 #include "win/CommandLine.h"
@@ -35,7 +36,9 @@ int Run() {
         EndWith(status);
     EndQuietlyAfterCrashes();
     // The variable serves tests and users who prefer a shorter limit.
-    StartWatchdog(ParseTimeLimit(win::Environment("SKYVANE_DL_SECONDS")));
+    const int limit = ParseTimeLimit(win::Environment("SKYVANE_DL_SECONDS"));
+    StartWatchdog(limit);
+    http::StartRetryClock(limit);
     settings::ImportStoreChoice();
     const http::Response response = FetchFromSource(job->url);
     EndWith(response.status, response.body);

@@ -5,6 +5,7 @@
 
 #include "downloader/http/Internet.h"
 #include "downloader/http/Proxy.h"
+#include "downloader/http/Retry.h"
 #include "downloader/http/StatusCodes.h"
 #include "downloader/http/Url.h"
 #include "settings/Addresses.h"
@@ -15,10 +16,10 @@
 namespace http {
 namespace {
 
-constexpr int kConnectTimeout = 15'000;    // milliseconds; also for name resolution
-constexpr int kSilenceTimeout = 30'000;    // milliseconds without a byte sent or received
-constexpr DWORD kPauseBeforeRetry = 2000;  // milliseconds
+constexpr int kConnectTimeout = 15'000;  // milliseconds; also for name resolution
+constexpr int kSilenceTimeout = 30'000;  // milliseconds without a byte sent or received
 constexpr DWORD kTls12 = WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_2;
+constexpr DWORD kAutologonProxyOnly = 3;  // of newer systems; the cross compiler has no name for it
 constexpr DWORD kTls13 = WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_3;
 
 struct Address {
@@ -37,6 +38,12 @@ struct Exchange {
     bool viaProxy = false;
     bool decompresses = false;
 };
+
+// When the program started, and how long after that a request may still be repeated.
+struct RetryClock {
+    ULONGLONG start = 0;
+    std::int64_t latest = 0;  // milliseconds
+} retryClock;
 
 int LastStatus() {
     return StatusOfSystemError(GetLastError());
@@ -86,6 +93,8 @@ bool OpenSession(const Address& address, Exchange& exchange) {
     // Older systems lack TLS 1.3, and their defaults are below what most servers now accept.
     if (!SetNumber(session, WINHTTP_OPTION_SECURE_PROTOCOLS, kTls12 | kTls13))
         SetNumber(session, WINHTTP_OPTION_SECURE_PROTOCOLS, kTls12);
+    // A broken IPv6 path costs a moment instead of the connection; older systems cannot.
+    SetNumber(session, WINHTTP_OPTION_IPV6_FAST_FALLBACK, TRUE);
     return true;
 }
 
@@ -100,11 +109,13 @@ bool OpenRequest(const Address& address, const std::string& accept, Exchange& ex
         acceptTypes, WINHTTP_FLAG_ESCAPE_DISABLE | (address.isSecure ? WINHTTP_FLAG_SECURE : 0)));
     const HINTERNET request = exchange.request.Get();
     if (!request) return false;
-    // Redirects are followed by Fetch, which checks each of them. The Windows user's own login is
-    // never sent to a server.
+    // Redirects are followed by Fetch, which checks each of them. The Windows user's own login may
+    // go to a proxy, where the system can tell it from a server, but never to a server.
     if (!SetNumber(request, WINHTTP_OPTION_DISABLE_FEATURE,
                    WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_REDIRECTS) ||
-        !SetNumber(request, WINHTTP_OPTION_AUTOLOGON_POLICY, WINHTTP_AUTOLOGON_SECURITY_LEVEL_HIGH))
+        (!SetNumber(request, WINHTTP_OPTION_AUTOLOGON_POLICY, kAutologonProxyOnly) &&
+         !SetNumber(request, WINHTTP_OPTION_AUTOLOGON_POLICY,
+                    WINHTTP_AUTOLOGON_SECURITY_LEVEL_HIGH)))
         return false;
     exchange.decompresses =
         SetNumber(request, WINHTTP_OPTION_DECOMPRESSION, WINHTTP_DECOMPRESSION_FLAG_ALL);
@@ -135,6 +146,13 @@ std::string Header(HINTERNET request, DWORD header) {
         return {};
     text.resize(bytes / sizeof(wchar_t));
     return win::FromWide(text);
+}
+
+void ReadHeaders(HINTERNET request, Response& response) {
+    response.cacheControl = Header(request, WINHTTP_QUERY_CACHE_CONTROL);
+    response.date = Header(request, WINHTTP_QUERY_DATE);
+    response.age = Header(request, WINHTTP_QUERY_AGE);
+    response.retryAfter = Header(request, WINHTTP_QUERY_RETRY_AFTER);
 }
 
 int HttpStatus(HINTERNET request) {
@@ -218,26 +236,38 @@ Response Fetch(const std::string& url, const std::string& accept) {
         if (response.status = ParseAddress(current, address); response.status != kSuccess)
             return response;
         response.status = RequestAddress(address, accept, exchange);
+        const HINTERNET request = exchange.request.Get();
+        if (request) ReadHeaders(request, response);
         if (response.status == HTTP_STATUS_OK) {
             response.status = ReadBody(exchange, response.body);
-            response.cacheControl = Header(exchange.request.Get(), WINHTTP_QUERY_CACHE_CONTROL);
             return response;
         }
-        const std::string location = Header(exchange.request.Get(), WINHTTP_QUERY_LOCATION);
+        const std::string location = Header(request, WINHTTP_QUERY_LOCATION);
         if (!IsRedirect(response.status) || location.empty()) return response;
-        if (redirects == kRedirectLimit) return {kTooManyRedirects, {}, {}};
+        if (redirects == kRedirectLimit) return Failure(kTooManyRedirects);
         const std::string next = ResolveLocation(address.url, location);
         if (const int refusal = CheckRedirect(address.url, next); refusal != kSuccess)
-            return {refusal, {}, {}};
+            return Failure(refusal);
         current = next;
     }
 }
 
+void StartRetryClock(int limitSeconds) {
+    retryClock.start = GetTickCount64();
+    retryClock.latest = std::int64_t{limitSeconds} * 1000 * 2 / 3;
+}
+
 Response FetchWithRetry(const std::string& url, const std::string& accept) {
-    Response response = Fetch(url, accept);
-    if (!IsWorthRetrying(response)) return response;
-    Sleep(kPauseBeforeRetry);
-    return Fetch(url, accept);
+    for (int failures = 1;; ++failures) {
+        Response response = Fetch(url, accept);
+        LARGE_INTEGER counter;
+        QueryPerformanceCounter(&counter);  // its low bits differ between computers
+        const auto elapsed = static_cast<std::int64_t>(GetTickCount64() - retryClock.start);
+        const auto wait = WaitBeforeRetry(response, failures, elapsed, retryClock.latest,
+                                          static_cast<unsigned char>(counter.LowPart));
+        if (!wait) return response;
+        Sleep(static_cast<DWORD>(*wait));
+    }
 }
 
 }  // namespace http

@@ -10,7 +10,11 @@ namespace http {
 // kBodyLimit bytes.
 Response Fetch(const std::string& url, const std::string& accept);
 
-// Like Fetch, but repeats the request once, after a pause, when the failure may be temporary.
+// Starts the clock of FetchWithRetry: no request is repeated later than two thirds of the program's
+// time limit after this call, so that the last one has time to succeed.
+void StartRetryClock(int limitSeconds);
+
+// Like Fetch, but repeats the request, after growing pauses, while the failure may be temporary.
 Response FetchWithRetry(const std::string& url, const std::string& accept);
 
 }  // namespace http

@@ -117,6 +117,15 @@ bool IsBypassed(std::string_view bypass, std::string_view host) {
     return false;
 }
 
+// Without a stored login, the Windows user's own one serves where no password would be sent.
+bool AddOwnLogin(HINTERNET request, DWORD offered) {
+    for (const DWORD scheme : {WINHTTP_AUTH_SCHEME_NEGOTIATE, WINHTTP_AUTH_SCHEME_NTLM})
+        if (offered & scheme)
+            return WinHttpSetCredentials(request, WINHTTP_AUTH_TARGET_PROXY, scheme, nullptr,
+                                         nullptr, nullptr);
+    return false;
+}
+
 }  // namespace
 
 std::string FindProxy(const std::string& url, const std::string& scheme, const std::string& host) {
@@ -145,9 +154,10 @@ bool AddProxyLogin(HINTERNET request) {
     DWORD offered = 0;
     DWORD first = 0;
     DWORD target = 0;
-    if (login.userName.empty() || !WinHttpQueryAuthSchemes(request, &offered, &first, &target) ||
+    if (!WinHttpQueryAuthSchemes(request, &offered, &first, &target) ||
         target != WINHTTP_AUTH_TARGET_PROXY)
         return false;
+    if (login.userName.empty()) return AddOwnLogin(request, offered);
     // Strongest first.
     for (const DWORD scheme : {WINHTTP_AUTH_SCHEME_NEGOTIATE, WINHTTP_AUTH_SCHEME_NTLM,
                                WINHTTP_AUTH_SCHEME_DIGEST, WINHTTP_AUTH_SCHEME_BASIC})

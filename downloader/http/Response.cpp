@@ -38,13 +38,6 @@ bool IsBlankBody(std::string_view body) {
                        [](char c) { return c == '\0' || c == ' ' || (c >= '\t' && c <= '\r'); });
 }
 
-bool IsWorthRetrying(const Response& response) {
-    const std::size_t first = response.body.find_first_not_of(" \t\r\n");
-    const bool isPage = first != std::string::npos && response.body[first] == '<';
-    const int status = response.status;
-    return (status >= 500 && status <= 599) || status == 403 || status == 429 || isPage;
-}
-
 std::int64_t SecondsToCache(std::string_view cacheControl, std::int64_t longest) {
     constexpr std::string_view kMaxAge = "max-age=";
     if (ForbidsCaching(cacheControl)) return 0;

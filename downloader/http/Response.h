@@ -13,8 +13,19 @@ inline constexpr std::size_t kBodyLimit = std::size_t{16} * 1024 * 1024;  // byt
 struct Response {
     int status = 0;  // see StatusCodes.h
     std::string body;
-    std::string cacheControl;  // the Cache-Control header; empty when absent
+    // Headers of the response; empty when absent.
+    std::string cacheControl;
+    std::string date;
+    std::string age;
+    std::string retryAfter;
 };
+
+// Returns a response without a body.
+inline Response Failure(int status) {
+    Response response;
+    response.status = status;
+    return response;
+}
 
 // The coding of a body: none, one that WinHTTP decodes, or any other.
 enum class ContentCoding { None, Supported, Unsupported };
@@ -28,10 +39,6 @@ std::optional<std::uint64_t> ParseContentLength(std::string_view contentLength);
 
 // Whether the body is empty or contains only white space, zero bytes and a UTF-8 byte order mark.
 bool IsBlankBody(std::string_view body);
-
-// Whether a second attempt may succeed: the server failed, was asked too often, or a gateway in
-// front of it answered with an HTML page of its own.
-bool IsWorthRetrying(const Response& response);
 
 // How long a Cache-Control header allows caching, in seconds: its max-age, at most `longest`; 0
 // when it forbids caching or has no max-age.

@@ -13,18 +13,18 @@ namespace http {
 namespace {
 
 constexpr std::string_view kMark = "skyvane-answer-1";
-constexpr std::size_t kLongestDocument = 256 * 1024;             // bytes
+constexpr std::size_t kLongestDocument = 2 * 1024 * 1024;        // bytes
 constexpr std::uint64_t kLongestFile = kLongestDocument + 1024;  // with the lines before it
 
-// Returns the path of the cache file for a key; empty when there is no temporary folder. There are
-// 64 such files, however many keys are in use; a later document replaces an earlier one.
-std::string CacheFile(std::string_view key) {
+// Returns the path of the cache file; empty when there is no temporary folder.
+std::string CacheFile(std::string_view key, std::string_view slot) {
     constexpr int kSlots = 64;
     const std::string folder = win::GetTempFolder();
     if (folder.empty()) return {};
-    const std::string digits = HashText(key).substr(14);
-    const long slot = std::strtol(digits.c_str(), nullptr, 16) % kSlots;
-    return folder + "SkyvaneAlerts." + win::Decimal(slot) + ".cache";
+    const std::string name = slot.empty()
+                                 ? win::Decimal(static_cast<long long>(HashOf(key) % kSlots))
+                                 : std::string(slot);
+    return folder + "SkyvaneAlerts." + name + ".cache";
 }
 
 std::int64_t ParseNumber(std::string_view digits) {
@@ -42,13 +42,14 @@ std::int64_t SecondsNow() {
     return static_cast<std::int64_t>(units.QuadPart) / kUnitsInSecond - kSecondsFrom1601To1970;
 }
 
-std::optional<std::string> FindCached(std::string_view key) {
-    const auto entry = win::ReadWholeFile(CacheFile(key), kLongestFile);
+std::optional<CachedDocument> FindCached(std::string_view key, std::string_view slot) {
+    const auto entry = win::ReadWholeFile(CacheFile(key, slot), kLongestFile);
     return entry ? UnpackEntry(*entry, key, SecondsNow()) : std::nullopt;
 }
 
-void StoreCached(std::string_view key, std::int64_t seconds, std::string_view document) {
-    const std::string file = CacheFile(key);
+void StoreCached(std::string_view key, std::int64_t seconds, std::string_view document,
+                 std::string_view slot) {
+    const std::string file = CacheFile(key, slot);
     if (file.empty() || seconds <= 0 || document.size() > kLongestDocument) return;
     win::WriteFileAtomically(file, PackEntry(key, SecondsNow(), seconds, document));
 }
@@ -57,21 +58,21 @@ std::string PackEntry(std::string_view key, std::int64_t now, std::int64_t secon
                       std::string_view document) {
     std::string entry(kMark);
     for (const std::string& line :
-         {win::Decimal(now), win::Decimal(seconds), HashText(document), std::string(key)})
+         {win::Decimal(now), win::Decimal(seconds), HexDigits(HashOf(document)), std::string(key)})
         entry.append("\n").append(line);
     return entry.append("\n").append(document);
 }
 
-std::optional<std::string> UnpackEntry(std::string_view entry, std::string_view key,
-                                       std::int64_t now) {
+std::optional<CachedDocument> UnpackEntry(std::string_view entry, std::string_view key,
+                                          std::int64_t now) {
     const std::string_view mark = win::TakeLine(entry);
     const std::int64_t stored = ParseNumber(win::TakeLine(entry));
     const std::int64_t seconds = ParseNumber(win::TakeLine(entry));
     const std::string_view hash = win::TakeLine(entry);
     const std::string_view entryKey = win::TakeLine(entry);
-    if (mark != kMark || entryKey != key || hash != HashText(entry)) return std::nullopt;
+    if (mark != kMark || entryKey != key || hash != HexDigits(HashOf(entry))) return std::nullopt;
     if (stored < 0 || stored > now || now - stored >= seconds) return std::nullopt;
-    return std::string(entry);
+    return CachedDocument{std::string(entry), now - stored};
 }
 
 }  // namespace http

@@ -11,12 +11,20 @@ namespace http {
 // Returns the current time.
 std::int64_t SecondsNow();
 
-// Returns the document cached for the key, or nullopt when there is none or it has expired.
-std::optional<std::string> FindCached(std::string_view key);
+struct CachedDocument {
+    std::string text;
+    std::int64_t age = 0;  // seconds
+};
 
-// Caches a document for so many seconds. Documents over 256 KB are not cached; failures are
-// ignored. Several copies of the program may call this at once.
-void StoreCached(std::string_view key, std::int64_t seconds, std::string_view document);
+// Returns the document cached for the key, or nullopt when there is none or it has expired. `slot`
+// names the cache file: keys of one slot take each other's place. Without it the key belongs to one
+// of 64 slots, however many keys are in use.
+std::optional<CachedDocument> FindCached(std::string_view key, std::string_view slot = {});
+
+// Caches a document for so many seconds. Documents over 2 MB are not cached; failures are ignored.
+// Several copies of the program may call this at once.
+void StoreCached(std::string_view key, std::int64_t seconds, std::string_view document,
+                 std::string_view slot = {});
 
 // Returns the text of the cache file for a document stored at `now`.
 std::string PackEntry(std::string_view key, std::int64_t now, std::int64_t seconds,
@@ -24,7 +32,7 @@ std::string PackEntry(std::string_view key, std::int64_t now, std::int64_t secon
 
 // Returns the document in the text of a cache file, or nullopt when the file is damaged, belongs to
 // another key, has expired or comes from the future.
-std::optional<std::string> UnpackEntry(std::string_view entry, std::string_view key,
-                                       std::int64_t now);
+std::optional<CachedDocument> UnpackEntry(std::string_view entry, std::string_view key,
+                                          std::int64_t now);
 
 }  // namespace http

@@ -14,13 +14,6 @@ TEST(StatusOfSystemError, IsNeitherSuccessNorAnHttpStatus) {
     EXPECT_EQ(StatusOfSystemError(0), kInternalError);
 }
 
-TEST(IsWorthRetrying, RecognizesTemporaryFailures) {
-    for (const int status : {500, 429, 403}) EXPECT_TRUE(IsWorthRetrying({status, "", ""}));
-    for (const int status : {400, 404, 1007}) EXPECT_FALSE(IsWorthRetrying({status, "", ""}));
-    EXPECT_TRUE(IsWorthRetrying({kSuccess, "\r\n<HTML>Reference #18", ""}));
-    EXPECT_FALSE(IsWorthRetrying({kSuccess, "{}", ""}));
-}
-
 TEST(SecondsToCache, FollowsTheHeader) {
     for (const auto& [header, seconds] : {std::pair{"public, max-age=30, s-maxage=40", 30},
                                           {"Max-Age = 5", 5},

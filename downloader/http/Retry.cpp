@@ -1,0 +1,87 @@
+#include "downloader/http/Retry.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+
+#include "downloader/http/StatusCodes.h"
+
+namespace http {
+namespace {
+
+// Errors of WinHTTP: time-out, name not resolved, cannot connect, connection lost, broken answer.
+constexpr int kTransientErrors[] = {12002, 12007, 12029, 12030, 12152, kTruncatedBody, kBlankBody};
+
+std::optional<int> ReadNumber(std::string_view text) {
+    int number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isNumber = error == std::errc() && end == text.data() + text.size() && number >= 0;
+    return isNumber ? std::optional(number) : std::nullopt;
+}
+
+// The seconds that the server asks to wait, by a number or a date; nullopt if it asks for none.
+std::optional<std::int64_t> RetryAfter(const Response& response) {
+    if (const auto seconds = ReadNumber(response.retryAfter)) return *seconds;
+    const auto moment = ParseHttpDate(response.retryAfter);
+    const auto now = ParseHttpDate(response.date);
+    if (!moment || !now) return std::nullopt;
+    return std::max<std::int64_t>(*moment - *now, 0);
+}
+
+bool IsHtmlPage(std::string_view body) {
+    const std::size_t first = body.find_first_not_of(" \t\r\n");
+    return first != std::string_view::npos && body[first] == '<';
+}
+
+}  // namespace
+
+bool IsTransient(const Response& response) {
+    const int status = response.status;
+    return std::find(std::begin(kTransientErrors), std::end(kTransientErrors), status) !=
+               std::end(kTransientErrors) ||
+           (status >= 500 && status <= 599) || status == 403 || status == 429 ||
+           (status == kSuccess && IsHtmlPage(response.body));
+}
+
+std::optional<std::int64_t> WaitBeforeRetry(const Response& response, int failures,
+                                            std::int64_t elapsed, std::int64_t latest,
+                                            unsigned char jitter) {
+    constexpr int kMostDoublings = 3;
+    if (!IsTransient(response)) return std::nullopt;
+    std::int64_t wait = std::int64_t{1000} << std::clamp(failures - 1, 0, kMostDoublings);
+    wait += wait * jitter / 1024;
+    if (const auto seconds = RetryAfter(response)) wait = *seconds * 1000;
+    if (elapsed + wait > latest) return std::nullopt;
+    return wait;
+}
+
+std::optional<std::int64_t> ServerTime(const Response& response) {
+    const auto date = ParseHttpDate(response.date);
+    if (!date) return std::nullopt;
+    return *date + ReadNumber(response.age).value_or(0);
+}
+
+std::optional<std::int64_t> ParseHttpDate(std::string_view text) {
+    constexpr std::string_view kForm = "???, 00 ??? 0000 00:00:00 GMT";
+    constexpr std::string_view kMonths = "JanFebMarAprMayJunJulAugSepOctNovDec";
+    if (text.size() != kForm.size()) return std::nullopt;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (kForm[i] != '?' && kForm[i] != '0' && text[i] != kForm[i]) return std::nullopt;
+    const auto day = ReadNumber(text.substr(5, 2));
+    const std::size_t month = kMonths.find(text.substr(8, 3));
+    const auto year = ReadNumber(text.substr(12, 4));
+    const auto hour = ReadNumber(text.substr(17, 2));
+    const auto minute = ReadNumber(text.substr(20, 2));
+    const auto second = ReadNumber(text.substr(23, 2));
+    if (!day || month == std::string_view::npos || month % 3 != 0 || !year || !hour || !minute ||
+        !second)
+        return std::nullopt;
+    const std::chrono::year_month_day date(std::chrono::year(*year),
+                                           std::chrono::month(unsigned(month / 3 + 1)),
+                                           std::chrono::day(unsigned(*day)));
+    if (!date.ok() || *hour > 23 || *minute > 59 || *second > 60) return std::nullopt;
+    return std::int64_t{std::chrono::sys_days(date).time_since_epoch().count()} * 86400 +
+           *hour * 3600 + *minute * 60 + *second;
+}
+
+}  // namespace http
