@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <rapidjson/reader.h>
 
 #include "bench/Stopwatch.h"
 #include "downloader/feed/GazetteerFile.h"
-#include "downloader/feed/Json.h"
 #include "downloader/http/ResponseCache.h"
 #include "downloader/nws/Alerts.h"
 #include "win/Files.h"
@@ -59,15 +59,21 @@ int main(int count, char** arguments) {
     const auto answer = win::ReadWholeFile(arguments[1]);
     if (!answer) return 1;
     const std::int64_t now = http::SecondsNow();
+    const nws::AlertPlace place{{34.1, -80.7}, 10, {}};
     constexpr int kRounds = 15;
     std::size_t before = 0;
     for (int round = -1; round < kRounds; ++round) {
         std::string forDocument = *answer, forParser = *answer;
+        feed::AlertMemory memory;
         before = peak = allocated;
         const double began = bench::Milliseconds();
-        const bool isBuilt = nws::BuildAlertDocument(std::move(forDocument), now).has_value();
+        const bool isBuilt =
+            nws::BuildAlertDocument(std::move(forDocument), place, memory, now).has_value();
         const double built = bench::Milliseconds();
-        const bool isJson = feed::ReadJson(std::move(forParser), [](const feed::JsonItem&) {});
+        rapidjson::InsituStringStream stream(forParser.data());
+        rapidjson::BaseReaderHandler<> ignore;
+        const bool isJson =
+            !rapidjson::Reader().Parse<rapidjson::kParseInsituFlag>(stream, ignore).IsError();
         const double parsed = bench::Milliseconds();
         if (!isBuilt || !isJson) return 1;
         if (round >= 0) std::printf("%.3f %.3f\n", built - began, parsed - built);

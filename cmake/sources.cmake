@@ -6,18 +6,28 @@ set(portableSources
   alerts/WordFilter.cpp
   app/StartupValues.cpp
   downloader/Arguments.cpp
+  downloader/feed/AlertMemory.cpp
   downloader/feed/FeedXml.cpp
   downloader/feed/Gazetteer.cpp
   downloader/feed/IsoTime.cpp
   downloader/feed/Json.cpp
+  downloader/feed/Paragraphs.cpp
+  downloader/feed/PlaceName.cpp
   downloader/feed/Request.cpp
   downloader/http/Response.cpp
+  downloader/http/Retry.cpp
   downloader/http/Url.cpp
   downloader/nws/Addresses.cpp
   downloader/nws/Alerts.cpp
+  downloader/nws/Area.cpp
+  downloader/nws/GeometryReader.cpp
+  downloader/nws/Identity.cpp
   downloader/nws/Messages.cpp
   downloader/nws/Stations.cpp
+  downloader/nws/Tier.cpp
   downloader/nws/Vtec.cpp
+  downloader/nws/Zones.cpp
+  options/OptionsRules.cpp
   search/LocationTable.cpp
   search/MapPage.cpp
   search/StationTable.cpp
@@ -30,6 +40,11 @@ set(portableSources
   win/Text.cpp
   win/XmlGuard.cpp
 )
+
+# The whole text of an answer passes through these: they are built for speed, the others for size.
+set_source_files_properties(downloader/feed/FeedXml.cpp downloader/feed/Json.cpp
+  downloader/feed/Paragraphs.cpp downloader/nws/Messages.cpp win/Text.cpp
+  PROPERTIES COMPILE_OPTIONS -O2)
 
 # All other sources. Test files and sources in any folder below are picked up automatically.
 set(programFolders win settings stations alerts tray options search)

@@ -2,25 +2,26 @@
 #include <vector>
 
 #include "options/InputBox.h"
+#include "options/OptionsRules.h"
 #include "options/Pages.h"
 #include "options/resource.h"
 #include "search/frmSearch.h"
-#include "settings/MessageBoxes.h"
 #include "stations/StationLine.h"
 #include "stations/StationList.h"
 #include "tray/modTrayMenu.h"
-#include "win/Dialog.h"
+#include "settings/MessageBoxes.h"
 #include "win/ListItems.h"
+#include "win/Dialog.h"
 #include "win/NeverDestroyed.h"
 
 namespace options {
 namespace {
 
-// Whether the station file has been read. Until then all buttons are disabled, so that a file whose
-// stations are unknown is not overwritten.
+// Whether the station file was read. Until then the page changes nothing, so that nothing is
+// written over a file whose stations are not known.
 bool isRead = false;
 
-// The station lines of the entries of Combo1, which shows their display texts.
+// The whole lines behind the entries of Combo1, which shows their display texts.
 std::vector<std::string>& lines = win::NeverDestroyed<std::vector<std::string>>();
 
 win::ListControl Combo1(HWND page) {
@@ -45,36 +46,29 @@ void ShowLines(HWND page, int selected) {
     EnableStationButtons(page);
 }
 
-// Returns the index of the selected line, or the count of lines when none is selected.
-std::size_t FindSelected(HWND page) {
+// The index of the selected line, or the count of lines when none is selected.
+std::size_t Selected(HWND page) {
     const int index = win::SelectedItem(Combo1(page));
     return index < 0 ? lines.size() : static_cast<std::size_t>(index);
 }
 
-// Shows changed lines and selects the given one, or the last.
 void ChangeLines(HWND page, std::size_t selected) {
     const std::size_t last = lines.empty() ? 0 : lines.size() - 1;
     ShowLines(page, static_cast<int>(selected < last ? selected : last));
-    MarkChanged(page);
-}
-
-// Selects a station line in Combo1.
-void SetCombo1City(HWND page, const std::string& line) {
-    for (std::size_t i = 0; i < lines.size(); ++i)
-        if (lines[i] == line) win::SelectItem(Combo1(page), static_cast<int>(i));
+    MarkChanged(Page::Stations);
 }
 
 void Command6_Click(HWND page) {
     const auto line = search::ShowSearchDialog(GetParent(page), Combo1(page).window);
     if (!line || !IsWindow(page)) return;
-    // The page counts as changed even if the line was there before.
+    // Marked changed even when the line is there already.
     if (std::find(lines.begin(), lines.end(), *line) == lines.end()) lines.push_back(*line);
-    ChangeLines(page, FindSelected(page));
+    ChangeLines(page, Selected(page));
     SetCombo1City(page, *line);
 }
 
 void Command23_Click(HWND page) {
-    const std::size_t selected = FindSelected(page);
+    const std::size_t selected = Selected(page);
     if (selected >= lines.size()) return;
     const std::string answer = ShowInputBox(
         GetParent(page), "Edit the weather station below and press \"OK\" to save your changes.",
@@ -85,12 +79,11 @@ void Command23_Click(HWND page) {
 }
 
 void Command7_Click(HWND page) {
-    const std::size_t selected = FindSelected(page);
-    if (selected >= lines.size()) return;
-    const std::string question = std::string("Are you sure you want to remove ''")
-                                     .append(stations::DisplayText(lines[selected]))
-                                     .append("''?");
-    if (!settings::Confirm(GetParent(page), question, 0)) return;
+    const std::size_t selected = Selected(page);
+    if (selected >= lines.size() ||
+        !settings::Confirm(GetParent(page), RemoveQuestion(stations::DisplayText(lines[selected])),
+                           0))
+        return;
     lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(selected));
     ChangeLines(page, selected);
 }
@@ -103,30 +96,10 @@ void Command5_Click(HWND page) {
     ChangeLines(page, 0);
 }
 
-void Load(HWND page) {
-    constexpr UINT_PTR kRetryTimer = 1;
-    constexpr UINT kRetryMilliseconds = 1000;
-    auto read = stations::ReadStationFile(stations::StationFilePath());
-    isRead = read.has_value();
-    lines = std::move(read).value_or(std::vector<std::string>());
-    ShowLines(page, 0);
-    if (isRead)
-        KillTimer(page, kRetryTimer);
-    else
-        SetTimer(page, kRetryTimer, kRetryMilliseconds, nullptr);
-    tray::LoadUnreadStations();
-}
+}  // namespace
 
-void Apply(HWND page) {
-    const bool isWritten = stations::WriteStationFile(lines, stations::StationFilePath());
-    stations::SetStationList(lines);
-    stations::LoadStationList();
-    tray::BuildStationMenu();
-    if (!isWritten) MarkChanged(page);  // a later Apply tries again
-}
-
-INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
-    if (message == WM_TIMER) Load(page);
+INT_PTR CALLBACK StationsProcedure(HWND page, UINT message, WPARAM wParam, LPARAM) {
+    if (message == WM_TIMER) LoadStations(page);
     if (message != WM_COMMAND || HIWORD(wParam) != BN_CLICKED) return FALSE;
     switch (LOWORD(wParam)) {
         case frmOptions_Command6:
@@ -146,8 +119,31 @@ INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
     }
 }
 
-}  // namespace
+void LoadStations(HWND page) {
+    constexpr UINT_PTR retryTimer = 1;
+    constexpr UINT retryMilliseconds = 1000;
+    auto read = stations::ReadStationFile(stations::StationFilePath());
+    isRead = read.has_value();
+    lines = std::move(read).value_or(std::vector<std::string>());
+    ShowLines(page, 0);
+    if (isRead)
+        KillTimer(page, retryTimer);
+    else
+        SetTimer(page, retryTimer, retryMilliseconds, nullptr);
+    tray::LoadUnreadStations();
+}
 
-const PageEntry kStationsPage{"Stations", IDD_StationsFrame, HandleMessage, Load, Apply};
+void ApplyStations(HWND) {
+    const bool isWritten = stations::WriteStationFile(lines, stations::StationFilePath());
+    stations::SetStationList(lines);
+    stations::LoadStationList();
+    tray::BuildStationMenu();
+    if (!isWritten) MarkChanged(Page::Stations);  // for a later Apply
+}
+
+void SetCombo1City(HWND page, const std::string& line) {
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        if (lines[i] == line) win::SelectItem(Combo1(page), static_cast<int>(i));
+}
 
 }  // namespace options

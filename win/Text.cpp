@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 
 namespace win {
 namespace {
@@ -41,6 +42,15 @@ std::size_t PositionAfter(std::string_view text, std::size_t count) {
 
 bool IsUtf8(std::string_view text) {
     while (!text.empty()) {
+        // Most texts are ASCII: eight bytes at a time are enough for them.
+        std::uint64_t bytes = 0;
+        if (text.size() >= sizeof bytes) {
+            std::memcpy(&bytes, text.data(), sizeof bytes);
+            if ((bytes & 0x8080808080808080) == 0) {
+                text.remove_prefix(sizeof bytes);
+                continue;
+            }
+        }
         const std::size_t length = SequenceLength(text);
         if (length == 0) return false;
         text.remove_prefix(length);

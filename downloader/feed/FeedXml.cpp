@@ -1,5 +1,10 @@
 #include "downloader/feed/FeedXml.h"
 
+#include <array>
+#include <utility>
+
+#include "downloader/feed/AlertMemory.h"
+
 namespace feed {
 namespace {
 
@@ -19,22 +24,28 @@ std::string_view Replacement(char c) {
     }
 }
 
-bool IsPlain(char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return (byte >= 0x20 && c != '<' && c != '>' && c != '&' && c != '"') || c == '\n' || c == '\t';
+// For each byte, whether it is written as it is. 0xEF may begin U+FFFE or U+FFFF, which XML does
+// not allow.
+constexpr std::array<bool, 256> PlainBytes() {
+    std::array<bool, 256> plain{};
+    for (std::size_t byte = 0x20; byte < plain.size(); ++byte) plain[byte] = true;
+    for (const unsigned char special : {'<', '>', '&', '"', '\xEF'}) plain[special] = false;
+    for (const unsigned char space : {'\n', '\t'}) plain[space] = true;
+    return plain;
 }
 
-// Whether the text begins with U+FFFE or U+FFFF, which XML does not allow.
 bool IsNoCharacter(std::string_view text) {
     return text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF");
 }
 
 // Appends the text escaped for an element or a quoted attribute.
 void AppendEscaped(std::string& xml, std::string_view text) {
+    static constexpr auto kPlain = PlainBytes();
     std::size_t done = 0;  // end of the text appended so far
     for (std::size_t at = 0; at < text.size(); ++at) {
-        const bool isNone = text[at] == '\xEF' && IsNoCharacter(text.substr(at));
-        if (IsPlain(text[at]) && !isNone) continue;
+        if (kPlain[static_cast<unsigned char>(text[at])]) continue;
+        const bool isNone = IsNoCharacter(text.substr(at));
+        if (text[at] == '\xEF' && !isNone) continue;
         xml.append(text.substr(done, at - done));
         xml.append(isNone ? " " : Replacement(text[at]));
         if (isNone) at += 2;
@@ -55,6 +66,31 @@ void AppendXmlAttribute(std::string& xml, std::string_view name, std::string_vie
     xml.append(" ").append(name).append("=\"");
     AppendEscaped(xml, text);
     xml.append("\"");
+}
+
+AlertDocument::AlertDocument(std::size_t size) {
+    xml_.reserve(size);
+    xml_.append(kXmlHead).append("<aws:alerts>\n");
+}
+
+void AlertDocument::Add(std::string_view identifier, std::string_view title,
+                        std::string_view body) {
+    xml_ += "<aws:alert>";
+    AppendXmlElement(xml_, "id", identifier);
+    AppendXmlElement(xml_, "title", title);
+    AppendXmlElement(xml_, "html-msg-body", body);
+    xml_ += "</aws:alert>\n";
+}
+
+std::string AlertDocument::Finish() {
+    xml_.append("</aws:alerts>").append(kXmlTail);
+    return std::move(xml_);
+}
+
+std::string BuildNotCoveredDocument(std::string_view code, std::string_view reason) {
+    AlertDocument document;
+    document.Add(ShortIdentity("not covered " + std::string(code)), "Place not covered", reason);
+    return document.Finish();
 }
 
 std::string BuildLocationDocument(const std::vector<Place>& places) {

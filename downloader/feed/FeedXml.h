@@ -20,6 +20,26 @@ void AppendXmlElement(std::string& xml, std::string_view name, std::string_view 
 // Appends a space and name="text".
 void AppendXmlAttribute(std::string& xml, std::string_view name, std::string_view text);
 
+// The document that answers a request for alerts.
+class AlertDocument {
+  public:
+    // `size` is the number of bytes that the document is expected to have.
+    explicit AlertDocument(std::size_t size = 0);
+
+    // Adds an alert, its texts in well-formed UTF-8.
+    void Add(std::string_view identifier, std::string_view title, std::string_view body);
+
+    // Returns the document, which takes no more alerts then.
+    std::string Finish();
+
+  private:
+    std::string xml_;
+};
+
+// Returns the document with one entry that says why a source cannot tell the alerts of a place.
+// `code` is the code of the place.
+std::string BuildNotCoveredDocument(std::string_view code, std::string_view reason);
+
 // Returns the document that answers a search for locations.
 std::string BuildLocationDocument(const std::vector<Place>& places);
 

@@ -78,6 +78,10 @@ class Handler {
 }  // namespace
 
 bool ReadJson(std::string json, const std::function<void(const JsonItem&)>& visit) {
+    return ReadJsonInPlace(json, visit);
+}
+
+bool ReadJsonInPlace(std::string& json, const std::function<void(const JsonItem&)>& visit) {
     constexpr std::size_t kByteOrderMark = 3;
     const std::size_t start = json.starts_with("\xEF\xBB\xBF") ? kByteOrderMark : 0;
     rapidjson::InsituStringStream stream(json.data() + start);

@@ -17,9 +17,13 @@ struct JsonItem {
     double number = 0;
 };
 
-// Calls `visit` for every item in document order. The document is parsed in place, so that its
-// buffer is consumed. Returns false when it is not exactly one JSON value in UTF-8, or nests deeper
-// than 64 levels; the items visited before that must be discarded.
+// Calls `visit` for every item in document order. Returns false when the document is not exactly
+// one JSON value in UTF-8, or nests deeper than 64 levels; the items visited before that must be
+// discarded.
 bool ReadJson(std::string json, const std::function<void(const JsonItem&)>& visit);
+
+// Like ReadJson, but the document is parsed in place, which changes it: the items' texts, though
+// not their paths, point into it and stay valid with it.
+bool ReadJsonInPlace(std::string& json, const std::function<void(const JsonItem&)>& visit);
 
 }  // namespace feed

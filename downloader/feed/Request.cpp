@@ -12,6 +12,11 @@ bool IsHostChar(char c) {
            std::string_view(".-:[]").find(c) != std::string_view::npos;
 }
 
+bool IsPathChar(char c) {
+    return win::IsLetter(c) || win::IsDigit(c) ||
+           std::string_view("/.-_~").find(c) != std::string_view::npos;
+}
+
 // Whether a host, with or without a port, is this machine.
 bool IsLoopback(std::string_view host) {
     for (const std::string_view name : {"127.0.0.1", "localhost", "[::1]"})
@@ -92,6 +97,7 @@ bool ParseQuery(std::string_view query, Request& request) {
 
 std::optional<Request> ParseRequest(std::string_view url, std::string_view scheme) {
     constexpr std::string_view kAuthority = "://";
+    constexpr std::string_view kPage = "/GetXml.aspx";
     const std::size_t schemeEnd = url.find(kAuthority);
     if (schemeEnd == std::string_view::npos) return std::nullopt;
     const std::string urlScheme = win::AsciiLower(url.substr(0, schemeEnd));
@@ -103,10 +109,13 @@ std::optional<Request> ParseRequest(std::string_view url, std::string_view schem
         (!isSecure && !IsLoopback(host)))
         return std::nullopt;
     const std::size_t question = url.find('?');
-    if (question == std::string_view::npos || !url.substr(0, question).ends_with("/GetXml.aspx"))
+    const std::string_view page = url.substr(0, question);
+    if (question == std::string_view::npos || !page.ends_with(kPage) ||
+        !std::all_of(page.begin() + host.size(), page.end(), IsPathChar))
         return std::nullopt;
     Request request;
-    request.origin = (isSecure ? "https://" : "http://") + std::string(host);
+    request.origin = isSecure ? "https://" : "http://";
+    request.origin += page.substr(0, page.size() - kPage.size());
     if (!ParseQuery(url.substr(question + 1), request)) return std::nullopt;
     return request;
 }

@@ -9,7 +9,7 @@ namespace feed {
 struct Request {
     enum class Kind { Alerts, Locations, Stations };
     Kind kind = Kind::Alerts;
-    std::string origin;     // of the service, such as "https://api.weather.gov"
+    std::string origin;     // of the service, perhaps with a path: "https://api.weather.gov"
     std::string text;       // the ZIP code, or the search text
     bool isAbroad = false;  // `text` is the code of a city outside the United States
 };

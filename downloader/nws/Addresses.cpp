@@ -20,8 +20,8 @@ bool IsPathChar(char c) {
 
 }  // namespace
 
-std::string AlertsAddress(const std::string& origin, const feed::Place& place) {
-    return origin + "/alerts/active?status=actual&point=" + FormatPoint(place);
+std::string AlertsAddress(const std::string& origin, const ZoneIds& zones) {
+    return origin + "/alerts/active?status=actual&zone=" + win::Join(zones, ",");
 }
 
 std::string PointAddress(const std::string& origin, const feed::Place& place) {

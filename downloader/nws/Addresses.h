@@ -3,12 +3,14 @@
 #include <string>
 
 #include "downloader/feed/Gazetteer.h"
+#include "downloader/nws/Zones.h"
 
-// The addresses of the Weather Service. `origin` is "https://" and the host.
+// The addresses of the Weather Service. `origin` is "https://" and the host,
+// perhaps with a path.
 namespace nws {
 
-// Returns the address of the alerts at a place.
-std::string AlertsAddress(const std::string& origin, const feed::Place& place);
+// Returns the address of the alerts for any of the zones.
+std::string AlertsAddress(const std::string& origin, const ZoneIds& zones);
 
 // Returns the address of the point that a place lies in.
 std::string PointAddress(const std::string& origin, const feed::Place& place);

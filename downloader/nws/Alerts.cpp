@@ -5,8 +5,10 @@
 
 #include "downloader/feed/FeedXml.h"
 #include "downloader/feed/IsoTime.h"
+#include "downloader/feed/Paragraphs.h"
+#include "downloader/nws/Identity.h"
 #include "downloader/nws/Messages.h"
-#include "win/NeverDestroyed.h"
+#include "downloader/nws/Tier.h"
 
 namespace nws {
 namespace {
@@ -14,7 +16,8 @@ namespace {
 // A message that may represent its event.
 struct Candidate {
     const Message* message;
-    std::string id;
+    feed::KnownEvent event;
+    std::string title;
     std::int64_t sent;
     bool isInForce;
     int severityRank;
@@ -30,20 +33,36 @@ std::vector<std::string_view> ReplacedIdentifiers(const std::vector<Message>& me
     std::vector<std::string_view> replaced;
     for (const Message& message : messages)
         if (IsActual(message))
-            for (const std::string& identifier : message.replaced)
+            for (const std::string_view identifier : message.replaced)
                 if (identifier != message.identifier) replaced.push_back(identifier);
     std::sort(replaced.begin(), replaced.end());
     return replaced;
 }
 
-std::vector<Candidate> FindCandidates(const std::vector<Message>& messages, std::int64_t now) {
+// Whether the message concerns the place: its polygon comes near enough, or, without one, it names
+// a zone of the place. One that names no area at all concerns everybody.
+bool Concerns(const Message& message, const AlertPlace& place) {
+    if (!message.polygons.empty())
+        return DistanceTo(message.polygons, place.centre) <= std::min(place.reach, kLongestReach);
+    return message.zones.empty() ||
+           std::any_of(message.zones.begin(), message.zones.end(), [&](std::string_view zone) {
+               return std::binary_search(place.zones.begin(), place.zones.end(), zone);
+           });
+}
+
+std::vector<Candidate> FindCandidates(const std::vector<Message>& messages, const AlertPlace& place,
+                                      feed::AlertMemory& memory, std::int64_t now) {
     const auto replaced = ReplacedIdentifiers(messages);
+    const auto events = IdentifyEvents(messages, memory, now);
     std::vector<Candidate> candidates;
-    for (const Message& message : messages)
-        if (IsActual(message) && !Contains(replaced, message.identifier))
-            candidates.push_back({&message, EventId(message),
+    for (std::size_t at = 0; at < messages.size(); ++at) {
+        const Message& message = messages[at];
+        if (IsActual(message) && !Contains(replaced, message.identifier) &&
+            Concerns(message, place))
+            candidates.push_back({&message, events[at], Title(message),
                                   feed::ParseTime(message.sent).value_or(INT64_MIN),
                                   IsInForce(message, now), SeverityRank(message)});
+    }
     return candidates;
 }
 
@@ -53,12 +72,13 @@ std::vector<Candidate> FindCandidates(const std::vector<Message>& messages, std:
 void KeepOnePerEvent(std::vector<Candidate>& candidates) {
     std::stable_sort(candidates.begin(), candidates.end(),
                      [](const Candidate& left, const Candidate& right) {
-                         if (left.id != right.id) return left.id < right.id;
+                         if (left.event.identity != right.event.identity)
+                             return left.event.identity < right.event.identity;
                          if (left.sent != right.sent) return left.sent > right.sent;
                          return left.isInForce && !right.isInForce;
                      });
     const auto sameEvent = [](const Candidate& left, const Candidate& right) {
-        return left.id == right.id;
+        return left.event.identity == right.event.identity;
     };
     candidates.erase(std::unique(candidates.begin(), candidates.end(), sameEvent),
                      candidates.end());
@@ -74,12 +94,6 @@ void SortBySeverity(std::vector<Candidate>& candidates) {
                      });
 }
 
-const std::string& Title(const Message& message) {
-    static std::string& unnamed = win::NeverDestroyed<std::string>("Weather alert");
-    if (!message.event.empty()) return message.event;
-    return message.headline.empty() ? unnamed : message.headline;
-}
-
 // Moves each alert whose title is the end of another's ("Flood Warning", "Flash Flood Warning")
 // before that one: the menu omits a caption that is part of an earlier caption, and in a caption
 // the place follows the title. The order is otherwise kept. Lists so long that comparing all titles
@@ -89,50 +103,50 @@ void PutTitleEndingsFirst(std::vector<Candidate>& candidates) {
     if (candidates.size() > kLongestList) return;
     std::vector<Candidate> ordered;
     for (const Candidate& candidate : candidates) {
-        const std::string& title = Title(*candidate.message);
         const auto longer = std::find_if(ordered.begin(), ordered.end(), [&](const Candidate& o) {
-            const std::string& other = Title(*o.message);
-            return other.size() > title.size() && other.ends_with(title);
+            return o.title.size() > candidate.title.size() && o.title.ends_with(candidate.title);
         });
         ordered.insert(longer, candidate);
     }
     candidates = std::move(ordered);
 }
 
-std::string Body(const Message& message) {
-    std::string body;
-    for (const std::string* part :
-         {&message.headline, &message.area, &message.description, &message.instruction}) {
-        if (part->empty()) continue;
-        if (!body.empty()) body += "\n\n";
-        body += *part;
-    }
-    // An alert without a body would not be stored.
-    return body.find_first_not_of(" \t\r\n") == std::string::npos ? Title(message) : body;
+std::string_view OrUnknown(std::string_view text) {
+    return text.empty() ? "Unknown" : text;
 }
 
-void AppendAlert(std::string& xml, const Candidate& candidate) {
-    xml += "<aws:alert>";
-    feed::AppendXmlElement(xml, "id", candidate.id);
-    feed::AppendXmlElement(xml, "title", Title(*candidate.message));
-    feed::AppendXmlElement(xml, "html-msg-body", Body(*candidate.message));
-    xml += "</aws:alert>\n";
+// Returns the texts of the message, paragraph by paragraph. The last one lets the word filter find
+// alerts by their severity.
+std::string Body(const Message& message) {
+    std::string body;
+    if (message.headline.find(message.event) == std::string_view::npos &&
+        message.description.find(message.event) == std::string_view::npos)
+        body = message.event;
+    for (const std::string_view part :
+         {message.headline, message.area, message.description, message.instruction})
+        feed::AppendParagraphs(body, part);
+    body.append(body.empty() ? "" : "\n\n")
+        .append("Severity: ")
+        .append(OrUnknown(message.severity));
+    body.append(". Urgency: ").append(OrUnknown(message.urgency));
+    return body.append(". Certainty: ").append(OrUnknown(message.certainty)).append(".");
 }
 
 }  // namespace
 
-std::optional<std::string> BuildAlertDocument(std::string json, std::int64_t now) {
-    const auto messages = ReadMessages(std::move(json));
+std::optional<std::string> BuildAlertDocument(std::string json, const AlertPlace& place,
+                                              feed::AlertMemory& memory, std::int64_t now) {
+    const std::size_t size = json.size();
+    const auto messages = ReadMessages(json);
     if (!messages) return std::nullopt;
-    std::vector<Candidate> candidates = FindCandidates(*messages, now);
+    std::vector<Candidate> candidates = FindCandidates(*messages, place, memory, now);
     KeepOnePerEvent(candidates);
     SortBySeverity(candidates);
     PutTitleEndingsFirst(candidates);
-    std::string xml(feed::kXmlHead);
-    xml += "<aws:alerts>\n";
-    for (const Candidate& candidate : candidates) AppendAlert(xml, candidate);
-    xml += "</aws:alerts>";
-    return xml.append(feed::kXmlTail);
+    feed::AlertDocument document(candidates.empty() ? 0 : size);
+    for (const Candidate& candidate : candidates)
+        document.Add(AlertIdentifier(candidate.event), candidate.title, Body(*candidate.message));
+    return document.Finish();
 }
 
 }  // namespace nws

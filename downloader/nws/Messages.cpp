@@ -4,8 +4,8 @@
 
 #include "downloader/feed/IsoTime.h"
 #include "downloader/feed/Json.h"
-#include "downloader/http/TextHash.h"
-#include "downloader/nws/Vtec.h"
+#include "downloader/nws/GeometryReader.h"
+#include "downloader/nws/Zones.h"
 
 namespace nws {
 namespace {
@@ -17,10 +17,11 @@ constexpr std::string_view kFeature = "features[]";
 constexpr std::string_view kProperties = "features[]/properties";
 constexpr std::string_view kProperty = "features[]/properties/";
 constexpr std::string_view kReference = "references[]";
+constexpr std::string_view kCoordinates = "features[]/geometry/coordinates";
 
 struct Field {
     std::string_view name;
-    std::string Message::*text;
+    std::string_view Message::*text;
 };
 constexpr Field kFields[] = {
     {"id", &Message::identifier},           {"status", &Message::status},
@@ -28,11 +29,16 @@ constexpr Field kFields[] = {
     {"headline", &Message::headline},       {"areaDesc", &Message::area},
     {"description", &Message::description}, {"instruction", &Message::instruction},
     {"severity", &Message::severity},       {"urgency", &Message::urgency},
-    {"response", &Message::response},       {"sent", &Message::sent},
+    {"certainty", &Message::certainty},     {"response", &Message::response},
+    {"senderName", &Message::senderName},   {"sent", &Message::sent},
     {"expires", &Message::expires},         {"ends", &Message::ends},
 };
 
-bool IsEarlier(const std::string& left, const std::string& right) {
+constexpr std::string_view kThreats[] = {
+    "parameters/tornadoDetection[]", "parameters/tornadoDamageThreat[]",
+    "parameters/thunderstormDamageThreat[]", "parameters/flashFloodDamageThreat[]"};
+
+bool IsEarlier(std::string_view left, std::string_view right) {
     const auto time = feed::ParseTime(left);
     return time && time < feed::ParseTime(right).value_or(INT64_MAX);
 }
@@ -40,8 +46,9 @@ bool IsEarlier(const std::string& left, const std::string& right) {
 // Collects the messages from the items of the document.
 struct Collector {
     std::vector<Message> messages;
-    std::string reference;  // the current reference: its identifier and when it was sent
-    std::string referenceSent;
+    GeometryReader geometry;
+    std::string_view reference;  // the current reference: its identifier and when it was sent
+    std::string_view referenceSent;
     bool isCollection = false;
     bool hasList = false;
     bool isValid = true;
@@ -58,9 +65,21 @@ struct Collector {
             message.firstReplaced = reference;
             message.firstSent = referenceSent;
         }
-        message.replaced.push_back(std::move(reference));
-        reference.clear();
-        referenceSent.clear();
+        message.replaced.push_back(reference);
+        reference = referenceSent = {};
+    }
+
+    // A message may continue one event and end another that it replaces.
+    void AddVtec(Message& message, std::string_view text) {
+        const auto vtec = ParseVtec(text);
+        if (vtec && (!message.vtec || (EndsEvent(*message.vtec) && !EndsEvent(*vtec))))
+            message.vtec = vtec;
+    }
+
+    // A zone is named by its identifier and by its address.
+    void AddZone(Message& message, std::string_view text) {
+        const std::string_view id = ZoneIdOf(text);
+        if (!id.empty()) message.zones.emplace_back(id);
     }
 
     void ReadProperty(Message& message, std::string_view name, const JsonItem& item) {
@@ -68,7 +87,10 @@ struct Collector {
         if (item.kind != Kind::Text) return;
         if (name == "references[]/identifier") reference = item.text;
         if (name == "references[]/sent") referenceSent = item.text;
-        if (name == "parameters/VTEC[]") message.vtec.emplace_back(item.text);
+        if (name == "parameters/VTEC[]") AddVtec(message, item.text);
+        if (name == "geocode/UGC[]" || name == "affectedZones[]") AddZone(message, item.text);
+        if (std::find(std::begin(kThreats), std::end(kThreats), name) != std::end(kThreats))
+            message.threats.emplace_back(item.text);
         for (const Field& field : kFields)
             if (name == field.name) message.*field.text = item.text;
     }
@@ -77,31 +99,31 @@ struct Collector {
         if (!item.path.starts_with(kFeature)) {
             if (item.path == "type") isCollection = item.text == "FeatureCollection";
             if (item.path == "features") hasList = item.kind == Kind::BeginArray;
-        } else if (item.path == kFeature) {
+        } else if (item.path.size() == kFeature.size()) {
             if (item.kind == Kind::BeginObject) {
                 messages.emplace_back();
+                geometry = {};
             } else if (item.kind != Kind::EndObject || !IsAlert()) {
                 isValid = false;
             }
         } else if (messages.empty()) {
             isValid = false;
-        } else if (item.path == kProperties) {
-            messages.back().hasProperties |= item.kind == Kind::BeginObject;
-        } else if (item.path.starts_with(kProperty)) {
-            ReadProperty(messages.back(), item.path.substr(kProperty.size()), item);
+        } else {
+            ReadPart(messages.back(), item);
         }
     }
-};
 
-// Returns the first code whose event continues, or the first code when there is none.
-std::optional<Vtec> FindVtec(const Message& message) {
-    std::optional<Vtec> found;
-    for (const std::string& text : message.vtec) {
-        const auto vtec = ParseVtec(text);
-        if (vtec && (!found || (EndsEvent(*found) && !EndsEvent(*vtec)))) found = vtec;
+    void ReadPart(Message& message, const JsonItem& item) {
+        constexpr std::size_t kArrayMark = 2;  // "[]"
+        if (item.path.starts_with(kProperty))
+            ReadProperty(message, item.path.substr(kProperty.size()), item);
+        else if (item.path == kProperties)
+            message.hasProperties |= item.kind == Kind::BeginObject;
+        else if (item.path.starts_with(kCoordinates))
+            geometry.Read(item, (item.path.size() - kCoordinates.size()) / kArrayMark,
+                          message.polygons);
     }
-    return found;
-}
+};
 
 // Returns the rank of `word` in the list: the first word ranks highest, an unknown word is 0.
 template <std::size_t size>
@@ -111,42 +133,35 @@ int Rank(const std::string_view (&words)[size], std::string_view word) {
 
 }  // namespace
 
-std::optional<std::vector<Message>> ReadMessages(std::string json) {
+std::optional<std::vector<Message>> ReadMessages(std::string& json) {
     Collector collector;
     const bool isWhole =
-        feed::ReadJson(std::move(json), [&](const JsonItem& item) { collector.Read(item); });
+        feed::ReadJsonInPlace(json, [&](const JsonItem& item) { collector.Read(item); });
     if (!isWhole || !collector.isCollection || !collector.hasList || !collector.isValid)
         return std::nullopt;
     return std::move(collector.messages);
 }
 
 bool IsActual(const Message& message) {
-    const auto vtec = FindVtec(message);
     return (message.status == "Actual" || message.status.empty()) &&
-           !(vtec && vtec->product == 'T');
+           !(message.vtec && message.vtec->product == 'T');
+}
+
+bool IsEnd(const Message& message) {
+    return message.type == "Cancel" || (message.vtec && EndsEvent(*message.vtec)) ||
+           (message.response == "AllClear" && message.urgency == "Past");
 }
 
 bool IsInForce(const Message& message, std::int64_t now) {
-    const auto vtec = FindVtec(message);
-    if (message.type == "Cancel" || (vtec && EndsEvent(*vtec)) ||
-        (message.response == "AllClear" && message.urgency == "Past"))
-        return false;
+    if (IsEnd(message)) return false;
     const auto end = feed::ParseTime(message.ends.empty() ? message.expires : message.ends);
     return !end || *end > now;
 }
 
-std::string EventId(const Message& message) {
-    const auto vtec = FindVtec(message);
-    if (!vtec) {
-        std::string first =
-            message.firstReplaced.empty() ? message.identifier : message.firstReplaced;
-        if (first.empty()) first = message.event + message.sent + message.area;
-        return http::HashText(first).substr(4);
-    }
-    const std::string& sent =
-        IsEarlier(message.firstSent, message.sent) ? message.firstSent : message.sent;
-    const auto time = feed::ParseTime(sent);
-    return EventId(*vtec, time ? feed::YearOf(*time) : 0);
+int FirstSentYear(const Message& message) {
+    const bool isFirstKnown = IsEarlier(message.firstSent, message.sent);
+    const auto time = feed::ParseTime(isFirstKnown ? message.firstSent : message.sent);
+    return time ? feed::YearOf(*time) : 0;
 }
 
 int SeverityRank(const Message& message) {

@@ -1,59 +1,136 @@
 #include "downloader/nws/Source.h"
 
+#include <cstdlib>
+
+#include "downloader/feed/AlertMemoryFile.h"
 #include "downloader/feed/FeedXml.h"
 #include "downloader/feed/GazetteerFile.h"
 #include "downloader/feed/Request.h"
 #include "downloader/http/Fetch.h"
 #include "downloader/http/ResponseCache.h"
+#include "downloader/http/Retry.h"
 #include "downloader/http/StatusCodes.h"
 #include "downloader/nws/Addresses.h"
 #include "downloader/nws/Alerts.h"
 #include "downloader/nws/Stations.h"
+#include "downloader/nws/Zones.h"
 #include "win/CodePage.h"
+#include "win/Text.h"
 
 namespace nws {
 namespace {
 
-constexpr int kNotFound = 404;  // HTTP; for a point: it is not in the United States
+using http::Failure;
+using http::Response;
 
-http::Response Failure(int status) {
-    return {status, {}, {}};
-}
+constexpr int kNotFound = 404;         // HTTP; for a point: it is not in the United States
+constexpr std::int64_t kDay = 86'400;  // seconds
+
+// What a place that the service does not cover is told.
+constexpr char kUnknownPlace[] =
+    "The National Weather Service covers the United States and its territories, by ZIP code. This "
+    "place is unknown to it, so no alerts can be shown for the place. Remove the station on the "
+    "Stations page of the options, and search for a place nearby.";
 
 // Returns a document as a response, or kUnusableAnswer for nullopt.
-http::Response Success(std::optional<std::string> document) {
+Response Success(std::optional<std::string> document) {
     if (!document) return Failure(http::kUnusableAnswer);
-    return {http::kSuccess, *std::move(document), {}};
+    Response response;
+    response.status = http::kSuccess;
+    response.body = *std::move(document);
+    return response;
 }
 
-http::Response FetchJson(const std::string& address) {
+Response FetchJson(const std::string& address) {
     return http::FetchWithRetry(address, "application/geo+json");
 }
 
-http::Response FetchAlerts(const std::string& origin, const feed::Place& place) {
+// Finds the zones of a place, by its centre and by the places at its reach. The status is
+// kSuccess, or that of the failure; kNotFound when the centre is outside the United States.
+int FetchZones(const std::string& origin, const feed::Place& place, PlaceZones& zones) {
+    Response centre = FetchJson(PointAddress(origin, place));
+    if (centre.status != http::kSuccess) return centre.status;
+    auto own = ReadPointZones(std::move(centre.body));
+    if (!own || own->empty()) return http::kUnusableAnswer;
+    zones.own = zones.all = *std::move(own);
+    for (const feed::Place& edge : EdgesOf(place)) {
+        Response point = FetchJson(PointAddress(origin, edge));
+        if (point.status == kNotFound) continue;  // at sea, or across the border
+        if (point.status != http::kSuccess) return point.status;
+        const auto found = ReadPointZones(std::move(point.body));
+        if (!found) return http::kUnusableAnswer;
+        AddZones(zones.all, *found);
+    }
+    return http::kSuccess;
+}
+
+int FindZones(const std::string& origin, const feed::Place& place, PlaceZones& zones) {
+    constexpr std::int64_t kWeek = 7 * kDay;
+    const std::string key = "zones of " + PointAddress(origin, place);
+    if (const auto cached = http::FindCached(key, place.zipCode)) {
+        const auto known = UnpackZones(cached->text);
+        if (known) {
+            zones = *known;
+            return http::kSuccess;
+        }
+    }
+    const int status = FetchZones(origin, place, zones);
+    if (status == http::kSuccess) http::StoreCached(key, kWeek, PackZones(zones), place.zipCode);
+    return status;
+}
+
+// An answer about alerts, and the service's time.
+struct Alerts {
+    int status = 0;
+    std::string json;
+    std::int64_t now = 0;
+};
+
+// Returns the alerts for the zones. All stations that lie in them share the cached answer.
+Alerts FetchZoneAlerts(const std::string& address) {
     constexpr std::int64_t kLongest = 600;  // seconds, whatever max-age the service states
-    const std::string address = AlertsAddress(origin, place);
-    if (auto cached = http::FindCached(address)) return Success(std::move(cached));
-    http::Response answer = FetchJson(address);
-    if (answer.status != http::kSuccess) return answer;
-    const std::int64_t seconds = http::SecondsToCache(answer.cacheControl, kLongest);
-    auto document = BuildAlertDocument(std::move(answer.body), http::SecondsNow());
-    if (document) http::StoreCached(address, seconds, *document);
+    if (auto cached = http::FindCached(address)) {
+        std::string_view text = cached->text;
+        const std::int64_t served =
+            std::strtoll(std::string(win::TakeLine(text)).c_str(), nullptr, 10);
+        return {http::kSuccess, std::string(text), served + cached->age};
+    }
+    Response answer = FetchJson(address);
+    const std::int64_t now = http::ServerTime(answer).value_or(http::SecondsNow());
+    if (answer.status == http::kSuccess)
+        http::StoreCached(address, http::SecondsToCache(answer.cacheControl, kLongest),
+                          win::Decimal(now) + "\n" + answer.body);
+    return {answer.status, std::move(answer.body), now};
+}
+
+Response FetchAlerts(const std::string& origin, const feed::Place& place) {
+    PlaceZones zones;
+    const int status = FindZones(origin, place, zones);
+    if (status == kNotFound)
+        return Success(feed::BuildNotCoveredDocument(place.zipCode, kUnknownPlace));
+    if (status != http::kSuccess) return Failure(status);
+    Alerts alerts = FetchZoneAlerts(AlertsAddress(origin, zones.all));
+    if (alerts.status != http::kSuccess) return Failure(alerts.status);
+    constexpr double kDegree = 10'000;  // units of a gazetteer's coordinates
+    const AlertPlace alertPlace{
+        {place.latitude / kDegree, place.longitude / kDegree}, place.reach, zones.own};
+    feed::AlertMemory memory = feed::LoadAlertMemory();
+    auto document = BuildAlertDocument(std::move(alerts.json), alertPlace, memory, alerts.now);
+    if (document) feed::SaveAlertMemory(std::move(memory), alerts.now);
     return Success(std::move(document));
 }
 
-http::Response FetchStations(const std::string& origin, const feed::Place& place) {
-    constexpr std::int64_t kDay = 86400;  // seconds
+Response FetchStations(const std::string& origin, const feed::Place& place) {
     const std::string address = PointAddress(origin, place);
     // The document names the place, and several places can share a point.
     const std::string key = address + " " + std::string(place.zipCode);
-    if (auto cached = http::FindCached(key)) return Success(std::move(cached));
-    http::Response point = FetchJson(address);
+    if (auto cached = http::FindCached(key)) return Success(std::move(cached->text));
+    Response point = FetchJson(address);
     if (point.status == kNotFound) return Failure(http::kOutsideUnitedStates);
     if (point.status != http::kSuccess) return point;
     const auto stationsAddress = StationsAddress(origin, std::move(point.body));
     if (!stationsAddress) return Failure(http::kUnusableAnswer);
-    http::Response stations = FetchJson(*stationsAddress);
+    Response stations = FetchJson(*stationsAddress);
     if (stations.status != http::kSuccess) return stations;
     auto document = BuildStationDocument(std::move(stations.body), place);
     if (document && !http::ForbidsCaching(point.cacheControl + "," + stations.cacheControl))
@@ -68,7 +145,10 @@ http::Response Fetch(const std::string& url) {
     constexpr std::size_t kMostLocations = 50;
     const auto request = feed::ParseRequest(win::ToUtf8(win::ToWide(url)), "nws");
     if (!request) return Failure(http::kUnknownRequest);
-    if (request->isAbroad) return Failure(http::kOutsideUnitedStates);
+    if (request->isAbroad)
+        return request->kind == Kind::Alerts
+                   ? Success(feed::BuildNotCoveredDocument(request->text, kUnknownPlace))
+                   : Failure(http::kOutsideUnitedStates);
     const feed::GazetteerFile file(feed::GazetteerPath());
     const auto gazetteer = file.Open();
     if (!gazetteer) return Failure(http::kNoGazetteer);
@@ -76,7 +156,10 @@ http::Response Fetch(const std::string& url) {
         return Success(feed::BuildLocationDocument(
             feed::FindPlaces(*gazetteer, request->text, kMostLocations)));
     const auto place = feed::FindZipCode(*gazetteer, request->text);
-    if (!place) return Failure(http::kUnknownZipCode);
+    if (!place)
+        return request->kind == Kind::Alerts
+                   ? Success(feed::BuildNotCoveredDocument(request->text, kUnknownPlace))
+                   : Failure(http::kUnknownZipCode);
     return request->kind == Kind::Alerts ? FetchAlerts(request->origin, *place)
                                          : FetchStations(request->origin, *place);
 }

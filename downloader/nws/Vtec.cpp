@@ -46,11 +46,9 @@ bool EndsEvent(const Vtec& vtec) {
     return vtec.action == "CAN" || vtec.action == "UPG" || vtec.action == "EXP";
 }
 
-std::string EventId(const Vtec& vtec, int firstSent) {
-    int year = vtec.firstYear.value_or(firstSent);
-    if (firstSent == year - 1) year = firstSent;
-    const std::string digits = win::Decimal(100 + year % 100);
-    return std::string(vtec.event) + "." + digits.substr(1);
+int FirstYear(const Vtec& vtec, int firstSent) {
+    const int year = vtec.firstYear.value_or(firstSent);
+    return firstSent == year - 1 ? firstSent : year;
 }
 
 }  // namespace nws

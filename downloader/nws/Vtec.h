@@ -1,6 +1,5 @@
 #pragma once
 #include <optional>
-#include <string>
 #include <string_view>
 
 // The VTEC code (Valid Time Event Code), which identifies an event in all its messages, such as
@@ -20,10 +19,9 @@ std::optional<Vtec> ParseVtec(std::string_view text);
 // Whether the action ends the event: cancelled, upgraded to another event, or expired.
 bool EndsEvent(const Vtec& vtec);
 
-// Returns the event's identifier, "KTOP.TO.W.0045.26". Event numbers restart each year, so the year
-// in which the event began is part of it. Later messages no longer state that year; `firstSent`,
-// the year of the first known message (0: unknown), keeps the identifier of an event that continues
-// over New Year.
-std::string EventId(const Vtec& vtec, int firstSent);
+// Returns the year in which the event began, as far as one message shows it. Event numbers restart
+// each year. `firstSent` is the year of the first known message (0: unknown): messages of an event
+// that continues over New Year no longer state the year in which it began.
+int FirstYear(const Vtec& vtec, int firstSent);
 
 }  // namespace nws

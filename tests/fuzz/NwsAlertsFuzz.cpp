@@ -1,6 +1,8 @@
 #include "downloader/feed/Gazetteer.h"
 #include "downloader/feed/Json.h"
 #include "downloader/feed/Request.h"
+#include "downloader/feed/PlaceName.h"
+#include "downloader/http/Retry.h"
 #include "downloader/nws/Addresses.h"
 #include "downloader/nws/Alerts.h"
 #include "downloader/nws/Stations.h"
@@ -26,7 +28,10 @@ void CheckDocument(const std::optional<std::string>& xml, std::string_view end) 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
     const std::string json(text);
-    const auto alerts = nws::BuildAlertDocument(json, 1784138400);
+    constexpr std::int64_t kNow = 1784138400;
+    feed::AlertMemory memory(text);
+    const auto alerts = nws::BuildAlertDocument(json, {{39, -95.2}, 10, {"KSC045"}}, memory, kNow);
+    fuzz::Require(feed::AlertMemory(memory.Text(kNow)).Text(kNow) == memory.Text(kNow));
     CheckDocument(alerts, "</aws:alerts></aws:weather>\n");
     fuzz::Require(!alerts || feed::ReadJson(json, [](const feed::JsonItem&) {}));
     CheckDocument(nws::BuildStationDocument(json, {"66044", "Lawrence", "Kansas", 390000, -952000}),
@@ -34,11 +39,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (const auto address = nws::StationsAddress("https://h", json))
         fuzz::Require(address->starts_with("https://h/"));
     if (const auto request = feed::ParseRequest(text, "nws"))
-        fuzz::Require(request->origin.find_first_of("/@?\\ ", 8) == std::string::npos);
+        fuzz::Require(request->origin.find_first_of("@?\\ ", 8) == std::string::npos);
     if (const auto gazetteer = feed::OpenGazetteer(text)) {
         fuzz::Require(feed::FindPlaces(*gazetteer, "s", 50).size() <= 50);
         feed::FindZipCode(*gazetteer, "66044");
     }
-    feed::FoldName(text);
+    if (const auto zones = nws::ReadPointZones(json))
+        fuzz::Require(nws::AlertsAddress("h", *zones).find_first_of(" &/", 30) ==
+                      std::string::npos);
+    feed::OtherName(feed::FoldName(text));
+    http::ParseHttpDate(text);
     return 0;
 }

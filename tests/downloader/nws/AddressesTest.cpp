@@ -7,6 +7,13 @@
 namespace nws {
 namespace {
 
+TEST(Addresses, NameThePlace) {
+    const feed::Place place{"62701", "Springfield", "Illinois", 401234, -891000};
+    EXPECT_EQ(AlertsAddress("https://h", {"ILC167", "ILZ051"}),
+              "https://h/alerts/active?status=actual&zone=ILC167,ILZ051");
+    EXPECT_EQ(PointAddress("https://h", place), "https://h/points/40.1234,-89.1");
+}
+
 TEST(StationsAddress, StaysOnTheOrigin) {
     EXPECT_EQ(StationsAddress("o", Recorded("point-nyc.json")), "o/gridpoints/OKX/33,35/stations");
     EXPECT_FALSE(StationsAddress("o", Recorded("problem-outside-us.json")));

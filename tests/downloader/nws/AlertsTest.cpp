@@ -11,9 +11,19 @@ using Texts = std::vector<std::string>;
 
 const std::int64_t kNow = Time("2026-07-15T18:00:00Z");
 
-Texts Ids(const std::string& json, std::int64_t now = kNow) {
-    const auto xml = BuildAlertDocument(json, now);
-    return xml ? Elements(*xml, "id") : Texts{"no answer"};
+// A place in South Carolina, with zones from everywhere that the recorded answers name.
+AlertPlace Here() {
+    return {{34.1, -80.7}, 5, {"AZC013", "AZZ540", "GAZ117", "MDZ008", "SCC079", "WIZ005"}};
+}
+
+std::optional<std::string> Build(const std::string& json, std::int64_t now = kNow) {
+    feed::AlertMemory memory;
+    return BuildAlertDocument(json, Here(), memory, now);
+}
+
+Texts All(const char* name, const std::string& json, std::int64_t now = kNow) {
+    const auto xml = Build(json, now);
+    return xml ? Elements(*xml, name) : Texts{"no answer"};
 }
 
 std::string Vtec(const std::string& code) {
@@ -31,24 +41,55 @@ std::string Tornado(const std::string& action, const std::string& sent, Properti
 }
 
 TEST(BuildAlertDocument, ReadsRecordedAnswers) {
-    const std::tuple<const char*, const char*, Texts> cases[] = {
+    struct Case {
+        const char* file;
+        const char* now;
+        Texts titles;
+    };
+    const Case cases[] = {
         // The heat warning's message has expired, but its event continues.
-        {"alerts-point-2.json", "2024-07-19T10:30:00Z", {"KPSR.EH.W.0006.24", "30843E66739E"}},
-        {"alerts-point-2.json", "2024-07-20T10:00:00Z", {"KPSR.EH.W.0006.24"}},
+        {"alerts-point-2.json",
+         "2024-07-19T10:30:00Z",
+         {"Excessive Heat Warning", "Air Quality Alert"}},
+        {"alerts-point-2.json", "2024-07-20T10:00:00Z", {"Excessive Heat Warning"}},
         {"alerts-point-2.json", "2024-07-21T03:00:00Z", {}},
-        {"alerts-history-update-cancel-11.json", "2025-11-25T22:30:00Z", {}},
-        {"alerts-history-update-cancel-11.json",
-         "2025-11-20T14:55:00Z",
-         {"KMOB.FG.Y.0034.25", "KMOB.FG.Y.0031.25"}},
         {"alerts-with-test-8.json",
          "2023-09-13T02:20:00Z",
-         {"KEPZ.SV.W.0044.23", "KVEF.FF.W.0140.23", "KLWX.FA.A.0011.23", "KCHS.RP.S.0009.23",
-          "KGRB.FR.Y.0006.23", "KCAE.FA.Y.0075.23"}},
+         {"Flood Watch", "Rip Current Statement", "Frost Advisory", "Flood Advisory"}},
         {"problem-outside-us.json", "2024-07-19T10:30:00Z", {"no answer"}},
         {"stations-nyc-41.json", "2024-07-19T10:30:00Z", {"no answer"}},
     };
-    for (const auto& [file, now, ids] : cases)
-        EXPECT_EQ(Ids(Recorded(file), Time(now)), ids) << file << " " << now;
+    for (const Case& c : cases)
+        EXPECT_EQ(All("title", Recorded(c.file), Time(c.now)), c.titles) << c.file << " " << c.now;
+}
+
+TEST(BuildAlertDocument, ReportsWhatConcernsThePlace) {
+    const std::string near =
+        R"({"type":"Polygon","coordinates":[[[-80,34],[-80,34.2],[-80.66,34.1]]]})";
+    const std::string far =
+        R"({"type":"Polygon","coordinates":[[[-80,34],[-80,34.2],[-80.6,34.1]]]})";
+    const std::string both = R"({"type":"MultiPolygon","coordinates":[[[[0,0],[0,1],[1,1]]],)"
+                             R"([[[-80,34,9],[-80,34.2,9],[-80.9,34.1,9]]]]})";
+    const std::string ours = R"({"UGC":["SCC001","SCC079"]})";
+    const std::string theirs = R"({"UGC":["SCC001"]})";
+    const struct {
+        std::string geometry;
+        std::string geocode;
+        std::size_t count;
+    } kCases[] = {{"null", ours, 1},
+                  {"null", theirs, 0},
+                  {"null", "{}", 1},
+                  {near, theirs, 1},
+                  {far, ours, 0},
+                  {both, theirs, 1},
+                  {R"({"type":"Point","coordinates":[0,0]})", ours, 1}};
+    for (const auto& c : kCases)
+        EXPECT_EQ(All("id", Answer({Feature({{"geocode", c.geocode}}, c.geometry)})).size(),
+                  c.count)
+            << c.geometry << c.geocode;
+    EXPECT_EQ(
+        All("id", Answer({Feature({{"affectedZones", R"(["https://h/zones/county/SCC001"])"}})})),
+        Texts{});
 }
 
 TEST(BuildAlertDocument, OmitsTestsAndEndedEvents) {
@@ -75,35 +116,7 @@ TEST(BuildAlertDocument, OmitsTestsAndEndedEvents) {
         {Feature({{"headline", "null"}, {"description", "null"}, {"event", "null"}}), true},
     };
     for (const auto& [feature, isKept] : cases)
-        EXPECT_EQ(Ids(Answer({feature})).size(), isKept ? 1u : 0u) << feature;
-}
-
-TEST(BuildAlertDocument, KeepsOneIdentifierPerEvent) {
-    constexpr char kBefore[] = R"([{"identifier":"urn:oid:9","sent":"2025-12-31T20:00:00Z"}])";
-    for (const auto& [code, sent, references, id] :
-         {std::tuple{"/O.NEW.KTOP.TO.W.0045.260715T1700Z-260715T2100Z/", "2026-07-15", "[]",
-                     "KTOP.TO.W.0045.26"},
-          {"/O.CON.KTOP.TO.W.0045.000000T0000Z-260715T2100Z/", "2026-07-15", "[]",
-           "KTOP.TO.W.0045.26"},
-          // Over New Year: new, continued, without an end.
-          {"/O.NEW.KTOP.WS.W.0099.251231T2200Z-260101T1200Z/", "2025-12-31", "[]",
-           "KTOP.WS.W.0099.25"},
-          {"/O.CON.KTOP.WS.W.0099.000000T0000Z-260101T1200Z/", "2026-01-01", kBefore,
-           "KTOP.WS.W.0099.25"},
-          {"/O.CON.KTOP.FL.W.0099.000000T0000Z-000000T0000Z/", "2026-01-01", kBefore,
-           "KTOP.FL.W.0099.25"},
-          {"not a code", "2026-07-15", "[]", "2232BD87F25F"},
-          {"", "2026-07-15",
-           R"([{"sent":"2026-07-15T01:00:00Z","identifier":"urn:oid:2"},)"
-           R"({"sent":"2026-07-14T19:00:00-05:00","identifier":"urn:oid:1"}])",
-           "2232BD87F25F"}})
-        EXPECT_EQ(Ids(Answer({Feature({{"id", references[1] == ']' ? "urn:oid:1" : "urn:oid:5"},
-                                       {"parameters", Vtec(code)},
-                                       {"references", references},
-                                       {"sent", std::string(sent) + "T18:00:00Z"},
-                                       {"expires", "null"}})})),
-                  Texts{id})
-            << code << references;
+        EXPECT_EQ(All("id", Answer({feature})).size(), isKept ? 1u : 0u) << feature;
 }
 
 TEST(BuildAlertDocument, ReportsEachEventOnceByItsNewestMessage) {
@@ -125,14 +138,15 @@ TEST(BuildAlertDocument, ReportsEachEventOnceByItsNewestMessage) {
         {{cancelledInPart, updated}, {"updated"}},
         {{update, statement, update}, {"update"}},
         {{statement, test}, {"statement"}},
-        {{Feature({{"id", "null"}, {"headline", "one"}, {"areaDesc", "here"}}),
-          Feature({{"id", "null"}, {"headline", "two"}, {"areaDesc", "there"}})},
-         {"one\n\nhere", "two\n\nthere"}},
+        {{Feature({{"id", "null"}, {"headline", "one"}, {"severity", "Severe"}}),
+          Feature({{"id", "null"}, {"headline", "two"}})},
+         {"one", "two"}},
     };
-    for (const auto& [features, bodies] : cases) {
-        const auto xml = BuildAlertDocument(Answer(features), kNow);
-        ASSERT_TRUE(xml);
-        EXPECT_EQ(Elements(*xml, "html-msg-body"), bodies);
+    for (const auto& [features, headlines] : cases) {
+        const Texts bodies = All("html-msg-body", Answer(features));
+        ASSERT_EQ(bodies.size(), headlines.size());
+        for (std::size_t i = 0; i < bodies.size(); ++i)
+            EXPECT_NE(bodies[i].find("\n\n" + headlines[i]), std::string::npos) << bodies[i];
     }
 }
 
@@ -149,31 +163,32 @@ TEST(BuildAlertDocument, SortsBySeverityExceptForTitleEndings) {
                                                    {"7", "null", "Nonsense"}})
         features.push_back(Feature(
             {{"id", title}, {"event", title}, {"severity", severity}, {"urgency", urgency}}));
-    const auto xml = BuildAlertDocument(Answer(features), kNow);
-    ASSERT_TRUE(xml);
-    EXPECT_EQ(Elements(*xml, "title"),
+    EXPECT_EQ(All("title", Answer(features)),
               (Texts{"1", "2", "3", "4", "5", "Storm 3", "Big Storm 3", "6", "7"}));
 }
 
-TEST(BuildAlertDocument, EscapesEveryText) {
-    const auto xml = BuildAlertDocument(
+TEST(BuildAlertDocument, WritesEveryText) {
+    const std::string json =
         Answer({Feature({{"event", R"(Wind <b>&\"it's\"</b> \ud83c\udf2a)"},
-                         {"headline", R"(tab\there \u0000\u0007\u001f\uffff\ufffe.)"},
+                         {"headline", R"(here \u0000\u0007\u001f\uffff\ufffe.)"},
                          {"areaDesc", "]]>"},
-                         {"description", R"(Łódź \r\n 2)"},
-                         {"instruction", R"(\u007f\u0085)"}})}),
-        kNow);
-    ASSERT_TRUE(xml);
-    EXPECT_EQ(Elements(*xml, "title"),
+                         {"description", R"(Łódź: a flash\nflood warning\n\n* one\n* two)"},
+                         {"instruction", R"(\u007f\u0085)"},
+                         {"severity", "Minor"},
+                         {"urgency", "null"}})});
+    EXPECT_EQ(All("title", json),
               Texts{"Wind &lt;b&gt;&amp;&quot;it's&quot;&lt;/b&gt; \xF0\x9F\x8C\xAA"});
-    EXPECT_EQ(Elements(*xml, "html-msg-body"),
-              Texts{"tab\there      .\n\n]]&gt;\n\nŁódź  \n 2\n\n\x7F\xC2\x85"});
+    EXPECT_EQ(All("html-msg-body", json),
+              Texts{"Wind &lt;b&gt;&amp;&quot;it's&quot;&lt;/b&gt; \xF0\x9F\x8C\xAA\n\nhere      "
+                    ".\n\n]]&gt;"
+                    "\n\nŁódź: a flash flood warning\n\n* one\n* two\n\n\x7F\xC2\x85\n\n"
+                    "Severity: Minor. Urgency: Unknown. Certainty: Unknown."});
 }
 
 TEST(BuildAlertDocument, RejectsIncompleteLists) {
     const std::string whole = Answer({Feature({})});
-    EXPECT_EQ(Ids(whole).size(), 1u);
-    EXPECT_EQ(Ids(Answer({})), Texts{});
+    EXPECT_EQ(All("id", whole).size(), 1u);
+    EXPECT_EQ(All("id", Answer({})), Texts{});
     for (const std::string& json :
          {std::string("<html><body>Reference #18.2d351ab8</body></html>"),
           whole.substr(0, whole.size() - 1), "[" + whole + "]", std::string("null"),
@@ -182,7 +197,7 @@ TEST(BuildAlertDocument, RejectsIncompleteLists) {
           std::string(R"({"type":"FeatureCollection","features":{}})"),
           std::string(R"({"features":[]})"), Answer({"null"}), Answer({"[]"}), Answer({"{}"}),
           Answer({R"({"properties":null})"})})
-        EXPECT_FALSE(BuildAlertDocument(json, kNow)) << json;
+        EXPECT_FALSE(Build(json)) << json;
 }
 
 }  // namespace

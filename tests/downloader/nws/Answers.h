@@ -23,7 +23,7 @@ inline std::int64_t Time(const char* text) {
 // Properties by name. A value is JSON if it is null, a string, a list or an object, otherwise text.
 using Properties = std::map<std::string, std::string>;
 
-inline std::string Feature(Properties properties) {
+inline std::string Feature(Properties properties, const std::string& geometry = "null") {
     properties.insert({{"id", "urn:oid:1"},
                        {"status", "Actual"},
                        {"messageType", "Alert"},
@@ -37,7 +37,7 @@ inline std::string Feature(Properties properties) {
         json += (json.empty() ? "\"" : ",\"") + name + "\":";
         json += isJson ? value : "\"" + value + "\"";
     }
-    return R"({"type":"Feature","geometry":null,"properties":{)" + json + "}}";
+    return R"({"type":"Feature","geometry":)" + geometry + R"(,"properties":{)" + json + "}}";
 }
 
 inline std::string Answer(const std::vector<std::string>& features) {

@@ -1,0 +1,113 @@
+#include "downloader/nws/Identity.h"
+
+#include <algorithm>
+#include <map>
+#include <numeric>
+
+#include "downloader/feed/IsoTime.h"
+#include "downloader/nws/Tier.h"
+#include "downloader/nws/Vtec.h"
+#include "win/Text.h"
+
+namespace nws {
+namespace {
+
+using feed::AlertMemory;
+using feed::KnownEvent;
+
+void AppendWithoutSpaces(std::string& squeezed, std::string_view text) {
+    for (const char c : text)
+        if (static_cast<unsigned char>(c) > ' ') squeezed += c;
+}
+
+// What the message says, without regard to how its lines are broken.
+std::string TextKey(const Message& message) {
+    std::string key(message.event);
+    key.append("\n").append(message.senderName).append("\n");
+    const std::size_t head = key.size();
+    AppendWithoutSpaces(key, message.description);
+    AppendWithoutSpaces(key, message.instruction);
+    if (key.size() == head)
+        for (const std::string_view text : {message.headline, message.area, message.sent})
+            AppendWithoutSpaces(key, text);
+    return key;
+}
+
+std::string EventOfYear(const Vtec& vtec, int year) {
+    return std::string(vtec.event) + "." + win::Decimal(year);
+}
+
+// The numbers of events begin anew each year. Messages that come later no longer name the year in
+// which the event began; the messages before them do, as far as they are remembered.
+KnownEvent EventOfVtec(const Vtec& vtec, const Message& message, const AlertMemory& memory) {
+    const auto recall = [&](std::string_view identifier) -> const KnownEvent* {
+        const KnownEvent* const known = memory.Find(identifier);
+        const bool isSame =
+            known && known->identity == feed::ShortIdentity(EventOfYear(vtec, known->year));
+        return isSame ? known : nullptr;
+    };
+    if (const KnownEvent* const known = recall(message.identifier)) return *known;
+    for (const std::string_view replaced : message.replaced)
+        if (const KnownEvent* const known = recall(replaced)) return *known;
+    const int year = FirstYear(vtec, FirstSentYear(message));
+    return {feed::ShortIdentity(EventOfYear(vtec, year)), year, 0};
+}
+
+// An update inherits the event of a message that it replaces. A message that replaces none may
+// repeat another's text, and is the same alert then.
+KnownEvent EventOfText(const Message& message, const AlertMemory& memory) {
+    const auto recall = [&](std::string_view key) -> const KnownEvent* {
+        const KnownEvent* const known = key.empty() ? nullptr : memory.Find(key);
+        return known && known->year == 0 ? known : nullptr;
+    };
+    if (const KnownEvent* const known = recall(message.identifier)) return *known;
+    for (const std::string_view replaced : message.replaced)
+        if (const KnownEvent* const known = recall(replaced)) return *known;
+    const std::string text = TextKey(message);
+    if (const KnownEvent* const known = recall(text)) return *known;
+    return {feed::ShortIdentity(text), 0, 0};
+}
+
+std::vector<std::size_t> ByTime(const std::vector<Message>& messages) {
+    std::vector<std::size_t> order(messages.size());
+    std::iota(order.begin(), order.end(), 0u);
+    std::vector<std::int64_t> sent;
+    for (const Message& message : messages)
+        sent.push_back(feed::ParseTime(message.sent).value_or(INT64_MIN));
+    std::stable_sort(order.begin(), order.end(),
+                     [&](std::size_t left, std::size_t right) { return sent[left] < sent[right]; });
+    return order;
+}
+
+}  // namespace
+
+std::vector<KnownEvent> IdentifyEvents(const std::vector<Message>& messages, AlertMemory& memory,
+                                       std::int64_t now) {
+    std::vector<KnownEvent> events(messages.size());
+    std::map<std::string, int> tiers;
+    // An answer may hold messages that name one another: the earlier ones are remembered first.
+    for (const std::size_t at : ByTime(messages)) {
+        const Message& message = messages[at];
+        if (!IsActual(message)) continue;
+        KnownEvent& event = events[at];
+        event = message.vtec ? EventOfVtec(*message.vtec, message, memory)
+                             : EventOfText(message, memory);
+        const KnownEvent* const known = memory.Find(event.identity);
+        int& tier = tiers[event.identity];
+        tier = std::max({tier, event.tier, known ? known->tier : 0,
+                         IsEnd(message) ? 0 : static_cast<int>(TierOf(message))});
+        event.tier = tier;
+        memory.Remember(event.identity, event, now);
+        if (!message.identifier.empty()) memory.Remember(message.identifier, event, now);
+        if (!message.vtec) memory.Remember(TextKey(message), event, now);
+    }
+    for (KnownEvent& event : events) event.tier = tiers[event.identity];
+    return events;
+}
+
+std::string AlertIdentifier(const KnownEvent& event) {
+    if (event.tier == 0) return event.identity;
+    return feed::ShortIdentity(event.identity + "/" + win::Decimal(event.tier));
+}
+
+}  // namespace nws

@@ -1,0 +1,20 @@
+#pragma once
+#include <string>
+#include <string_view>
+
+#include "downloader/nws/Messages.h"
+
+// How far the service has raised a warning above an ordinary one, and the title that says so.
+namespace nws {
+
+// Each is worth an alert of its own.
+enum class Tier { None, Observed, Considerable, Highest };
+
+// The tier of the message, by the threat tags among its parameters.
+Tier TierOf(const Message& message);
+
+// The title of the message's alert: the event, or a short name of its tier. At most 30 characters,
+// because a caption of the menu is cut at 40 and the place follows the title.
+std::string Title(const Message& message);
+
+}  // namespace nws
