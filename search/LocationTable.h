@@ -5,7 +5,7 @@
 
 #include "win/XmlAttribute.h"
 
-// The locations that the feed found for a name, and the place that each one stands for.
+// The locations that the feed found for a name, and the place of each.
 namespace search {
 
 struct Location {

@@ -1,4 +1,4 @@
-"""The Options dialog as a person uses it; its controls go by their names in options/resource.h."""
+"""Drives the Options dialog as the user does. Controls have their names in options/resource.h."""
 
 import pathlib
 import re
@@ -10,7 +10,7 @@ from harness import click, find_windows, stays, wait_until
 OPTIONS = "Options - Skyvane Alerts"
 RESOURCES = (pathlib.Path(__file__).parents[2] / "options/resource.h").read_text(encoding="utf-8")
 NUMBERS = {name: int(number) for name, number in re.findall(r"#define frmOptions_(\w+) (\d+)", RESOURCES)}
-# A control that each page has for itself.
+# A control that only this page has.
 MARKS = {"General": "Check4", "Stations": "Command6", "AlertFilters": "Text3", "TrayIcon": "Image4",
          "TrayAlerts": "cmdTest", "Internet": "Text1"}
 # Pixels, at the screen's 96 per inch: how far right each page's tab is, and a row of a list.
@@ -23,8 +23,7 @@ def answer_yes():
 
 
 def type_into(find_box, text):
-    """Types the text in place of what stands in the box; again if nothing comes of it, for the window
-    manager may be late to give the keyboard."""
+    """Replaces the text of a box. Tries again because the window manager may set the keyboard focus late."""
     for _ in range(5):
         click(*wait_until(find_box, "the box").center())
         for key in ("Home", "shift+End", "BackSpace"):
@@ -32,7 +31,7 @@ def type_into(find_box, text):
         type_text(text)
         if not stays(lambda: find_box().text != text, 2):
             return
-    raise AssertionError(f"{text!r} does not come into the box")
+    raise AssertionError(f"{text!r} does not appear in the box")
 
 
 def answer_by_text(title, text, button):
@@ -46,7 +45,7 @@ def answer_by_text(title, text, button):
 
 
 class Options(Dialog):
-    """`named` and `push` go by the last look: looking takes the tenth of a second that a click does not."""
+    """`named` and `push` use the result of the last `look`, because looking takes a tenth of a second."""
 
     def __init__(self):
         super().__init__(OPTIONS)

@@ -1,4 +1,4 @@
-"""The ways to the Options dialog, and what happens around it."""
+"""The ways to open the Options dialog, and its use during a retrieval."""
 
 import pytest
 
@@ -37,7 +37,7 @@ def test_each_way_opens_the_dialog_on_its_page(make_watcher, browser, way):
     options = Options()
     assert options.page() == shown
     assert program.store.read("Options", "LastOption") == shown
-    if way == "menu":  # a second opening brings the same one to the front, on the page that is wanted
+    if way == "menu":  # a second opening brings the dialog to the front, on the requested page
         choose(program, "View Weather", "Add New Station...", stations=["L"])
         wait_until(lambda: options.page() == "Stations", "the Stations page")
         assert len(find_windows(DIALOG, OPTIONS)) == 1
@@ -50,7 +50,7 @@ def test_each_way_opens_the_dialog_on_its_page(make_watcher, browser, way):
     assert program.answers()
 
 
-def test_apply_in_the_middle_of_a_retrieval(make_watcher, feed, browser):
+def test_apply_during_a_retrieval(make_watcher, feed, browser):
     feed.serve("66044", TORNADO)
     feed.serve("064321")
     gate = feed.hold("66044")
@@ -58,7 +58,7 @@ def test_apply_in_the_middle_of_a_retrieval(make_watcher, feed, browser):
     program.start()
     stations = ["L", "P"]
     choose(program, "Retrieve Severe Alerts", stations=stations)
-    wait_until(lambda: feed.codes() == ["66044"], "the first station is asked for")
+    wait_until(lambda: feed.codes() == ["66044"], "the first station is requested")
     choose(program, "Options", stations=stations)
     options = Options()
     options.click("Remove Station")
@@ -71,7 +71,7 @@ def test_apply_in_the_middle_of_a_retrieval(make_watcher, feed, browser):
     choose(program, "View Weather", "Paris", stations=["Paris"])
     browser.wait_for(station_page("064321"))
     gate.set()
-    wait_until(program.last_updated, "the cycle's end")
+    wait_until(program.last_updated, "the cycle ends")
     assert feed.codes() == ["66044", "064321"], "the shorter list made the cycle skip a station"
     assert program.answers()
     assert not message_boxes()

@@ -19,7 +19,7 @@ class OptionsDialogTest : public OptionsFormTest {
 INSTANTIATE_TEST_SUITE_P(EitherStore, OptionsDialogTest,
                          testing::Values(kUseIniStore, kUseRegistryStore));
 
-TEST_P(OptionsDialogTest, WritesNoMoreThanItMust) {
+TEST_P(OptionsDialogTest, WritesOnlyTheChangedPage) {
     struct Case {
         Act change;
         std::map<std::string, std::string> written;
@@ -55,7 +55,7 @@ TEST_P(OptionsDialogTest, WritesNoMoreThanItMust) {
             EXPECT_TRUE(CanApply(dialog));
             Click(dialog, frmOptions_ApplyButton);
             EXPECT_FALSE(CanApply(dialog));
-            EXPECT_TRUE(IsWindowEnabled(GetFocus())) << "the keyboard is lost";
+            EXPECT_TRUE(IsWindowEnabled(GetFocus())) << "no control has the keyboard focus";
         });
         for (const auto& [key, value] : c.written) expected[key] = value;
         EXPECT_EQ(Stored(), expected);
@@ -73,7 +73,7 @@ TEST_P(OptionsDialogTest, WritesNothingWithoutAChangeOrAfterCancel) {
     EXPECT_EQ(Stored(), before);
 }
 
-TEST_P(OptionsDialogTest, ShowsWhatItCouldNotHaveStored) {
+TEST_P(OptionsDialogTest, ShowsUnknownValues) {
     WriteSetting(kPause30SecondsOnStartup, "true");
     WriteSetting(kTrayAlertSound, "Gone.wav");
     WriteSetting(kLastOption, "Gone");
@@ -84,7 +84,7 @@ TEST_P(OptionsDialogTest, ShowsWhatItCouldNotHaveStored) {
     });
 }
 
-TEST_P(OptionsDialogTest, RunsTheClock) {
+TEST_P(OptionsDialogTest, StartsAndStopsTheClock) {
     WithDialog([](HWND dialog) {
         for (const char* interval : {"Every 5 minutes", "Never"}) {
             Choose(dialog, frmOptions_Combo2, interval);
@@ -96,7 +96,7 @@ TEST_P(OptionsDialogTest, RunsTheClock) {
     });
 }
 
-TEST_P(OptionsDialogTest, StoresEachOptionThatIsChangedAlone) {
+TEST_P(OptionsDialogTest, StoresEachChangedOption) {
     const auto click = [](int control) { return [=](HWND dialog) { Click(dialog, control); }; };
     const auto choose = [](int control, const char* text) {
         return [=](HWND dialog) { Choose(dialog, control, text); };
@@ -147,7 +147,7 @@ TEST_P(OptionsDialogTest, StoresEachOptionThatIsChangedAlone) {
     win::DeleteFolder(State().programFolder + "\\Users");
 }
 
-TEST_F(OptionsFormTest, RemovesNothingThatIsNotToBeRemoved) {
+TEST_F(OptionsFormTest, RemovesNothingAfterNoOrCancel) {
     UseStations({"1", "2"});
     WriteSetting(kAlertFilters, "a");
     WithDialog([](HWND dialog) {
@@ -161,7 +161,7 @@ TEST_F(OptionsFormTest, RemovesNothingThatIsNotToBeRemoved) {
     });
 }
 
-TEST_F(OptionsFormTest, LetsAStationFileThatCannotBeWrittenBeAppliedAgain) {
+TEST_F(OptionsFormTest, KeepsApplyAfterAFailedStationWrite) {
     UseStations({"1", "2"});
     const std::string path = stations::StationFilePath();
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
@@ -220,7 +220,7 @@ TEST_F(OptionsFormTest, WaitsForUnreadSettings) {
     });
 }
 
-TEST_P(OptionsDialogTest, GoesOnWithoutADataFolder) {
+TEST_P(OptionsDialogTest, WorksWithoutADataFolder) {
     UseStations({"1", "2"});
     const std::string appData = win::Environment("APPDATA");
     SetEnvironmentVariableA("APPDATA", "Z:\\no\\such");

@@ -16,13 +16,13 @@
 #include "win/ListItems.h"
 #include "win/MessageLoop.h"
 
-// Works the Options dialog from inside its process.
+// Drives the Options dialog from inside its process.
 namespace options {
 
 using Act = std::function<void(HWND dialog)>;
 inline Act act;
 
-// Finds a control on whichever page it stands.
+// Finds a control on any page.
 inline HWND Find(HWND dialog, int control) {
     if (const HWND found = GetDlgItem(dialog, control)) return found;
     for (HWND page = GetWindow(dialog, GW_CHILD); page; page = GetWindow(page, GW_HWNDNEXT))
@@ -52,8 +52,7 @@ inline bool CanApply(HWND dialog) {
     return IsWindowEnabled(Find(dialog, frmOptions_ApplyButton));
 }
 
-// Another program on the screen may show a dialog of the same name: only this thread's windows
-// count.
+// Another program may show a dialog with the same title, so only this thread's windows count.
 inline BOOL CALLBACK TakeOptionsDialog(HWND window, LPARAM found) {
     if (win::WindowText(window) == "Options - Skyvane Alerts" && IsWindowVisible(window))
         *reinterpret_cast<HWND*>(found) = window;
@@ -79,7 +78,7 @@ inline void CALLBACK AnswerQuestions(HWND, UINT, UINT_PTR, DWORD) {
                       reinterpret_cast<LPARAM>(OptionsDialog()));
 }
 
-// Clicks, and answers every box that comes up by this with a button.
+// Clicks a control and answers every message box that it opens by pressing `button`.
 inline void ClickAndAnswer(HWND dialog, int control, int button) {
     answer = button;
     const UINT_PTR timer = SetTimer(nullptr, 0, 1, AnswerQuestions);
@@ -95,7 +94,7 @@ inline void CALLBACK RunAct(HWND, UINT, UINT_PTR timer, DWORD) {
     if (IsWindow(dialog)) Click(dialog, frmOptions_Command2);
 }
 
-// Opens the dialog, does something to it, and cancels it if it is still open.
+// Opens the dialog, runs `what` on it, and cancels it if it is still open.
 inline void WithDialog(Act what) {
     act = std::move(what);
     SetTimer(nullptr, 0, 1, RunAct);
