@@ -27,7 +27,6 @@ set(portableSources
   downloader/nws/Tier.cpp
   downloader/nws/Vtec.cpp
   downloader/nws/Zones.cpp
-  options/OptionsRules.cpp
   search/LocationTable.cpp
   search/MapPage.cpp
   search/StationTable.cpp

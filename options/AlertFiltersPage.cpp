@@ -1,12 +1,13 @@
 #include <algorithm>
+#include <string>
+#include <vector>
 
-#include "options/OptionsRules.h"
 #include "options/Pages.h"
 #include "options/resource.h"
 #include "settings/IniOpenSave.h"
 #include "settings/MessageBoxes.h"
-#include "win/ListItems.h"
 #include "win/Dialog.h"
+#include "win/ListItems.h"
 #include "win/ListView.h"
 #include "win/Text.h"
 
@@ -24,11 +25,12 @@ bool ShowsOnly(HWND page) {
     return win::IsChecked(page, frmOptions_Option6);
 }
 
-bool IsShowOnlyStored() {
-    return ReadFlag(kShowFilteredWords);
+// Returns a word as the list shows it.
+std::string QuoteWord(std::string_view word) {
+    return std::string("\"").append(word).append("\"");
 }
 
-// Makes room to scroll to the end of the longest phrase.
+// Lets the list scroll to the end of the longest phrase.
 void FitScrollRange(HWND page) {
     const win::ListControl list = List2(page);
     const win::TextMeter meter(list.window);
@@ -38,7 +40,7 @@ void FitScrollRange(HWND page) {
     SendMessageA(list.window, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
 }
 
-void ShowListChange(HWND page) {
+void UpdateList(HWND page) {
     FitScrollRange(page);
     win::EnableControl(page, frmOptions_Command10, win::CountItems(List2(page)) > 0);
 }
@@ -47,11 +49,11 @@ void Command9_Click(HWND page) {
     const std::string word(win::TrimSpaces(win::ControlText(page, frmOptions_Text3)));
     win::SetControlText(page, frmOptions_Text3, word);
     if (word.empty()) return;
-    MarkChanged(Page::AlertFilters);
-    const std::string entry = QuotedWord(word);
+    MarkChanged(page);
+    const std::string entry = QuoteWord(word);
     if (win::FindItem(List2(page), entry) < 0) win::AddItem(List2(page), entry);
     win::SetControlText(page, frmOptions_Text3, "");
-    ShowListChange(page);
+    UpdateList(page);
     SetFocus(GetDlgItem(page, frmOptions_Text3));
 }
 
@@ -63,19 +65,17 @@ void Command10_Click(HWND page) {
     for (int i = win::CountItems(list) - 1; i >= 0; --i)
         if (SendMessageA(list.window, LB_GETSEL, static_cast<WPARAM>(i), 0) > 0)
             win::RemoveItem(list, i);
-    MarkChanged(Page::AlertFilters);
-    ShowListChange(page);
+    MarkChanged(page);
+    UpdateList(page);
 }
 
-// Enter in the word box adds the word instead of closing the dialog.
-void MakeAddTheDefault(HWND page, bool isDefault) {
+// Lets Enter in the word box add the word instead of closing the dialog.
+void SetAddAsDefault(HWND page, bool isDefault) {
     const HWND dialog = GetParent(page);
     SendMessageA(dialog, DM_SETDEFID, isDefault ? frmOptions_Command9 : IDOK, 0);
 }
 
-}  // namespace
-
-INT_PTR CALLBACK AlertFiltersProcedure(HWND page, UINT message, WPARAM wParam, LPARAM) {
+INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
     if (message != WM_COMMAND) return FALSE;
     const UINT event = HIWORD(wParam);
     switch (LOWORD(wParam)) {
@@ -87,37 +87,42 @@ INT_PTR CALLBACK AlertFiltersProcedure(HWND page, UINT message, WPARAM wParam, L
             return TRUE;
         case frmOptions_Option6:
         case frmOptions_OptionIgnore:
-            // A radio button may say that it is clicked when Tab leads to it.
-            if (event == BN_CLICKED && ShowsOnly(page) != IsShowOnlyStored())
-                MarkChanged(Page::AlertFilters);
+            // A radio button may also report a click when it gets the keyboard focus.
+            if (event == BN_CLICKED && ShowsOnly(page) != ReadFlag(kShowFilteredWords))
+                MarkChanged(page);
             return TRUE;
         case frmOptions_Text3:
-            if (event == EN_SETFOCUS) MakeAddTheDefault(page, true);
-            if (event == EN_KILLFOCUS) MakeAddTheDefault(page, false);
+            if (event == EN_SETFOCUS) SetAddAsDefault(page, true);
+            if (event == EN_KILLFOCUS) SetAddAsDefault(page, false);
             return TRUE;
         default:
             return FALSE;
     }
 }
 
-void LoadAlertFilters(HWND page) {
+void Load(HWND page) {
     const win::ListControl list = List2(page);
     SendMessageA(list.window, WM_SETREDRAW, FALSE, 0);
     for (const std::string& word : win::Split(ReadSetting(kAlertFilters), kFilterSeparator))
-        win::AddItem(list, QuotedWord(word));
+        win::AddItem(list, QuoteWord(word));
     SendMessageA(list.window, WM_SETREDRAW, TRUE, 0);
-    ShowListChange(page);
+    UpdateList(page);
     CheckRadioButton(page, frmOptions_Option6, frmOptions_OptionIgnore,
-                     IsShowOnlyStored() ? frmOptions_Option6 : frmOptions_OptionIgnore);
+                     ReadFlag(kShowFilteredWords) ? frmOptions_Option6 : frmOptions_OptionIgnore);
 }
 
-void ApplyAlertFilters(HWND page) {
+void Apply(HWND page) {
     const win::ListControl list = List2(page);
     std::vector<std::string> entries;
     entries.reserve(static_cast<std::size_t>(win::CountItems(list)));
     for (int i = 0; i < win::CountItems(list); ++i) entries.push_back(win::ItemText(list, i));
-    WriteSetting(kAlertFilters, JoinFilterWords(entries));
+    WriteSetting(kAlertFilters, win::ReplaceAll(win::Join(entries, kFilterSeparator), "\"", ""));
     WriteFlag(kShowFilteredWords, ShowsOnly(page));
 }
+
+}  // namespace
+
+const PageEntry kAlertFiltersPage{"Alert Filters", IDD_AlertFiltersFrame, HandleMessage, Load,
+                                  Apply};
 
 }  // namespace options

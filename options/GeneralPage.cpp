@@ -1,12 +1,15 @@
+#include <utility>
+
 #include "options/Pages.h"
+#include "options/PlainControls.h"
 #include "options/resource.h"
 #include "settings/Folders.h"
-#include "settings/IniOpenSave.h"
+#include "settings/MessageBoxes.h"
 #include "settings/ProgramState.h"
 #include "settings/modRegistry.h"
 #include "tray/MinuteClock.h"
-#include "win/ListItems.h"
 #include "win/Dialog.h"
+#include "win/ListItems.h"
 
 namespace options {
 
@@ -14,17 +17,15 @@ using namespace settings;
 
 namespace {
 
-// Whether Check28 says another location than the one that was in effect when it was last clicked.
-bool storeLocationChanged = false;
+constexpr PlainControl kControls[] = {
+    {frmOptions_Check4, kRetrieveAlertsOnStartup, kFalse},
+    {frmOptions_Check5, kPause30SecondsOnStartup, kFalse},
+    {frmOptions_Check3, kStartWithWindows, kFalse},
+    {frmOptions_Check28, kStoreFilesInProgramFolder, kFalse},
+    {frmOptions_Combo2, kAutoUpdateInterval, "", &ProgramState::autoUpdateInterval}};
 
-struct CheckSetting {
-    int control;
-    const Setting& setting;
-};
-constexpr CheckSetting kChecks[] = {{frmOptions_Check4, kRetrieveAlertsOnStartup},
-                                    {frmOptions_Check5, kPause30SecondsOnStartup},
-                                    {frmOptions_Check3, kStartWithWindows},
-                                    {frmOptions_Check28, kStoreFilesInProgramFolder}};
+// Whether the last click on Check28 chose another location than the one in effect at that moment.
+bool storeLocationChanged = false;
 
 void ApplyStartWithWindows(bool start) {
     if (start)
@@ -35,55 +36,51 @@ void ApplyStartWithWindows(bool start) {
 }
 
 void ApplyInterval(const std::string& interval) {
-    if (interval.empty()) return;  // the stored one is none of the choices and stays
-    WriteSetting(kAutoUpdateInterval, interval);
-    State().autoUpdateInterval = interval;
     if (interval == kNever)
         tray::StopMinuteClock();
-    else
+    else if (!interval.empty())
         tray::StartMinuteClock();
+}
+
+INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
+    if (message != WM_COMMAND) return FALSE;
+    if (wParam == MAKEWPARAM(frmOptions_Check28, BN_CLICKED))
+        storeLocationChanged =
+            win::IsChecked(page, frmOptions_Check28) != State().storeFilesInProgramFolder;
+    MarkControlChange(page, kControls, wParam);
+    return TRUE;
+}
+
+void Load(HWND page) {
+    storeLocationChanged = false;
+    const win::ListControl combo = win::ComboBox(page, frmOptions_Combo2);
+    for (const Interval& interval : kIntervals) win::AddItem(combo, std::string(interval.caption));
+    LoadControls(page, kControls);
+}
+
+void Apply(HWND page) {
+    ApplyControls(page, kControls);
+    ApplyStartWithWindows(win::IsChecked(page, frmOptions_Check3));
+    ChooseDataFolder(win::IsChecked(page, frmOptions_Check28));
+    ApplyInterval(ChosenEntry(page, frmOptions_Combo2));
+    MakeDataFolder();
 }
 
 }  // namespace
 
-INT_PTR CALLBACK GeneralProcedure(HWND page, UINT message, WPARAM wParam, LPARAM) {
-    if (message != WM_COMMAND) return FALSE;
-    const int control = LOWORD(wParam);
-    const UINT event = HIWORD(wParam);
-    if (control == frmOptions_Check28 && event == BN_CLICKED)
-        storeLocationChanged = win::IsChecked(page, control) != State().storeFilesInProgramFolder;
-    if ((control == frmOptions_Combo2 && event == CBN_SELCHANGE) ||
-        (control != frmOptions_Combo2 && event == BN_CLICKED))
-        MarkChanged(Page::General);
-    return TRUE;
-}
+const PageEntry kGeneralPage{"General", IDD_GeneralFrame, HandleMessage, Load, Apply};
 
-void LoadGeneral(HWND page) {
-    storeLocationChanged = false;
-    for (const CheckSetting& check : kChecks)
-        win::SetChecked(page, check.control, ReadFlag(check.setting));
-    const win::ListControl combo = win::ComboBox(page, frmOptions_Combo2);
-    for (const Interval& interval : kIntervals) win::AddItem(combo, std::string(interval.caption));
-    win::SelectItem(
-        combo, win::FindItem(combo, ReadSetting(kAutoUpdateInterval, State().autoUpdateInterval)));
-}
-
-void ApplyGeneral(HWND page) {
-    for (const CheckSetting& check : kChecks)
-        WriteFlag(check.setting, win::IsChecked(page, check.control));
-    ApplyStartWithWindows(win::IsChecked(page, frmOptions_Check3));
-    ChooseDataFolder(win::IsChecked(page, frmOptions_Check28));
-    const win::ListControl combo = win::ComboBox(page, frmOptions_Combo2);
-    ApplyInterval(win::ItemText(combo, win::SelectedItem(combo)));
-    MakeDataFolder();
-}
-
-bool IsStoreLocationChanged() {
-    return storeLocationChanged;
-}
-
-void ForgetStoreLocationChange() {
-    storeLocationChanged = false;
+void ShowRestartMessage(HWND dialog) {
+    if (!std::exchange(storeLocationChanged, false)) return;
+    // The message names the sibling product, on purpose.
+    settings::ShowMessage(
+        dialog,
+        std::string(
+            "Skyvane Live must be restarted in order to make the necessary changes to begin "
+            "storing your Skyvane Live user files in ") +
+            (State().storeFilesInProgramFolder ? "the Skyvane Live program folder."
+                                               : "your Windows user profile."),
+        MB_ICONINFORMATION, "Skyvane Live");
 }
 
 }  // namespace options

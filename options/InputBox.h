@@ -5,7 +5,7 @@
 
 namespace options {
 
-// Asks for a line of text, with `text` to begin from; empty when it is cancelled.
+// Asks the user for a line of text, at first `text`. Returns the empty text when the user cancels.
 std::string ShowInputBox(HWND owner, const std::string& prompt, const std::string& text);
 
 }  // namespace options

@@ -1,6 +1,6 @@
 #include "options/Pages.h"
+#include "options/PlainControls.h"
 #include "options/resource.h"
-#include "settings/IniOpenSave.h"
 #include "settings/ProxyLogin.h"
 #include "win/Dialog.h"
 
@@ -8,25 +8,34 @@ namespace options {
 
 using namespace settings;
 
-INT_PTR CALLBACK InternetProcedure(HWND, UINT message, WPARAM wParam, LPARAM) {
+namespace {
+
+constexpr PlainControl kControls[] = {{frmOptions_Check17, kOnlyDownloadWhenConnected, kFalse}};
+
+INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
     if (message != WM_COMMAND) return FALSE;
-    const UINT event = HIWORD(wParam);
-    const bool isCheck = LOWORD(wParam) == frmOptions_Check17;
-    if (isCheck ? event == BN_CLICKED : event == EN_CHANGE) MarkChanged(Page::Internet);
+    if (HIWORD(wParam) == EN_CHANGE)  // Text1 or Text2
+        MarkChanged(page);
+    else
+        MarkControlChange(page, kControls, wParam);
     return TRUE;
 }
 
-void LoadInternet(HWND page) {
-    win::SetChecked(page, frmOptions_Check17, ReadFlag(kOnlyDownloadWhenConnected));
+void Load(HWND page) {
+    LoadControls(page, kControls);
     const ProxyLogin login = ReadProxyLogin();
     win::SetControlText(page, frmOptions_Text1, login.userName);
     win::SetControlText(page, frmOptions_Text2, login.password);
 }
 
-void ApplyInternet(HWND page) {
-    WriteFlag(kOnlyDownloadWhenConnected, win::IsChecked(page, frmOptions_Check17));
+void Apply(HWND page) {
+    ApplyControls(page, kControls);
     SaveProxyUserName(win::ControlText(page, frmOptions_Text1));
     SaveProxyPassword(win::ControlText(page, frmOptions_Text2));
 }
+
+}  // namespace
+
+const PageEntry kInternetPage{"Internet", IDD_InternetFrame, HandleMessage, Load, Apply};
 
 }  // namespace options

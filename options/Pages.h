@@ -1,46 +1,30 @@
 #pragma once
 #include <windows.h>
 
-#include <string>
-
-// The pages of the Options dialog, each a dialog of its own with a procedure that handles its
-// controls, a loader that reads its settings into them, and a function that stores them.
+// The pages of the Options dialog.
 namespace options {
 
-// In the order of the tabs.
-enum class Page { General, Stations, AlertFilters, TrayIcon, TrayAlerts, Internet, Count };
+// A page: a child dialog shown on a tab.
+struct PageEntry {
+    const char* tabText;
+    int frame;                 // the page's dialog resource
+    DLGPROC procedure;         // handles the page's controls
+    void (*load)(HWND page);   // reads the settings into the controls
+    void (*apply)(HWND page);  // stores the controls' values
+};
 
-// Every control's change ends here: the page will be written by the next Apply. Nothing while pages
-// are being loaded.
-void MarkChanged(Page page);
+extern const PageEntry kGeneralPage;
+extern const PageEntry kStationsPage;
+extern const PageEntry kAlertFiltersPage;
+extern const PageEntry kTrayIconPage;
+extern const PageEntry kTrayAlertsPage;
+extern const PageEntry kInternetPage;
 
-INT_PTR CALLBACK GeneralProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam);
-void LoadGeneral(HWND page);
-void ApplyGeneral(HWND page);
-// Whether the last click on the store location chose another one than is in effect.
-bool IsStoreLocationChanged();
-void ForgetStoreLocationChange();
+// Marks a page as changed, so that the next Apply stores it. Has no effect while pages are loaded.
+void MarkChanged(HWND page);
 
-INT_PTR CALLBACK StationsProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam);
-void LoadStations(HWND page);
-void ApplyStations(HWND page);
-// Selects the entry of Combo1 that is this station line.
-void SetCombo1City(HWND page, const std::string& line);
-
-INT_PTR CALLBACK AlertFiltersProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam);
-void LoadAlertFilters(HWND page);
-void ApplyAlertFilters(HWND page);
-
-INT_PTR CALLBACK TrayIconProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam);
-void LoadTrayIcon(HWND page);
-void ApplyTrayIcon(HWND page);
-
-INT_PTR CALLBACK TrayAlertsProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam);
-void LoadTrayAlerts(HWND page);
-void ApplyTrayAlerts(HWND page);
-
-INT_PTR CALLBACK InternetProcedure(HWND page, UINT message, WPARAM wParam, LPARAM lParam);
-void LoadInternet(HWND page);
-void ApplyInternet(HWND page);
+// After an Apply: tells the user to restart the program if the General page has changed the
+// location of the user's files.
+void ShowRestartMessage(HWND dialog);
 
 }  // namespace options

@@ -2,26 +2,25 @@
 #include <vector>
 
 #include "options/InputBox.h"
-#include "options/OptionsRules.h"
 #include "options/Pages.h"
 #include "options/resource.h"
 #include "search/frmSearch.h"
+#include "settings/MessageBoxes.h"
 #include "stations/StationLine.h"
 #include "stations/StationList.h"
 #include "tray/modTrayMenu.h"
-#include "settings/MessageBoxes.h"
-#include "win/ListItems.h"
 #include "win/Dialog.h"
+#include "win/ListItems.h"
 #include "win/NeverDestroyed.h"
 
 namespace options {
 namespace {
 
-// Whether the station file was read. Until then the page changes nothing, so that nothing is
-// written over a file whose stations are not known.
+// Whether the station file has been read. Until then all buttons are disabled, so that a file whose
+// stations are unknown is not overwritten.
 bool isRead = false;
 
-// The whole lines behind the entries of Combo1, which shows their display texts.
+// The station lines of the entries of Combo1, which shows their display texts.
 std::vector<std::string>& lines = win::NeverDestroyed<std::vector<std::string>>();
 
 win::ListControl Combo1(HWND page) {
@@ -46,29 +45,36 @@ void ShowLines(HWND page, int selected) {
     EnableStationButtons(page);
 }
 
-// The index of the selected line, or the count of lines when none is selected.
-std::size_t Selected(HWND page) {
+// Returns the index of the selected line, or the count of lines when none is selected.
+std::size_t FindSelected(HWND page) {
     const int index = win::SelectedItem(Combo1(page));
     return index < 0 ? lines.size() : static_cast<std::size_t>(index);
 }
 
+// Shows changed lines and selects the given one, or the last.
 void ChangeLines(HWND page, std::size_t selected) {
     const std::size_t last = lines.empty() ? 0 : lines.size() - 1;
     ShowLines(page, static_cast<int>(selected < last ? selected : last));
-    MarkChanged(Page::Stations);
+    MarkChanged(page);
+}
+
+// Selects a station line in Combo1.
+void SetCombo1City(HWND page, const std::string& line) {
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        if (lines[i] == line) win::SelectItem(Combo1(page), static_cast<int>(i));
 }
 
 void Command6_Click(HWND page) {
     const auto line = search::ShowSearchDialog(GetParent(page), Combo1(page).window);
     if (!line || !IsWindow(page)) return;
-    // Marked changed even when the line is there already.
+    // The page counts as changed even if the line was there before.
     if (std::find(lines.begin(), lines.end(), *line) == lines.end()) lines.push_back(*line);
-    ChangeLines(page, Selected(page));
+    ChangeLines(page, FindSelected(page));
     SetCombo1City(page, *line);
 }
 
 void Command23_Click(HWND page) {
-    const std::size_t selected = Selected(page);
+    const std::size_t selected = FindSelected(page);
     if (selected >= lines.size()) return;
     const std::string answer = ShowInputBox(
         GetParent(page), "Edit the weather station below and press \"OK\" to save your changes.",
@@ -79,11 +85,12 @@ void Command23_Click(HWND page) {
 }
 
 void Command7_Click(HWND page) {
-    const std::size_t selected = Selected(page);
-    if (selected >= lines.size() ||
-        !settings::Confirm(GetParent(page), RemoveQuestion(stations::DisplayText(lines[selected])),
-                           0))
-        return;
+    const std::size_t selected = FindSelected(page);
+    if (selected >= lines.size()) return;
+    const std::string question = std::string("Are you sure you want to remove ''")
+                                     .append(stations::DisplayText(lines[selected]))
+                                     .append("''?");
+    if (!settings::Confirm(GetParent(page), question, 0)) return;
     lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(selected));
     ChangeLines(page, selected);
 }
@@ -96,10 +103,30 @@ void Command5_Click(HWND page) {
     ChangeLines(page, 0);
 }
 
-}  // namespace
+void Load(HWND page) {
+    constexpr UINT_PTR kRetryTimer = 1;
+    constexpr UINT kRetryMilliseconds = 1000;
+    auto read = stations::ReadStationFile(stations::StationFilePath());
+    isRead = read.has_value();
+    lines = std::move(read).value_or(std::vector<std::string>());
+    ShowLines(page, 0);
+    if (isRead)
+        KillTimer(page, kRetryTimer);
+    else
+        SetTimer(page, kRetryTimer, kRetryMilliseconds, nullptr);
+    tray::LoadUnreadStations();
+}
 
-INT_PTR CALLBACK StationsProcedure(HWND page, UINT message, WPARAM wParam, LPARAM) {
-    if (message == WM_TIMER) LoadStations(page);
+void Apply(HWND page) {
+    const bool isWritten = stations::WriteStationFile(lines, stations::StationFilePath());
+    stations::SetStationList(lines);
+    stations::LoadStationList();
+    tray::BuildStationMenu();
+    if (!isWritten) MarkChanged(page);  // a later Apply tries again
+}
+
+INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
+    if (message == WM_TIMER) Load(page);
     if (message != WM_COMMAND || HIWORD(wParam) != BN_CLICKED) return FALSE;
     switch (LOWORD(wParam)) {
         case frmOptions_Command6:
@@ -119,31 +146,8 @@ INT_PTR CALLBACK StationsProcedure(HWND page, UINT message, WPARAM wParam, LPARA
     }
 }
 
-void LoadStations(HWND page) {
-    constexpr UINT_PTR retryTimer = 1;
-    constexpr UINT retryMilliseconds = 1000;
-    auto read = stations::ReadStationFile(stations::StationFilePath());
-    isRead = read.has_value();
-    lines = std::move(read).value_or(std::vector<std::string>());
-    ShowLines(page, 0);
-    if (isRead)
-        KillTimer(page, retryTimer);
-    else
-        SetTimer(page, retryTimer, retryMilliseconds, nullptr);
-    tray::LoadUnreadStations();
-}
+}  // namespace
 
-void ApplyStations(HWND) {
-    const bool isWritten = stations::WriteStationFile(lines, stations::StationFilePath());
-    stations::SetStationList(lines);
-    stations::LoadStationList();
-    tray::BuildStationMenu();
-    if (!isWritten) MarkChanged(Page::Stations);  // for a later Apply
-}
-
-void SetCombo1City(HWND page, const std::string& line) {
-    for (std::size_t i = 0; i < lines.size(); ++i)
-        if (lines[i] == line) win::SelectItem(Combo1(page), static_cast<int>(i));
-}
+const PageEntry kStationsPage{"Stations", IDD_StationsFrame, HandleMessage, Load, Apply};
 
 }  // namespace options

@@ -1,11 +1,12 @@
 #include "options/Pages.h"
+#include "options/PlainControls.h"
 #include "options/resource.h"
 #include "settings/Folders.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
-#include "win/ListItems.h"
 #include "win/Dialog.h"
 #include "win/Files.h"
+#include "win/ListItems.h"
 #include "win/modPlaySound.h"
 
 namespace options {
@@ -14,51 +15,38 @@ using namespace settings;
 
 namespace {
 
-std::string ChosenSound(HWND page) {
-    const win::ListControl combo = win::ComboBox(page, frmOptions_Combo11);
-    return win::ItemText(combo, win::SelectedItem(combo));
-}
+constexpr PlainControl kControls[] = {{frmOptions_Check1, kDisplayTrayAlert, kTrue},
+                                      {frmOptions_Combo11, kTrayAlertSound, kNoSound}};
 
 void cmdTest_Click(HWND page) {
-    const std::string path = SoundPath(ChosenSound(page));
+    const std::string path = SoundPath(ChosenEntry(page, frmOptions_Combo11));
     if (win::FileExists(path)) win::PlayAlertSound(path, win::kPlayOnce);
 }
 
-}  // namespace
-
-INT_PTR CALLBACK TrayAlertsProcedure(HWND page, UINT message, WPARAM wParam, LPARAM) {
+INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
     if (message != WM_COMMAND) return FALSE;
-    const UINT event = HIWORD(wParam);
-    switch (LOWORD(wParam)) {
-        case frmOptions_Check1:
-            if (event == BN_CLICKED) MarkChanged(Page::TrayAlerts);
-            return TRUE;
-        case frmOptions_Combo11:
-            if (event == CBN_SELCHANGE) MarkChanged(Page::TrayAlerts);
-            return TRUE;
-        case frmOptions_cmdTest:
-            if (event == BN_CLICKED) cmdTest_Click(page);
-            return TRUE;
-        default:
-            return FALSE;
-    }
+    if (wParam == MAKEWPARAM(frmOptions_cmdTest, BN_CLICKED)) cmdTest_Click(page);
+    MarkControlChange(page, kControls, wParam);
+    return TRUE;
 }
 
-void LoadTrayAlerts(HWND page) {
-    win::SetChecked(page, frmOptions_Check1, ReadSetting(kDisplayTrayAlert) != kFalse);
+void Load(HWND page) {
     const win::ListControl combo = win::ComboBox(page, frmOptions_Combo11);
     win::AddItem(combo, kNoSound);
     for (const std::string& name : win::FindFileNames(SoundPath("*.wav")))
         win::AddItem(combo, name);
+    // A missing sound stays the choice: the user may restore its file.
     const std::string stored = ReadSetting(kTrayAlertSound, kNoSound);
-    const int index = win::FindItem(combo, stored);
-    // A sound that is gone stays the choice: the user may bring it back.
-    win::SelectItem(combo, index < 0 ? win::AddItem(combo, stored) : index);
+    if (win::FindItem(combo, stored) < 0) win::AddItem(combo, stored);
+    LoadControls(page, kControls);
 }
 
-void ApplyTrayAlerts(HWND page) {
-    WriteFlag(kDisplayTrayAlert, win::IsChecked(page, frmOptions_Check1));
-    WriteSetting(kTrayAlertSound, ChosenSound(page));
+void Apply(HWND page) {
+    ApplyControls(page, kControls);
 }
+
+}  // namespace
+
+const PageEntry kTrayAlertsPage{"Tray Alerts", IDD_TrayAlertsFrame, HandleMessage, Load, Apply};
 
 }  // namespace options

@@ -1,16 +1,16 @@
 #include "assets/icons/icons.h"
 #include "options/Pages.h"
+#include "options/PlainControls.h"
 #include "options/resource.h"
 #include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "tray/modTrayIcon.h"
-#include "win/ListItems.h"
-#include "win/Dialog.h"
 #include "win/Files.h"
 #include "win/Images.h"
-#include "win/modOpenDialog.h"
+#include "win/ListItems.h"
 #include "win/NeverDestroyed.h"
+#include "win/modOpenDialog.h"
 
 namespace options {
 
@@ -18,7 +18,12 @@ using namespace settings;
 
 namespace {
 
-// One of the two icons: its controls, its setting, its built-in picture, and what is pending.
+constexpr PlainControl kControls[] = {
+    {frmOptions_SingleClickCombo, kSingleClickAction, "", &ProgramState::singleClickAction},
+    {frmOptions_DoubleClickCombo, kDoubleClickAction, "", &ProgramState::doubleClickAction}};
+
+// One of the two icons: its preview control, its setting, its built-in picture, and the pending
+// choice.
 struct IconChoice {
     int preview;
     const Setting& setting;
@@ -49,14 +54,14 @@ void SetPending(HWND page, IconChoice& choice, const std::string& value, win::Ic
     ShowPreview(page, choice, std::move(icon));
     choice.pending = value;
     choice.changed = true;
-    MarkChanged(Page::TrayIcon);
+    MarkChanged(page);
 }
 
 void SelectIcon(HWND page, IconChoice& choice) {
     const std::string path = win::ShowOpenFileDialog(
         GetParent(page), {"Icon Files (*.ico)|*.ICO", "Select Icon", State().programFolder});
     if (path.empty()) return;
-    // A file that holds no icon leaves the preview and the pending value as they were.
+    // A file without an icon leaves the preview and the pending value unchanged.
     if (win::Icon icon = win::LoadIconFile(path, win::LargeIconSize()))
         SetPending(page, choice, path, std::move(icon));
 }
@@ -66,7 +71,7 @@ void ResetIcon(HWND page, IconChoice& choice) {
                win::LoadIconResource(choice.builtIn, win::LargeIconSize()));
 }
 
-// Stores a changed choice and puts its picture in place of the tray's.
+// Stores a changed choice and replaces the tray's picture. Returns whether the choice had changed.
 bool ApplyChoice(IconChoice& choice, win::Icon& trayImage) {
     if (!choice.changed) return false;
     choice.changed = false;
@@ -78,65 +83,56 @@ bool ApplyChoice(IconChoice& choice, win::Icon& trayImage) {
     return true;
 }
 
-void FillActions(HWND page, int control, const Setting& setting, const std::string& inEffect) {
+void FillActions(HWND page, int control) {
     const win::ListControl combo = win::ComboBox(page, control);
     for (const std::string& action : {std::string(kNoAction), std::string(kViewNationalAction),
                                       std::string(kOpenOptionsAction), VisitMakerAction()})
         win::AddItem(combo, action);
-    win::SelectItem(combo, win::FindItem(combo, ReadSetting(setting, inEffect)));
 }
 
-void ApplyAction(HWND page, int control, const Setting& setting, std::string& inEffect) {
-    const win::ListControl combo = win::ComboBox(page, control);
-    const std::string action = win::ItemText(combo, win::SelectedItem(combo));
-    if (action.empty()) return;  // the stored one is none of the choices and stays
-    WriteSetting(setting, action);
-    inEffect = action;
+void RunCommand(HWND page, int control) {
+    switch (control) {
+        case frmOptions_Command3:
+            return SelectIcon(page, normal);
+        case frmOptions_Command4:
+            return ResetIcon(page, normal);
+        case frmOptions_Command12:
+            return SelectIcon(page, alert);
+        case frmOptions_Command11:
+            return ResetIcon(page, alert);
+        default:
+            return;
+    }
 }
 
-}  // namespace
-
-INT_PTR CALLBACK TrayIconProcedure(HWND page, UINT message, WPARAM wParam, LPARAM) {
+INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
     if (message == WM_DESTROY) {
         normal.shown.Reset();
         alert.shown.Reset();
     }
     if (message != WM_COMMAND) return FALSE;
-    switch (LOWORD(wParam)) {
-        case frmOptions_Command3:
-            SelectIcon(page, normal);
-            return TRUE;
-        case frmOptions_Command4:
-            ResetIcon(page, normal);
-            return TRUE;
-        case frmOptions_Command12:
-            SelectIcon(page, alert);
-            return TRUE;
-        case frmOptions_Command11:
-            ResetIcon(page, alert);
-            return TRUE;
-        case frmOptions_SingleClickCombo:
-        case frmOptions_DoubleClickCombo:
-            if (HIWORD(wParam) == CBN_SELCHANGE) MarkChanged(Page::TrayIcon);
-            return TRUE;
-        default:
-            return FALSE;
-    }
+    RunCommand(page, LOWORD(wParam));
+    MarkControlChange(page, kControls, wParam);
+    return TRUE;
 }
 
-void LoadTrayIcon(HWND page) {
+void Load(HWND page) {
     LoadChoice(page, normal);
     LoadChoice(page, alert);
-    FillActions(page, frmOptions_SingleClickCombo, kSingleClickAction, State().singleClickAction);
-    FillActions(page, frmOptions_DoubleClickCombo, kDoubleClickAction, State().doubleClickAction);
+    FillActions(page, frmOptions_SingleClickCombo);
+    FillActions(page, frmOptions_DoubleClickCombo);
+    LoadControls(page, kControls);
 }
 
-void ApplyTrayIcon(HWND page) {
+void Apply(HWND page) {
     if (ApplyChoice(normal, tray::Images().ImageIcon)) tray::RefreshTrayIconImage();
     if (ApplyChoice(alert, tray::Images().ImageIcon2) && State().newAlertIconShown)
         tray::ShowNewAlertImage();
-    ApplyAction(page, frmOptions_SingleClickCombo, kSingleClickAction, State().singleClickAction);
-    ApplyAction(page, frmOptions_DoubleClickCombo, kDoubleClickAction, State().doubleClickAction);
+    ApplyControls(page, kControls);
 }
+
+}  // namespace
+
+const PageEntry kTrayIconPage{"Tray Icon", IDD_TrayIconFrame, HandleMessage, Load, Apply};
 
 }  // namespace options

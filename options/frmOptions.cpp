@@ -6,53 +6,43 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 #include "assets/icons/icons.h"
-#include "options/OptionsRules.h"
 #include "options/Pages.h"
 #include "options/resource.h"
 #include "settings/IniOpenSave.h"
-#include "settings/MessageBoxes.h"
 #include "settings/ProgramState.h"
 #include "win/Dialog.h"
 #include "win/Files.h"
 #include "win/LateFunctions.h"
 #include "win/MessageLoop.h"
 #include "win/Shell.h"
+#include "win/Text.h"
 
 namespace options {
 namespace {
 
-struct PageEntry {
-    const char* tabText;
-    int frame;
-    DLGPROC procedure;
-    void (*load)(HWND page);
-    void (*apply)(HWND page);
-};
-constexpr std::size_t kPageCount = static_cast<std::size_t>(Page::Count);
-// In the order of the tabs, which is that of Page.
-constexpr std::array<PageEntry, kPageCount> kPages{
-    {{"General", IDD_GeneralFrame, GeneralProcedure, LoadGeneral, ApplyGeneral},
-     {"Stations", IDD_StationsFrame, StationsProcedure, LoadStations, ApplyStations},
-     {"Alert Filters", IDD_AlertFiltersFrame, AlertFiltersProcedure, LoadAlertFilters,
-      ApplyAlertFilters},
-     {"Tray Icon", IDD_TrayIconFrame, TrayIconProcedure, LoadTrayIcon, ApplyTrayIcon},
-     {"Tray Alerts", IDD_TrayAlertsFrame, TrayAlertsProcedure, LoadTrayAlerts, ApplyTrayAlerts},
-     {"Internet", IDD_InternetFrame, InternetProcedure, LoadInternet, ApplyInternet}}};
-constexpr Page kApplyOrder[] = {Page::General,  Page::AlertFilters, Page::Internet,
-                                Page::Stations, Page::TrayIcon,     Page::TrayAlerts};
+// In the order of the tabs.
+constexpr std::array kPages{&kGeneralPage,  &kStationsPage,   &kAlertFiltersPage,
+                            &kTrayIconPage, &kTrayAlertsPage, &kInternetPage};
+constexpr const PageEntry* kApplyOrder[] = {&kGeneralPage,  &kAlertFiltersPage, &kInternetPage,
+                                            &kStationsPage, &kTrayIconPage,     &kTrayAlertsPage};
 
-// The state of the open dialog.
+// The state of the open dialog; its arrays have the order of kPages.
 struct OptionsForm {
     HWND window = nullptr;
-    std::array<HWND, kPageCount> frames{};
-    std::array<bool, kPageCount> changed{};
+    std::array<HWND, kPages.size()> frames{};
+    std::array<bool, kPages.size()> changed{};
     bool anythingChanged = false;
     bool loading = true;
     std::size_t activeFrame = 0;
 };
 OptionsForm form;
+
+std::size_t IndexOf(const PageEntry* page) {
+    return static_cast<std::size_t>(std::find(kPages.begin(), kPages.end(), page) - kPages.begin());
+}
 
 HWND Tabs() {
     return GetDlgItem(form.window, frmOptions_Tabs);
@@ -61,68 +51,73 @@ HWND Tabs() {
 void AddTabs() {
     TCITEMA item{};
     item.mask = TCIF_TEXT;
-    for (std::size_t i = 0; i < kPageCount; ++i) {
-        item.pszText = const_cast<char*>(kPages[i].tabText);
+    for (std::size_t i = 0; i < kPages.size(); ++i) {
+        item.pszText = const_cast<char*>(kPages[i]->tabText);
         SendMessageA(Tabs(), TCM_INSERTITEMA, i, reinterpret_cast<LPARAM>(&item));
     }
 }
 
-// Replaces the frames, if there are any, by fresh ones.
+// Creates the frames, in place of the existing ones if there are any.
 void CreateFrames() {
-    RECT room;
-    GetWindowRect(Tabs(), &room);
-    MapWindowPoints(nullptr, form.window, reinterpret_cast<POINT*>(&room), 2);
-    SendMessageA(Tabs(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&room));
-    for (std::size_t i = 0; i < kPageCount; ++i) {
+    RECT area;
+    GetWindowRect(Tabs(), &area);
+    MapWindowPoints(nullptr, form.window, reinterpret_cast<POINT*>(&area), 2);
+    SendMessageA(Tabs(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&area));
+    for (std::size_t i = 0; i < kPages.size(); ++i) {
         if (form.frames[i]) DestroyWindow(form.frames[i]);
         form.frames[i] =
-            CreateDialogParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kPages[i].frame),
-                               form.window, kPages[i].procedure, 0);
+            CreateDialogParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kPages[i]->frame),
+                               form.window, kPages[i]->procedure, 0);
         win::late::EnableThemeDialogTexture(form.frames[i], ETDT_ENABLETAB);
-        // Behind the tabs in the Tab order, before the buttons.
-        SetWindowPos(form.frames[i], Tabs(), room.left, room.top, room.right - room.left,
-                     room.bottom - room.top, SWP_NOACTIVATE);
+        // After the tabs in the Tab order, before the buttons.
+        SetWindowPos(form.frames[i], Tabs(), area.left, area.top, area.right - area.left,
+                     area.bottom - area.top, SWP_NOACTIVATE);
     }
 }
 
-// The page of a key; the first one for an unknown key.
-std::size_t PageOf(const std::string& key) {
-    for (std::size_t i = 0; i < kPageCount; ++i)
-        if (PageKey(kPages[i].tabText) == key) return i;
+// Returns the key of a page by the text of its tab.
+std::string MakePageKey(std::string_view tabText) {
+    return win::ReplaceAll(tabText, " ", "");
+}
+
+// Returns the index of the page with a key, or the first one for an unknown key.
+std::size_t FindPage(const std::string& key) {
+    for (std::size_t i = 0; i < kPages.size(); ++i)
+        if (MakePageKey(kPages[i]->tabText) == key) return i;
     return 0;
 }
 
 void ShowPage(const std::string& tabText) {
-    const std::string key = PageKey(tabText);
-    form.activeFrame = PageOf(key);
-    for (std::size_t i = 0; i < kPageCount; ++i)
+    const std::string key = MakePageKey(tabText);
+    form.activeFrame = FindPage(key);
+    for (std::size_t i = 0; i < kPages.size(); ++i)
         ShowWindow(form.frames[i], i == form.activeFrame ? SW_SHOW : SW_HIDE);
     settings::WriteSetting(settings::kLastOption, key);
 }
 
 void LoadFrame(std::size_t page) {
-    kPages[page].load(form.frames[page]);
+    kPages[page]->load(form.frames[page]);
 }
 
 void LoadRemainingFrames(const std::string& shownKey) {
-    for (std::size_t i = 0; i < kPageCount; ++i)
-        if (form.window && i != PageOf(shownKey)) LoadFrame(i);
+    for (std::size_t i = 0; i < kPages.size(); ++i)
+        if (form.window && i != FindPage(shownKey)) LoadFrame(i);
     form.loading = false;
     win::EnableControl(form.window, frmOptions_ApplyButton, false);
 }
 
-// Shows and loads the pages. As long as a setting cannot be read, nothing can be changed, and a
-// timer calls this again: a page that was loaded without its settings would store their defaults.
-// Reading may let messages run, and so may the end of the dialog come in between.
+// Shows and loads the pages. While a setting cannot be read, the pages stay disabled and a timer
+// calls this again: a page loaded without its settings would store their defaults. Reading may let
+// messages run, so the dialog may be closed meanwhile.
 void LoadPages() {
-    constexpr UINT_PTR retryTimer = 1;
-    constexpr UINT retryMilliseconds = 1000;
-    KillTimer(form.window, retryTimer);
+    constexpr UINT_PTR kRetryTimer = 1;
+    constexpr UINT kRetryMilliseconds = 1000;
+    KillTimer(form.window, kRetryTimer);
     const std::size_t failedBefore = settings::CountFailedReads();
     const auto stored = settings::TryReadSetting(settings::kLastOption);
     if (!form.window) return;
-    const std::size_t first = PageOf(stored.value_or(std::string()));
-    const std::string key = PageKey(kPages[first].tabText);
+    const std::size_t first = FindPage(stored.value_or(std::string()));
+    const std::string key = MakePageKey(kPages[first]->tabText);
     SendMessageA(Tabs(), TCM_SETCURSEL, first, 0);
     ShowPage(key);
     if (stored) {
@@ -135,7 +130,7 @@ void LoadPages() {
         form.loading = true;
         if (stored) CreateFrames();
         ShowPage(key);
-        SetTimer(form.window, retryTimer, retryMilliseconds, nullptr);
+        SetTimer(form.window, kRetryTimer, kRetryMilliseconds, nullptr);
     }
     for (const HWND frame : form.frames) EnableWindow(frame, isWhole);
 }
@@ -151,18 +146,13 @@ void Initialise(HWND dialog) {
 
 void Apply() {
     if (!form.anythingChanged) return;
-    for (const Page page : kApplyOrder) {
-        const auto i = static_cast<std::size_t>(page);
-        if (std::exchange(form.changed[i], false)) kPages[i].apply(form.frames[i]);
-        if (!form.window) return;  // storing lets messages run: the dialog may be gone
+    for (const PageEntry* page : kApplyOrder) {
+        const std::size_t i = IndexOf(page);
+        if (std::exchange(form.changed[i], false)) page->apply(form.frames[i]);
+        if (!form.window) return;  // storing lets messages run, so the dialog may be closed
     }
-    if (IsStoreLocationChanged()) {
-        ForgetStoreLocationChange();
-        settings::ShowMessage(form.window,
-                              RestartMessage(settings::State().storeFilesInProgramFolder),
-                              MB_ICONINFORMATION, "Skyvane Live");
-    }
-    // What could not be stored, or was changed meanwhile, is left for a later Apply.
+    ShowRestartMessage(form.window);
+    // A later Apply stores the pages that could not be stored or have been changed meanwhile.
     form.anythingChanged =
         std::find(form.changed.begin(), form.changed.end(), true) != form.changed.end();
     win::EnableControl(form.window, frmOptions_ApplyButton, form.anythingChanged);
@@ -180,17 +170,17 @@ void OpenHelp() {
 
 void SelectTab(std::size_t page) {
     SendMessageA(Tabs(), TCM_SETCURSEL, page, 0);
-    ShowPage(kPages[page].tabText);
+    ShowPage(kPages[page]->tabText);
 }
 
-// Ctrl+Tab and Ctrl+Shift+Tab turn the pages.
+// Handles Ctrl+Tab and Ctrl+Shift+Tab. Returns whether the message was one of them.
 bool TurnPage(const MSG& message) {
     if (message.message != WM_KEYDOWN || message.wParam != VK_TAB || GetKeyState(VK_CONTROL) >= 0 ||
         GetAncestor(message.hwnd, GA_ROOT) != form.window)
         return false;
-    const std::size_t step = GetKeyState(VK_SHIFT) < 0 ? kPageCount - 1 : 1;
+    const std::size_t step = GetKeyState(VK_SHIFT) < 0 ? kPages.size() - 1 : 1;
     SendMessageA(form.window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Tabs()), TRUE);
-    SelectTab((form.activeFrame + step) % kPageCount);
+    SelectTab((form.activeFrame + step) % kPages.size());
     return true;
 }
 
@@ -205,7 +195,7 @@ void RunCommand(int control) {
         case frmOptions_Command8:
             return OpenHelp();
         case frmOptions_Command9: {  // the default button while a filter word is typed
-            const HWND page = form.frames[static_cast<std::size_t>(Page::AlertFilters)];
+            const HWND page = form.frames[IndexOf(&kAlertFiltersPage)];
             SendMessageA(page, WM_COMMAND, frmOptions_Command9, 0);
             return;
         }
@@ -226,10 +216,11 @@ INT_PTR CALLBACK OptionsProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
             RunCommand(LOWORD(wParam));
             return TRUE;
         case WM_NOTIFY: {
-            const auto* note = reinterpret_cast<const NMHDR*>(lParam);
-            if (note->idFrom == frmOptions_Tabs && note->code == static_cast<UINT>(TCN_SELCHANGE))
+            const auto* notification = reinterpret_cast<const NMHDR*>(lParam);
+            if (notification->idFrom == frmOptions_Tabs &&
+                notification->code == static_cast<UINT>(TCN_SELCHANGE))
                 ShowPage(kPages[static_cast<std::size_t>(SendMessageA(Tabs(), TCM_GETCURSEL, 0, 0))]
-                             .tabText);
+                             ->tabText);
             return TRUE;
         }
         case WM_HELP:
@@ -245,17 +236,19 @@ INT_PTR CALLBACK OptionsProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
 
 }  // namespace
 
-void MarkChanged(Page page) {
-    if (form.loading) return;
-    form.changed[static_cast<std::size_t>(page)] = true;
+void MarkChanged(HWND page) {
+    const auto frame = std::find(form.frames.begin(), form.frames.end(), page);
+    if (form.loading || frame == form.frames.end()) return;
+    form.changed[static_cast<std::size_t>(frame - form.frames.begin())] = true;
     form.anythingChanged = true;
     win::EnableControl(form.window, frmOptions_ApplyButton, true);
 }
 
 void ShowOptionsDialog() {
     if (form.window) {
-        // Whoever wanted a certain page has stored its key; else it is that of the page shown.
-        SelectTab(PageOf(settings::ReadSetting(settings::kLastOption)));
+        // A caller that wants a certain page has stored its key; otherwise it is that of the shown
+        // page.
+        SelectTab(FindPage(settings::ReadSetting(settings::kLastOption)));
         SetForegroundWindow(GetLastActivePopup(form.window));
         return;
     }

@@ -2,8 +2,8 @@
 
 namespace options {
 
-// Shows the Options dialog and returns when it is closed. When it is open already, that one comes
-// to the front and the call returns at once.
+// Shows the Options dialog and returns when it is closed. If it is already open, brings it to the
+// front and returns at once.
 void ShowOptionsDialog();
 
 }  // namespace options
