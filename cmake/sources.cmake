@@ -20,7 +20,6 @@ set(portableSources
   downloader/nws/Addresses.cpp
   downloader/nws/Alerts.cpp
   downloader/nws/Area.cpp
-  downloader/nws/GeometryReader.cpp
   downloader/nws/Identity.cpp
   downloader/nws/Messages.cpp
   downloader/nws/Stations.cpp

@@ -8,7 +8,6 @@
 #include <string>
 #include <utility>
 
-#include "assets/icons/icons.h"
 #include "options/Pages.h"
 #include "options/resource.h"
 #include "settings/IniOpenSave.h"
@@ -252,8 +251,7 @@ void ShowOptionsDialog() {
         SetForegroundWindow(GetLastActivePopup(form.window));
         return;
     }
-    win::ShowModal({IDD_frmOptions, IDI_PROGRAM, ICC_TAB_CLASSES, OptionsProcedure}, nullptr,
-                   TurnPage);
+    win::ShowModal({IDD_frmOptions, ICC_TAB_CLASSES, OptionsProcedure}, nullptr, TurnPage);
 }
 
 }  // namespace options

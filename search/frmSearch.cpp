@@ -2,7 +2,6 @@
 
 #include <commctrl.h>
 
-#include "assets/icons/icons.h"
 #include "search/SearchForm.h"
 #include "search/SearchMap.h"
 #include "search/SearchRun.h"
@@ -181,7 +180,7 @@ std::optional<std::string> ShowSearchDialog(HWND owner, HWND stationCombo) {
     isOpen = true;
     Form() = SearchForm();
     Form().stationCombo = stationCombo;
-    if (win::ShowModal({IDD_frmSearch, IDI_PROGRAM, ICC_LISTVIEW_CLASSES, SearchProcedure}, owner,
+    if (win::ShowModal({IDD_frmSearch, ICC_LISTVIEW_CLASSES, SearchProcedure}, owner,
                        HandleBrowserKey))
         Form_Unload(owner);
     auto line = std::move(Form().chosenLine);

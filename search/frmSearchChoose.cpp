@@ -1,6 +1,5 @@
 #include "search/frmSearchChoose.h"
 
-#include "assets/icons/icons.h"
 #include "search/StationTable.h"
 #include "search/resource.h"
 #include "win/Dialog.h"
@@ -78,8 +77,7 @@ std::optional<std::size_t> ShowLocationChooser(HWND owner, const std::vector<std
                                                HIMAGELIST images) {
     if (rows.empty() || chooser.window) return std::nullopt;
     chooser = ChooserForm{rows, images};
-    win::ShowModal({IDD_frmSearchChoose, IDI_PROGRAM, ICC_LISTVIEW_CLASSES, ChooserProcedure},
-                   owner);
+    win::ShowModal({IDD_frmSearchChoose, ICC_LISTVIEW_CLASSES, ChooserProcedure}, owner);
     win::PumpPendingMessages();
     return chooser.selectedRow;
 }

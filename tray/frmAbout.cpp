@@ -5,7 +5,6 @@
 
 #include <string>
 
-#include "assets/icons/icons.h"
 #include "settings/Addresses.h"
 #include "tray/resource.h"
 #include "win/Dialog.h"
@@ -45,7 +44,7 @@ void Initialize(HWND dialog) {
     openBox = dialog;
     ShowLink(frmAbout_Label3, settings::MakerHost());
     ShowLink(frmAbout_Label4, settings::MakerMail());
-    const HANDLE icon = win::LoadSharedIcon(IDI_PROGRAM, win::LargeIconSize());
+    const HANDLE icon = win::LoadSharedIcon(win::kProgramIcon, win::LargeIconSize());
     SendDlgItemMessageA(dialog, frmAbout_Image1, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
     const HANDLE logo = win::LoadSharedBitmap(IDB_WEATHERBUG);
     SendDlgItemMessageA(dialog, frmAbout_Image2, BM_SETIMAGE, IMAGE_BITMAP,
@@ -90,7 +89,7 @@ void ShowAboutBox() {
         SetForegroundWindow(openBox);
         return;
     }
-    win::ShowModal({IDD_frmAbout, IDI_PROGRAM, ICC_LINK_CLASS, AboutProcedure});
+    win::ShowModal({IDD_frmAbout, ICC_LINK_CLASS, AboutProcedure});
     win::PumpPendingMessages();
 }
 

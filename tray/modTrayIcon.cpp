@@ -18,6 +18,8 @@
 namespace tray {
 namespace {
 
+static_assert(IDI_PROGRAM == win::kProgramIcon);
+
 // The record's size up to and including the balloon fields.
 constexpr DWORD kRecordSize = 488;
 static_assert(offsetof(NOTIFYICONDATAA, guidItem) == kRecordSize);

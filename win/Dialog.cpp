@@ -28,10 +28,10 @@ void EndModal(HWND dialog) {
     DestroyWindow(dialog);
 }
 
-static void PresentDialog(HWND dialog, int iconResource) {
+static void PresentDialog(HWND dialog) {
     const auto setIcon = [&](WPARAM kind, int size) {
         SendMessageA(dialog, WM_SETICON, kind,
-                     reinterpret_cast<LPARAM>(LoadSharedIcon(iconResource, size)));
+                     reinterpret_cast<LPARAM>(LoadSharedIcon(kProgramIcon, size)));
     };
     setIcon(ICON_BIG, LargeIconSize());
     setIcon(ICON_SMALL, SmallIconSize());
@@ -45,7 +45,7 @@ bool ShowModal(const DialogForm& form, HWND owner, bool (*translate)(const MSG&)
     const HWND dialog = CreateDialogParamA(
         GetModuleHandleA(nullptr), MAKEINTRESOURCEA(form.resource), owner, form.procedure, 0);
     if (!dialog) return false;
-    PresentDialog(dialog, form.icon);
+    PresentDialog(dialog);
     RunModal(dialog, translate);
     return true;
 }

@@ -16,13 +16,12 @@ void EndModal(HWND dialog);
 // A dialog in the program's resources.
 struct DialogForm {
     int resource;
-    int icon;
     DWORD controlClasses;  // ICC_..., in addition to the standard classes
     DLGPROC procedure;
 };
 
-// Creates the dialog, brings it to the front and runs it as a modal one. Returns false if it cannot
-// be created.
+// Creates the dialog with the program's icon, brings it to the front and runs it as a modal one.
+// Returns false if it cannot be created.
 bool ShowModal(const DialogForm& form, HWND owner = nullptr,
                bool (*translate)(const MSG&) = nullptr);
 

@@ -7,6 +7,9 @@
 
 namespace win {
 
+// The resource number of the program's own icon: the lowest, which the shell shows for the file.
+inline constexpr int kProgramIcon = 1;
+
 // Loads an ".ico" file at the given size in pixels; returns an empty handle if it holds no icon.
 Icon LoadIconFile(const std::string& path, int pixels);
 

@@ -4,7 +4,6 @@
 
 #include "downloader/feed/IsoTime.h"
 #include "downloader/feed/Json.h"
-#include "downloader/nws/GeometryReader.h"
 #include "downloader/nws/Zones.h"
 
 namespace nws {
