@@ -1,4 +1,3 @@
-#include "assets/icons/icons.h"
 #include "options/Pages.h"
 #include "options/PlainControls.h"
 #include "options/resource.h"
@@ -32,8 +31,9 @@ struct IconChoice {
     std::string pending = {};
     bool changed = false;
 };
-IconChoice& normal = win::NeverDestroyed<IconChoice>(frmOptions_Image4, kIcon, IDI_NORMAL);
-IconChoice& alert = win::NeverDestroyed<IconChoice>(frmOptions_Image8, kIcon2, IDI_NEWALERTS);
+IconChoice& normal = win::NeverDestroyed<IconChoice>(frmOptions_Image4, kIcon, tray::kNormalIcon);
+IconChoice& alert =
+    win::NeverDestroyed<IconChoice>(frmOptions_Image8, kIcon2, tray::kNewAlertsIcon);
 
 void ShowPreview(HWND page, IconChoice& choice, win::Icon icon) {
     SendDlgItemMessageA(page, choice.preview, STM_SETICON, reinterpret_cast<WPARAM>(icon.Get()), 0);

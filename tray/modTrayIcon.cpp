@@ -18,7 +18,8 @@
 namespace tray {
 namespace {
 
-static_assert(IDI_PROGRAM == win::kProgramIcon);
+static_assert(IDI_PROGRAM == win::kProgramIcon && IDI_NORMAL == kNormalIcon &&
+              IDI_NEWALERTS == kNewAlertsIcon);
 
 // The record's size up to and including the balloon fields.
 constexpr DWORD kRecordSize = 488;
@@ -67,8 +68,8 @@ TrayImages& Images() {
 
 void LoadBuiltInImages() {
     const int size = win::SmallIconSize();
-    Images().ImageIcon = win::LoadIconResource(IDI_NORMAL, size);
-    Images().ImageIcon2 = win::LoadIconResource(IDI_NEWALERTS, size);
+    Images().ImageIcon = win::LoadIconResource(kNormalIcon, size);
+    Images().ImageIcon2 = win::LoadIconResource(kNewAlertsIcon, size);
 }
 
 void ReplaceImage(win::Icon& image, const std::string& path) {

@@ -9,6 +9,10 @@
 // be added, there is none until the taskbar is created again.
 namespace tray {
 
+// The resource numbers of the built-in pictures.
+inline constexpr int kNormalIcon = 2;
+inline constexpr int kNewAlertsIcon = 3;
+
 // The two images of the icon: the built-in ones or those that the user chose.
 struct TrayImages {
     win::Icon ImageIcon;   // no new alerts
