@@ -21,7 +21,7 @@ bool IsTooLong(std::string_view fileText) {
     return win::CountChars(win::TrimSpaces(fileText)) >= kTooLong;
 }
 
-// The text without spaces and line breaks at its end and spaces at its start.
+// Returns the text with leading spaces and trailing spaces and line breaks trimmed.
 std::string OfferedVersion(std::string_view fileText) {
     std::string_view version = win::TrimSpaces(fileText);
     while (version.ends_with('\n') || version.ends_with('\r')) version.remove_suffix(1);

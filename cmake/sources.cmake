@@ -17,10 +17,10 @@ set(portableSources
   downloader/http/Response.cpp
   downloader/http/Retry.cpp
   downloader/http/Url.cpp
-  downloader/nws/Addresses.cpp
   downloader/nws/Alerts.cpp
   downloader/nws/Area.cpp
-  downloader/nws/Identity.cpp
+  downloader/nws/Endpoints.cpp
+  downloader/nws/EventIdentity.cpp
   downloader/nws/Messages.cpp
   downloader/nws/Stations.cpp
   downloader/nws/Tier.cpp

@@ -55,8 +55,8 @@ void WriteFlag(const Setting& setting, bool value);
 // asymmetry is deliberate.
 void DeleteSettingSection(std::string_view section);
 
-// Writes many values of one section; the result is that of writing them one by one. Readers see
-// them at once, but the INI file is updated only by StoreHeldSettings or when another section is
+// Writes several values to one section, as if each were written individually. Readers see them
+// immediately, but the INI file is updated only by StoreHeldSettings or when another section is
 // held, so that a whole retrieval cycle rewrites it once. Values that cannot be stored yet stay
 // held.
 void HoldSettings(std::string_view section, const KeyValues& values);

@@ -20,8 +20,8 @@ ByteOrder OrderOf(std::string_view bytes) {
     return ByteOrder::Bytes;
 }
 
-// Enough of the document for any real prolog, in ASCII. Other characters become letters, so that no
-// half of a wide character reads as markup.
+// Returns the start of the document, long enough for any real prolog. UTF-16 becomes ASCII: other
+// characters become 'x', so that neither of their bytes can be mistaken for markup.
 std::string AsciiStart(std::string_view bytes) {
     constexpr std::size_t kPrologLimit = std::size_t{64} * 1024;
     const ByteOrder order = OrderOf(bytes);

@@ -12,7 +12,7 @@ namespace feed {
 // program has seen holds 62 of them.
 std::string ShortIdentity(std::string_view text);
 
-// An event as a message told of it.
+// An event as one of its messages identified it.
 struct KnownEvent {
     std::string identity;  // by ShortIdentity, without regard to the tier
     int year = 0;          // of the event's first message, where events are numbered by year; or 0
@@ -20,7 +20,7 @@ struct KnownEvent {
 };
 inline constexpr int kHighestTier = 3;
 
-// Events by the messages that told of them. Times are in seconds since 1970.
+// Events by the identifiers of their messages. Times are in seconds since 1970.
 class AlertMemory {
   public:
     // The most entries that are kept, and for how long.

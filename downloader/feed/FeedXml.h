@@ -36,7 +36,7 @@ class AlertDocument {
     std::string xml_;
 };
 
-// Returns the document with one entry that says why a source cannot tell the alerts of a place.
+// Returns the document with one entry that explains why a place has no alerts from this source.
 // `code` is the code of the place.
 std::string BuildNotCoveredDocument(std::string_view code, std::string_view reason);
 

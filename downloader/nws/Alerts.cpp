@@ -6,7 +6,7 @@
 #include "downloader/feed/FeedXml.h"
 #include "downloader/feed/IsoTime.h"
 #include "downloader/feed/Paragraphs.h"
-#include "downloader/nws/Identity.h"
+#include "downloader/nws/EventIdentity.h"
 #include "downloader/nws/Messages.h"
 #include "downloader/nws/Tier.h"
 

@@ -19,7 +19,7 @@ using Ring = std::vector<Position>;
 // An outer ring and the rings of its holes. A ring may repeat its first position at its end.
 using Polygon = std::vector<Ring>;
 
-// No place is told of a polygon that is farther away than this, in kilometres.
+// A polygon farther away than this from the centre of a place does not concern it. In kilometres.
 inline constexpr double kLongestReach = 40;
 
 // Returns the distance in kilometres from the place to the nearest of the polygons: 0 inside one,

@@ -10,7 +10,7 @@
 #include "downloader/http/ResponseCache.h"
 #include "downloader/http/Retry.h"
 #include "downloader/http/StatusCodes.h"
-#include "downloader/nws/Addresses.h"
+#include "downloader/nws/Endpoints.h"
 #include "downloader/nws/Alerts.h"
 #include "downloader/nws/Stations.h"
 #include "downloader/nws/Zones.h"
@@ -26,7 +26,7 @@ using http::Response;
 constexpr int kNotFound = 404;         // HTTP; for a point: it is not in the United States
 constexpr std::int64_t kDay = 86'400;  // seconds
 
-// What a place that the service does not cover is told.
+// The body of the entry for a place that the service does not cover.
 constexpr char kUnknownPlace[] =
     "The National Weather Service covers the United States and its territories, by ZIP code. This "
     "place is unknown to it, so no alerts can be shown for the place. Remove the station on the "

@@ -4,10 +4,10 @@
 
 #include "downloader/nws/Messages.h"
 
-// How far the service has raised a warning above an ordinary one, and the title that says so.
+// How far the service has raised a warning above an ordinary one, and the title for that.
 namespace nws {
 
-// Each is worth an alert of its own.
+// Each tier is announced separately.
 enum class Tier { None, Observed, Considerable, Highest };
 
 // The tier of the message, by the threat tags among its parameters.

@@ -3,7 +3,7 @@
 #include "downloader/feed/Request.h"
 #include "downloader/feed/PlaceName.h"
 #include "downloader/http/Retry.h"
-#include "downloader/nws/Addresses.h"
+#include "downloader/nws/Endpoints.h"
 #include "downloader/nws/Alerts.h"
 #include "downloader/nws/Stations.h"
 #include "tests/fuzz/Elements.h"

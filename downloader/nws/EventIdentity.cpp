@@ -1,4 +1,4 @@
-#include "downloader/nws/Identity.h"
+#include "downloader/nws/EventIdentity.h"
 
 #include <algorithm>
 #include <map>

@@ -1,4 +1,4 @@
-#include "downloader/nws/Addresses.h"
+#include "downloader/nws/Endpoints.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include "downloader/feed/AlertMemory.h"
 #include "downloader/nws/Messages.h"
 
-// Which messages belong to one event, and the identifiers that the program tells events by.
+// Which messages belong to one event, and the identifiers of events.
 namespace nws {
 
 // Returns the event of each message, in the order of the messages: found by its VTEC code, by the
@@ -16,8 +16,8 @@ namespace nws {
 std::vector<feed::KnownEvent> IdentifyEvents(const std::vector<Message>& messages,
                                              feed::AlertMemory& memory, std::int64_t now);
 
-// The identifier by which the program tells the event: another one for each tier, so that a raised
-// warning is a new alert. A lowered one keeps that of its highest tier.
+// Returns the identifier of the event's alert. Each tier has its own, so that a raised warning is a
+// new alert; a lowered warning keeps the identifier of its highest tier.
 std::string AlertIdentifier(const feed::KnownEvent& event);
 
 }  // namespace nws
