@@ -17,8 +17,8 @@ class AlertReader {
     // Starts to load the document. One that cannot be loaded holds no alerts.
     AlertReader(const std::string& dataFile, const std::string& stationCode);
 
-    // Reads for a few milliseconds. Returns true once the whole document has been read and its alerts
-    // are held.
+    // Reads for a few milliseconds. Returns true once the whole document has been read and its
+    // alerts are held.
     bool ReadSome();
     // The identifiers of the held alerts, in the order of the document, each on one line.
     const std::vector<std::string>& Identifiers() const { return identifiers_; }

@@ -28,11 +28,8 @@ TEST_F(SilentVersionCheck, AnnouncesAVersionOnceAndNoFailures) {
     CopyFileA("c:\\windows\\system32\\hostname.exe", (folder + "\\dl.exe").c_str(), FALSE);
     settings::WriteSetting(settings::kVersion, "1.0.2");
     const UINT_PTR timer = SetTimer(nullptr, 0, 20, AnswerBox);
-    for (const auto& [versionFile, boxes] : {std::pair{"1.0.2", 0},
-                                             {"", 0},
-                                             {"1.0.3", 1},
-                                             {"1.0.3", 0},
-                                             {"1.0.4", 1}}) {
+    for (const auto& [versionFile, boxes] :
+         {std::pair{"1.0.2", 0}, {"", 0}, {"1.0.3", 1}, {"1.0.3", 0}, {"1.0.4", 1}}) {
         win::WriteFileAtomically(folder + "\\chet.sk", "0");
         win::WriteFileAtomically(folder + "\\che.sk", versionFile);
         boxesAnswered = 0;
