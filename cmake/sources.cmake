@@ -6,6 +6,7 @@ set(portableSources
   alerts/WordFilter.cpp
   app/StartupValues.cpp
   downloader/Arguments.cpp
+  downloader/drill/Source.cpp
   downloader/feed/AlertMemory.cpp
   downloader/feed/FeedXml.cpp
   downloader/feed/Gazetteer.cpp

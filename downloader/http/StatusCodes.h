@@ -47,6 +47,8 @@ inline constexpr int kNoGazetteer = 1016;
 inline constexpr int kUnknownRequest = 1017;
 // The body is empty or consists of white space only.
 inline constexpr int kBlankBody = 1018;
+// A drill answers requests for alerts only.
+inline constexpr int kOnlyDrillAlerts = 1019;
 
 // Added to a Windows error number outside WinHTTP's range.
 inline constexpr int kWindowsErrorBase = 100000;
