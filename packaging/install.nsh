@@ -8,13 +8,15 @@ FunctionEnd
 Function .onInit
   StrCpy $NamedFolder $INSTDIR
   Call ChooseUsers
-  Call ReadStartSwitch
+  Call ChooseFolder
+  Call ReadStartState
   ${If} $AllUsers = 1
     !insertmacro AskForRights
     ${If} $0 = 0
       ${If} ${Silent}
         Call RefuseWithoutRights
       ${ElseIf} $AllUsersAsked = 1
+      ${OrIf} $Updating = 1
         Call StartElevated
         ${If} ${Errors}
           Call RefuseWithoutRights
@@ -23,7 +25,6 @@ Function .onInit
       ${EndIf}
     ${EndIf}
   ${EndIf}
-  Call ChooseFolder
 FunctionEnd
 
 Function StartProgram
@@ -48,6 +49,14 @@ Function WriteUninstallEntry
   WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoRepair" 1
 FunctionEnd
 
+; Stores an option of the program, unless the user has already set it.
+!macro PresetOption Name Value
+  ReadRegStr $0 HKCU "${SETTINGS_KEY}\Options" "${Name}"
+  ${If} $0 == ""
+    WriteRegStr HKCU "${SETTINGS_KEY}\Options" "${Name}" "${Value}"
+  ${EndIf}
+!macroend
+
 Section "${PRODUCT}"
   SectionIn RO
   !insertmacro TakeUsersContext
@@ -61,12 +70,26 @@ Section "${PRODUCT}"
   WriteUninstaller "$INSTDIR\Uninstall.exe"
   CreateShortcut "$SMPROGRAMS\${PRODUCT}.lnk" "$INSTDIR\${PROGRAM}"
   Call WriteUninstallEntry
+  ; Without these values, new alerts show no balloon and a chosen sound never plays.
+  !insertmacro PresetOption "DisplayTrayAlert" "True"
+  !insertmacro PresetOption "FlashTrayIcon" "True"
+  ${If} $Updating = 1
+    StrCpy $FinishText "${PRODUCT} has been updated. Your settings and stations were kept."
+  ${Else}
+    StrCpy $FinishText "${PRODUCT} has been installed."
+  ${EndIf}
 SectionEnd
 
 ; Writes the same two values as the check box in the Options dialog.
 Section /o "Start with Windows" StartWithWindows
   WriteRegStr HKCU "${RUN_KEY}" "${RUN_VALUE}" '"$INSTDIR\${PROGRAM}"'
   WriteRegStr HKCU "${SETTINGS_KEY}\Options" "StartWithWindows" "True"
+SectionEnd
+
+Section -DoNotStartWithWindows
+  ${IfNot} ${SectionIsSelected} ${StartWithWindows}
+    Call RemoveRunValue
+  ${EndIf}
 SectionEnd
 
 ; A silent update starts the program again if it was running.
@@ -78,6 +101,22 @@ Section -StartAgain
 SectionEnd
 
 !define DIRECTORY_BOX 1019
+
+Function SkipPageOfUpdate
+  ${If} $Updating = 1
+    Abort
+  ${EndIf}
+FunctionEnd
+
+!define BACK_BUTTON 3
+
+; For an update, this is the first page.
+Function ShowComponentsPage
+  ${If} $Updating = 1
+    GetDlgItem $0 $HWNDPARENT ${BACK_BUTTON}
+    EnableWindow $0 0
+  ${EndIf}
+FunctionEnd
 
 ; If the chosen folder contains other files, the program goes into a subfolder. A folder with the
 ; program's name is used as it is: it may contain the settings of a copy that was removed.
@@ -94,7 +133,13 @@ Function LeaveFolderPage
   ${EndIf}
 FunctionEnd
 
-Function ReadStartSwitch
+; Selects "Start with Windows" if the switch says so, or if it is set for the copy to update.
+Function ReadStartState
+  ReadRegStr $0 HKCU "${RUN_KEY}" "${RUN_VALUE}"
+  ${If} $0 == "$INSTDIR\${PROGRAM}"
+  ${OrIf} $0 == '"$INSTDIR\${PROGRAM}"'
+    !insertmacro SelectSection ${StartWithWindows}
+  ${EndIf}
   ${GetParameters} $0
   ClearErrors
   ${GetOptions} $0 "/StartWithWindows" $1

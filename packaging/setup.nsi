@@ -37,8 +37,10 @@ VIAddVersionKey "LegalCopyright" "${PUBLISHER}"
 !include "${FILE_LIST}"
 
 Var AllUsers  ; 1 if the program is installed for everyone, otherwise 0
+Var FinishText  ; of the last page
 
 !include "running.nsh"
+!include "start.nsh"
 !include "users.nsh"
 !include "install.nsh"
 !include "uninstall.nsh"
@@ -48,13 +50,17 @@ Var AllUsers  ; 1 if the program is installed for everyone, otherwise 0
 !define MUI_WELCOMEFINISHPAGE_BITMAP "${ICONS}/setup.bmp"
 !define MUI_ABORTWARNING
 !define MUI_COMPONENTSPAGE_NODESC
+!define MUI_FINISHPAGE_TEXT "$FinishText"
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_TEXT "Start ${PRODUCT}"
 !define MUI_FINISHPAGE_RUN_FUNCTION StartProgram
+; An update shows only the components page and those after it.
 Page custom ShowUsersPage LeaveUsersPage
-!insertmacro MUI_PAGE_COMPONENTS
+!define MUI_PAGE_CUSTOMFUNCTION_PRE SkipPageOfUpdate
 !define MUI_PAGE_CUSTOMFUNCTION_LEAVE LeaveFolderPage
 !insertmacro MUI_PAGE_DIRECTORY
+!define MUI_PAGE_CUSTOMFUNCTION_SHOW ShowComponentsPage
+!insertmacro MUI_PAGE_COMPONENTS
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM

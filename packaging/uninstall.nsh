@@ -29,18 +29,6 @@ Function un.RemoveEntries
   ${EndIf}
 FunctionEnd
 
-Function un.RemoveRunValue
-  ReadRegStr $0 HKCU "${RUN_KEY}" "${RUN_VALUE}"
-  ${If} $0 == "$INSTDIR\${PROGRAM}"
-  ${OrIf} $0 == '"$INSTDIR\${PROGRAM}"'
-    DeleteRegValue HKCU "${RUN_KEY}" "${RUN_VALUE}"
-    ReadRegStr $0 HKCU "${SETTINGS_KEY}\Options" "StartWithWindows"
-    ${If} $0 == "True"
-      WriteRegStr HKCU "${SETTINGS_KEY}\Options" "StartWithWindows" "False"
-    ${EndIf}
-  ${EndIf}
-FunctionEnd
-
 Var StationsToo  ; 1 if the user agreed to delete the settings and stations
 
 ; Deletes from the user data folder $0 the program's copies, the page it creates and, if requested, the

@@ -52,21 +52,26 @@ Function ChooseUsers
 FunctionEnd
 
 Var NamedFolder  ; from /D=, or empty
+Var Updating  ; 1 if there is a copy in $INSTDIR, otherwise 0
 
 ; Sets $INSTDIR to the named folder, else to that of the existing copy, else to the default.
 Function ChooseFolder
   !insertmacro TakeUsersContext
   ${If} $NamedFolder != ""
     StrCpy $INSTDIR $NamedFolder
-    Return
+  ${Else}
+    ReadRegStr $INSTDIR SHCTX "${UNINSTALL_KEY}" "InstallLocation"
   ${EndIf}
-  ReadRegStr $INSTDIR SHCTX "${UNINSTALL_KEY}" "InstallLocation"
   ${If} $INSTDIR == ""
     ${If} $AllUsers = 1
       StrCpy $INSTDIR "$PROGRAMFILES32\${PRODUCT}"
     ${Else}
       StrCpy $INSTDIR "$LOCALAPPDATA\Programs\${PRODUCT}"
     ${EndIf}
+  ${EndIf}
+  StrCpy $Updating 0
+  ${If} ${FileExists} "$INSTDIR\${PROGRAM}"
+    StrCpy $Updating 1
   ${EndIf}
 FunctionEnd
 
@@ -75,6 +80,7 @@ Var EveryoneButton
 
 Function ShowUsersPage
   ${If} $AllUsersAsked = 1
+  ${OrIf} $Updating = 1
     Abort
   ${EndIf}
   !insertmacro MUI_HEADER_TEXT "For whom" "Choose who will use ${PRODUCT} on this computer."

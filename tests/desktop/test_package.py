@@ -8,9 +8,8 @@ import zipfile
 
 import pytest
 import stores
-from dialog import PROGRAM_NAME, message_boxes
 from feed import FLOOD, LAWRENCE, TORNADO
-from harness import WM_CLOSE, click, processes, settled, station_line, stays, visible_windows, wait_until
+from harness import WM_CLOSE, click, processes, settled, station_line, visible_windows, wait_until
 from prefix import snapshot
 
 ROOT = pathlib.Path(__file__).parents[2]
@@ -87,6 +86,16 @@ def press(caption):
 def answer_box(text, button):
     wait_until(lambda: any(text in child.text for child in controls()), f"a message box: {text}")
     press(button)
+
+
+def finish_setup(setup):
+    """Installs without starting the program. Returns the texts of the installer's last page."""
+    press("Install")
+    press("Start Skyvane Alerts")  # clears the check box
+    texts = [child.text for child in controls()]
+    press("Finish")
+    assert setup.wait(30) == 0
+    return texts
 
 
 def contents(folder):
@@ -167,7 +176,8 @@ def test_installed_used_updated_removed(run_setup, make_program, feed, app_data_
     assert user_sound.read_bytes() == product()["Sounds/Bell.wav"]
     assert station_file.read_bytes() == stations
     kept = program.store.sections()
-    assert kept["Options"] == settings["Options"] and kept["Hosts"] == settings["Hosts"]
+    presets = {"displaytrayalert": "True", "flashtrayicon": "True"}  # the RegistryStore has deleted them
+    assert kept["Options"] == settings["Options"] | presets and kept["Hosts"] == settings["Hosts"]
 
     (place / "che.sk").write_text("left by a check that failed")
     (app_data_folder / "HTML" / "CitySearch.html").write_text("a page created by a search")
@@ -178,7 +188,7 @@ def test_installed_used_updated_removed(run_setup, make_program, feed, app_data_
     left = snapshot() - before
     assert {item for item in left if not (isinstance(item, tuple) and item[0].startswith(SETTINGS_PARENT))} == {
         str(station_file.resolve()), str(own_sound.resolve())}
-    assert program.store.sections()["Options"] == settings["Options"]
+    assert program.store.sections()["Options"] == kept["Options"]
     assert before - snapshot() == set() and not place.exists()
 
 
@@ -224,13 +234,25 @@ def test_chosen_folder_with_other_files(run_setup, tmp_path):
     (folder / "LICENSE.txt").write_text("of another program")
     setup = run_setup("/CurrentUser", f"/D={stores.windows_path(folder)}")
     press("Next >")
-    press("Install")
-    press("Start Skyvane Alerts")  # clears the check box
-    press("Finish")
-    assert setup.wait(30) == 0
+    finish_setup(setup)
     assert entry()["InstallLocation"] == stores.windows_path(folder / "Skyvane Alerts")
     assert {name: data for name, data in contents(folder).items() if "/" not in name} == {
         "LICENSE.txt": b"of another program"}
+
+
+def test_update_asks_only_about_the_start_with_windows(run_setup, run_value):
+    stores.RegistryStore().write({"Options": {"FlashTrayIcon": "False"}})
+    install(run_setup, "/CurrentUser", "/StartWithWindows")
+    options = stores.registry_values(stores.REGISTRY_KEY + "\\Options")
+    assert options == {"DisplayTrayAlert": "True", "FlashTrayIcon": "False", "StartWithWindows": "True"}
+    install(run_setup)
+    assert run_value()  # a silent update changes nothing
+    setup = run_setup("/CurrentUser")
+    [tree] = wait_until(lambda: [child for child in controls() if child.class_name == "SysTreeView32"], "the options")
+    click(tree.left + 9, tree.top + 24)  # the box in the second row
+    texts = finish_setup(setup)
+    assert any("Your settings and stations were kept." in text for text in texts)
+    assert run_value() is None
 
 
 def test_only_the_old_copy_in_another_folder_is_removed(run_setup, run_value):
@@ -255,7 +277,7 @@ def test_for_everyone(run_setup):
     install(run_setup)  # updates the existing copy
     assert entry() == {}
     uninstall(folder)
-    assert snapshot() == before
+    assert all(item[0].startswith(SETTINGS_PARENT) for item in snapshot() ^ before)
 
 
 def test_files_in_use_stop_the_update(run_setup, feed, tmp_path):
@@ -276,9 +298,8 @@ def test_files_in_use_stop_the_update(run_setup, feed, tmp_path):
     assert (place / "Help.html").read_bytes() == product()["Help.html"]
 
 
-def start_portable(program):
-    [start_file] = program.folder.glob("*.cmd")
-    subprocess.run(["wine", "cmd", "/c", stores.windows_path(start_file)], cwd=program.folder, check=True,
+def start_portable(program, name="Start Skyvane Alerts.cmd"):
+    subprocess.run(["wine", "cmd", "/c", stores.windows_path(program.folder / name)], cwd=program.folder, check=True,
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     wait_until(program.icon, "the icon")
 
@@ -293,7 +314,7 @@ def test_portable_in_a_read_only_and_a_writable_folder(package, tmp_path, make_p
     for path in [folder, *folder.rglob("*")]:
         path.chmod(0o555)
     start_portable(program)
-    assert stays(lambda: not message_boxes(), 2) and program.tooltip() == PROGRAM_NAME
+    answer_box("first time", "No")
     close(program)
     for path in [folder, *folder.rglob("*")]:
         path.chmod(0o755)
@@ -309,3 +330,17 @@ def test_portable_in_a_read_only_and_a_writable_folder(package, tmp_path, make_p
     close(program)
     assert snapshot() == before and not app_data_folder.exists()
     assert (folder / "Users" / "Default" / "Sounds" / "Bell.wav").exists()
+
+
+def test_drill(package, tmp_path, make_program):
+    with zipfile.ZipFile(only(package, ".zip")) as archive:
+        archive.extractall(tmp_path / "stick")
+    [folder] = (tmp_path / "stick").iterdir()
+    program = make_program(folder=folder)
+    program.store = stores.IniStore(folder / "Drill.ini")
+    start_portable(program, "Start Drill.cmd")
+    program.wait_for_picture("new alerts")
+    assert [(title, code) for _, title, code, _ in program.store.alerts()] == [("TEST: Tornado Warning", "66044")]
+    wait_until(program.balloons, "the balloon")
+    assert (folder / "Sounds" / program.store.read("Options", "TrayAlertSound")).exists()
+    close(program)
