@@ -27,7 +27,7 @@ endforeach()
 
 set(helpPage ${productDir}/Help.html)
 add_custom_command(OUTPUT ${helpPage}
-  COMMAND ${CMAKE_SOURCE_DIR}/tools/make-help ${CMAKE_SOURCE_DIR}/docs/help.md ${helpPage}
+  COMMAND ${CMAKE_SOURCE_DIR}/tools/make-help ${PROJECT_VERSION} ${CMAKE_SOURCE_DIR}/docs/help.md ${helpPage}
   DEPENDS tools/make-help docs/help.md
   COMMENT "Creating the help page")
 
