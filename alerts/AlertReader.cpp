@@ -46,7 +46,10 @@ AlertReader::AlertReader(const std::string& dataFile, const std::string& station
 bool AlertReader::ReadSome() {
     const win::XmlState state = win::StateOf(document_);
     if (state != win::XmlState::Loaded) return state == win::XmlState::Failed;
-    if (!nodes_) nodes_ = win::SelectNodes(document_, "aws:weather/aws:alerts/aws:alert/*");
+    if (!nodes_) {
+        hasList_ = win::NextNode(win::SelectNodes(document_, "aws:weather/aws:alerts")) != nullptr;
+        nodes_ = win::SelectNodes(document_, "aws:weather/aws:alerts/aws:alert/*");
+    }
     const ULONGLONG end = GetTickCount64() + kStepMilliseconds;
     while (nodes_) {
         const win::XmlNode node = win::NextNode(nodes_);
@@ -61,6 +64,15 @@ bool AlertReader::ReadSome() {
     return true;
 }
 
+PlaceAnswer AlertReader::Answer() const {
+    PlaceAnswer answer;
+    answer.alerts = alerts_;
+    answer.isFiltered = !filter_.lowerWords.empty();
+    answer.isKnown = hasList_ && nodes_;
+    answer.lastFailed = hasUnread_ || isOpen_;
+    return answer;
+}
+
 void AlertReader::Take(const win::XmlNode& node) {
     const std::string name = win::BaseName(node);
     if (kSkipList.find("|" + name + "|") != std::string_view::npos) return;
@@ -70,9 +82,12 @@ void AlertReader::Take(const win::XmlNode& node) {
     if (name == "id") {
         number_ = win::AddInt16(number_, 1);
         identifier_ = text;
+        hasUnread_ |= isOpen_;
+        isOpen_ = true;
     }
     if (name == "title") title_ = text;
     if (!isBody || text.empty()) return;
+    isOpen_ = false;
     const std::string body = CollapseSpaces(text);
     if (filter_.lowerWords.empty() || filter_.Keeps(win::ToLower(body)))
         Hold(body);
@@ -87,6 +102,7 @@ void AlertReader::Hold(const std::string& body) {
     values_.emplace_back(settings::kAlertZipCode + n, stationCode_);
     values_.emplace_back(settings::kAlertId + n, identifier_);
     identifiers_.push_back(OneLine(identifier_));
+    alerts_.push_back({identifiers_.back(), title_, body});
 }
 
 }  // namespace alerts

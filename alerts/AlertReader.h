@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "alerts/PlaceAnswers.h"
 #include "alerts/WordFilter.h"
 #include "settings/IniText.h"
 #include "win/XmlDocument.h"
@@ -20,6 +21,9 @@ class AlertReader {
     // Reads for a few milliseconds. Returns true once the whole document has been read and its
     // alerts are held.
     bool ReadSome();
+    // Returns what the document said about its place, without a time. The answer is not known if
+    // the document cannot be read; it is known but failed if an alert of it could not be read.
+    PlaceAnswer Answer() const;
     // The identifiers of the held alerts, in the order of the document, each on one line.
     const std::vector<std::string>& Identifiers() const { return identifiers_; }
 
@@ -36,6 +40,10 @@ class AlertReader {
     std::string title_;           // kept for an alert without a title of its own
     settings::KeyValues values_;  // of the current step
     std::vector<std::string> identifiers_;
+    std::vector<Alert> alerts_;  // the held ones
+    bool hasList_ = false;       // whether the document has a list of alerts
+    bool isOpen_ = false;        // whether the current alert has had no body yet
+    bool hasUnread_ = false;     // whether an alert has no body
 };
 
 }  // namespace alerts

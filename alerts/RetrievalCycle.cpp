@@ -1,8 +1,11 @@
 #include "alerts/RetrievalCycle.h"
 
+#include <windows.h>
+
 #include <algorithm>
 #include <iterator>
 
+#include "alerts/PlaceAnswers.h"
 #include "alerts/SeenAlerts.h"
 #include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
@@ -10,6 +13,7 @@
 #include "stations/StationLine.h"
 #include "stations/StationList.h"
 #include "win/CodePage.h"
+#include "win/Dates.h"
 #include "win/NeverDestroyed.h"
 
 namespace alerts {
@@ -29,6 +33,7 @@ std::optional<CycleOutcome> RetrievalCycle::Continue() {
     if (!download_->Succeeded()) return End(true);
     if (!reader_) reader_.emplace(download_->DataFile(), code_);
     if (!reader_->ReadSome()) return std::nullopt;
+    RecordAnswer();
     std::ranges::copy(reader_->Identifiers(), std::back_inserter(identifiers_));
     reader_.reset();
     download_.reset();
@@ -49,10 +54,28 @@ bool RetrievalCycle::StartNextStation() {
         const auto code = stations::StationCode(stations::StationAt(i));
         if (!code || HasFetched(*code)) continue;
         code_ = *code;
+        feed_ = settings::FeedHost();
         download_.emplace(settings::AlertsRequest(code_), kAlertsPrefix);
         return true;
     }
     return false;
+}
+
+void RetrievalCycle::RecordAnswer() const {
+    PlaceAnswer answer = reader_->Answer();
+    if (!answer.isKnown) return RecordFailure(code_, feed_);
+    answer.retrieved = win::GeneralDateNow();
+    answer.tick = GetTickCount64();
+    alerts::RecordAnswer(code_, feed_, std::move(answer));
+}
+
+// A failed download ends the cycle: the alerts of the stations after it are as unknown as its own.
+void RetrievalCycle::RecordFailures() const {
+    RecordFailure(code_, feed_);
+    for (const std::string& line : settings::State().stations) {
+        const auto code = stations::StationCode(line);
+        if (code && !HasFetched(*code)) RecordFailure(*code, feed_);
+    }
 }
 
 // The list of seen alerts changes only here: a failed cycle announces no alerts, so they must not
@@ -60,7 +83,10 @@ bool RetrievalCycle::StartNextStation() {
 CycleOutcome RetrievalCycle::End(bool failed) {
     download_.reset();
     settings::StoreHeldSettings();
-    if (failed) return {true, 0};
+    if (failed) {
+        RecordFailures();
+        return {true, 0};
+    }
     std::string& seen = settings::State().oldAlerts;
     seen = TrimSeen(seen);
     const std::int16_t newAlerts = AddUnseen(seen, identifiers_, BrokenBar());

@@ -33,10 +33,13 @@ class RetrievalCycle {
   private:
     bool HasFetched(const std::string& code) const;
     bool StartNextStation();
+    void RecordAnswer() const;
+    void RecordFailures() const;
     CycleOutcome End(bool failed);
 
     std::string fetched_;  // the codes fetched so far, each after a comma
     std::string code_;
+    std::string feed_;     // the address of the feed of the last download
     std::optional<Download> download_;
     std::optional<AlertReader> reader_;
     std::vector<std::string> identifiers_;  // of all alerts that passed the filter

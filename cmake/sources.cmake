@@ -2,7 +2,11 @@
 # the fuzzers run them. A test is portable if the file it is named for is portable:
 # tests/alerts/SeenAlertsTest.cpp for alerts/SeenAlerts.cpp.
 set(portableSources
+  alerts/AlertBody.cpp
+  alerts/AlertPage.cpp
+  alerts/PlaceAnswers.cpp
   alerts/SeenAlerts.cpp
+  alerts/StoredAlerts.cpp
   alerts/WordFilter.cpp
   app/StartupValues.cpp
   downloader/Arguments.cpp

@@ -1,5 +1,7 @@
 #include "settings/Addresses.h"
 
+#include <algorithm>
+
 #include "settings/IniOpenSave.h"
 #include "settings/Product.h"
 #include "win/Text.h"
@@ -14,12 +16,48 @@ std::string Host(const char* key, const char* defaultHost) {
 }
 
 std::string FeedRequest(std::string_view query) {
-    return Host("Feed", "nws://api.weather.gov/")  // ends in "/"
-        .append("GetXml.aspx?partnerid=7e3a90d4")
-        .append(query);
+    return FeedHost().append("GetXml.aspx?partnerid=7e3a90d4").append(query);
+}
+
+// Returns the part of the feed's address before "://" in lower case; empty if there is none.
+std::string FeedScheme() {
+    const std::string feed = FeedHost();
+    const std::size_t end = feed.find("://");
+    return end == std::string::npos ? std::string() : win::AsciiLower(feed.substr(0, end));
+}
+
+bool IsZipCode(std::string_view code) {
+    return code.size() == 5 && std::ranges::all_of(code, win::IsDigit);
 }
 
 }  // namespace
+
+std::string FeedHost() {
+    return Host("Feed", "nws://api.weather.gov/");
+}
+
+bool IsOwnSource() {
+    const std::string scheme = FeedScheme();
+    return !scheme.empty() && scheme != "http" && scheme != "https";
+}
+
+bool UsesLocalPage() {
+    return IsOwnSource() && Host("Weather", "").empty();
+}
+
+SourceSite OwnSourceSite() {
+    return {"US National Weather Service", "https://alerts.weather.gov/"};
+}
+
+std::string ForecastPage(std::string_view code) {
+    if (!IsZipCode(code)) return {};
+    return std::string("https://forecast.weather.gov/zipcity.php?inputstring=").append(code);
+}
+
+std::string SubstitutePage(std::string_view code) {
+    const std::string forecast = ForecastPage(code);
+    return forecast.empty() ? "https://www.weather.gov/" : forecast;
+}
 
 std::string WeatherHost() {
     return Host("Weather", "https://www.weatherbug.com");
@@ -67,6 +105,7 @@ std::string StationPage(std::string_view code) {
 }
 
 std::string NationalMapPage(std::string_view code) {
+    if (UsesLocalPage()) return OwnSourceSite().alerts;
     std::string page = WeatherHost()
                            .append("/severe-weather/national-alert-map.html?zcode=")
                            .append(kWeatherZone)

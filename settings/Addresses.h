@@ -9,6 +9,29 @@ namespace settings {
 // Returns the weather web site, without a final "/".
 std::string WeatherHost();
 
+// Returns the address of the feed, which ends in "/".
+std::string FeedHost();
+
+// Whether the feed is one of the downloader's own sources rather than a web server.
+bool IsOwnSource();
+
+// Whether the program shows alerts and weather on a page of its own, because the feed is an own
+// source and no weather web site is set.
+bool UsesLocalPage();
+
+// The public web site of the feed's source.
+struct SourceSite {
+    const char* name;  // after "the"
+    const char* alerts;
+};
+SourceSite OwnSourceSite();
+
+// Returns the source's forecast for a place; empty if the code is not a ZIP code.
+std::string ForecastPage(std::string_view code);
+
+// Returns the page of the source to open when the program's own page cannot be opened.
+std::string SubstitutePage(std::string_view code);
+
 // Returns the maker's web site, without a final "/"; also its home page.
 std::string MakerHost();
 
@@ -24,7 +47,8 @@ std::string LocationsRequest(std::string_view name);
 std::string StationsRequest(std::string_view code, bool byZipCode);
 
 // Return pages of the weather web site: the alerts of a station, its weather, the national map
-// (centred on the station's code unless that is empty), and the home page.
+// (centred on the station's code unless that is empty), and the home page. Where UsesLocalPage, the
+// national map is the source's page of all alerts, and the first two are not used.
 std::string AlertPage(std::string_view code);
 std::string StationPage(std::string_view code);
 std::string NationalMapPage(std::string_view code);

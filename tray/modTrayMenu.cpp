@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "alerts/RetrievalCycle.h"
+#include "alerts/StoredAlerts.h"
 #include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
@@ -12,6 +13,7 @@
 #include "stations/StationList.h"
 #include "tray/AlertMenu.h"
 #include "tray/OptionsDialog.h"
+#include "tray/ShowAlerts.h"
 #include "tray/TrayWindow.h"
 #include "tray/resource.h"
 #include "win/Handle.h"
@@ -41,17 +43,25 @@ bool wasClickedBeforeSetUp = false;
 bool rebuildAlertsWhenClosed = false;
 bool rebuildStationsWhenClosed = false;
 
+// Opens the page of a station: the program's own or, by its address, one of the weather web site.
+void OpenPage(const std::string& code, std::string (*address)(std::string_view code)) {
+    if (settings::UsesLocalPage())
+        ShowAlerts(code);
+    else
+        win::OpenInBrowser(TrayWindow(), address(code));
+}
+
 void RunBuiltCommand(std::uint32_t identifier) {
     // First the alerts: an alert's identifier may also be above those of the stations.
     const auto code = AlertItemCount > 0 ? FindInAlertMap(AlertMenuMap, identifier) : std::nullopt;
     if (code) {
-        win::OpenInBrowser(TrayWindow(), settings::AlertPage(*code));
+        OpenPage(*code, settings::AlertPage);
     } else if (identifier == kAddStation) {
         ShowStationOptions();
     } else if (identifier > kAddStation) {
         const auto station = stations::StationAt(identifier - kFirstStation);
         if (const auto stationCode = stations::StationCode(station))
-            win::OpenInBrowser(TrayWindow(), settings::StationPage(*stationCode));
+            OpenPage(*stationCode, settings::StationPage);
     }
 }
 
@@ -102,11 +112,6 @@ std::uint32_t CreateAlertIdentifier(std::vector<std::uint32_t>& taken,
         }
         unusable.push_back(std::move(menu));
     }
-}
-
-std::string ValueOf(const std::map<std::string, std::string>& section, const char* key, int n) {
-    const auto found = section.find(key + win::Decimal(n));
-    return found == section.end() ? std::string() : found->second;
 }
 
 // Whether an alert item has the identifier of a station that was added after it.
@@ -176,9 +181,9 @@ void BuildAlertsMenu() {
     std::vector<std::uint32_t> taken;
     std::vector<win::Menu> unusable;
     for (int k = 1; k <= count && AlertItemCount < kMostAlertItems; ++k) {
-        const std::string code = ValueOf(section, settings::kAlertZipCode, k);
+        const std::string code = alerts::StoredValue(section, settings::kAlertZipCode, k);
         const std::string caption =
-            AlertCaption(ValueOf(section, settings::kAlertTitle, k),
+            AlertCaption(alerts::StoredValue(section, settings::kAlertTitle, k),
                          stations::DisplayTextOfCode(settings::State().stations, code));
         if (!AddCaption(seenCaptions, caption, alerts::BrokenBar())) continue;
         const std::uint32_t identifier = CreateAlertIdentifier(taken, unusable);

@@ -15,4 +15,16 @@ void OpenInBrowser(HWND owner, const std::string& address) {
                   ExecutableFolder().c_str(), SW_SHOWNORMAL);
 }
 
+bool OpenDocument(HWND owner, const std::string& path) {
+    EnsureCom();
+    SHELLEXECUTEINFOA info = {};
+    info.cbSize = sizeof(info);
+    info.fMask = SEE_MASK_FLAG_NO_UI;
+    info.hwnd = owner;
+    info.lpVerb = "Open";
+    info.lpFile = path.c_str();
+    info.nShow = SW_SHOWNORMAL;
+    return ShellExecuteExA(&info);
+}
+
 }  // namespace win

@@ -11,7 +11,7 @@ class AddressesTest : public tests::ScratchStore {};
 TEST_F(AddressesTest, ContainTheCode) {
     EXPECT_TRUE(feed::ParseRequest(AlertsRequest("66044"), "nws")) << "the default feed";
     EXPECT_TRUE(StationsRequest("64321", false).ends_with("&requesttype=1&CityCode=64321"));
-    EXPECT_TRUE(NationalMapPage("").ends_with("country_name=USA"));
+    EXPECT_EQ(NationalMapPage("66044"), "https://alerts.weather.gov/");
 }
 
 }  // namespace
