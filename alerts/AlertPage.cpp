@@ -161,7 +161,7 @@ void AppendPlace(std::string& html, const PagePlace& place, const PageData& data
     }
     html += "<ul class=\"links\">\n";
     if (!place.forecast.empty()) AppendLink(html, place.forecast, "Forecast for " + place.name);
-    AppendLink(html, data.sourceAddress, "All alerts of the " + data.source);
+    AppendLink(html, data.allAlerts, "All active alerts in the United States");
     html += "</ul>\n</details>\n";
 }
 
@@ -191,9 +191,9 @@ std::string BuildAlertPage(const PageData& data) {
         AppendPlace(html, data.places[i], data, i == 0);
     html += "</main>\n<footer>\n";
     AppendElement(html, "p",
-                  "The alerts are those of the " + data.source +
-                      ", as retrieved over the Internet. They may be late, incomplete or missing. "
-                      "Official warnings and the instructions of local authorities come first.");
+                  "Source of the alerts: " + data.source +
+                      ". They may be late, incomplete or missing. Official warnings and the "
+                      "instructions of local authorities come first.");
     return html.append("</footer>\n</body>\n</html>\n");
 }
 

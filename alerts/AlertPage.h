@@ -19,8 +19,8 @@ struct PagePlace {
 struct PageData {
     std::vector<PagePlace> places;  // the one that the user chose first
     std::string written;            // the time of writing, as the user writes dates
-    std::string source;             // name and address of the source of the alerts
-    std::string sourceAddress;
+    std::string source;             // what the source of the alerts is
+    std::string allAlerts;          // the address of a page with all alerts
     std::size_t longestStored = 0;  // a stored text of this length was cut; 0: never
 };
 

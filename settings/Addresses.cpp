@@ -45,8 +45,13 @@ bool UsesLocalPage() {
     return IsOwnSource() && Host("Weather", "").empty();
 }
 
-SourceSite OwnSourceSite() {
-    return {"US National Weather Service", "https://alerts.weather.gov/"};
+std::string OwnSourceName() {
+    return FeedScheme() == "drill" ? "a drill, whose alert is made up as a test"
+                                   : "US National Weather Service, over the Internet";
+}
+
+std::string AllAlertsPage() {
+    return "https://alerts.weather.gov/";
 }
 
 std::string ForecastPage(std::string_view code) {
@@ -105,7 +110,7 @@ std::string StationPage(std::string_view code) {
 }
 
 std::string NationalMapPage(std::string_view code) {
-    if (UsesLocalPage()) return OwnSourceSite().alerts;
+    if (UsesLocalPage()) return AllAlertsPage();
     std::string page = WeatherHost()
                            .append("/severe-weather/national-alert-map.html?zcode=")
                            .append(kWeatherZone)

@@ -19,12 +19,11 @@ bool IsOwnSource();
 // source and no weather web site is set.
 bool UsesLocalPage();
 
-// The public web site of the feed's source.
-struct SourceSite {
-    const char* name;  // after "the"
-    const char* alerts;
-};
-SourceSite OwnSourceSite();
+// Returns what an own source is, for the user.
+std::string OwnSourceName();
+
+// Returns the public page of all alerts in the area of an own source.
+std::string AllAlertsPage();
 
 // Returns the source's forecast for a place; empty if the code is not a ZIP code.
 std::string ForecastPage(std::string_view code);

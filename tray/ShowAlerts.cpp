@@ -58,11 +58,10 @@ alerts::PageData Collect(const std::string& chosen) {
     // First, because it handles messages.
     const auto section = settings::ReadSection(settings::kAlerts);
     const std::string feed = settings::FeedHost();
-    const settings::SourceSite site = settings::OwnSourceSite();
     alerts::PageData data;
     data.written = win::GeneralDateNow();
-    data.source = site.name;
-    data.sourceAddress = site.alerts;
+    data.source = settings::OwnSourceName();
+    data.allAlerts = settings::AllAlertsPage();
     if (settings::UseIni == settings::kUseIniStore) data.longestStored = settings::kIniValueLimit;
     for (const std::string& code : CodesInOrder(chosen)) {
         alerts::PagePlace place;

@@ -8,6 +8,7 @@ import harness
 import stores
 from feed import Feed
 from inside import probe
+from weather_service import WeatherService
 
 RUN_KEY = r"HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\Run"
 
@@ -77,6 +78,16 @@ def feed():
     feed = Feed()
     yield feed
     feed.close()
+
+
+@pytest.fixture
+def service(temp_folder):
+    """The simulated Weather Service, without answers that an earlier test left in the cache."""
+    for file in temp_folder.glob("SkyvaneAlerts.*.cache"):
+        file.unlink()
+    weather = WeatherService()
+    yield weather
+    weather.close()
 
 
 @pytest.fixture

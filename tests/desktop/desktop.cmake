@@ -3,6 +3,7 @@
 add_executable(probe WIN32 ${CMAKE_CURRENT_LIST_DIR}/probe.cpp)
 target_link_libraries(probe PRIVATE program)
 set(mapPages ${CMAKE_CURRENT_BINARY_DIR}/mapPages)
+set(alertPages ${CMAKE_CURRENT_BINARY_DIR}/alertPages)
 file(GLOB desktopTests CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/test_*.py)
 foreach(desktopTest ${desktopTests})
   get_filename_component(name ${desktopTest} NAME_WE)
@@ -12,7 +13,7 @@ foreach(desktopTest ${desktopTests})
     RESOURCE_GROUPS screens:1
     LABELS clicks
     TIMEOUT 300
-    ENVIRONMENT "PRODUCT_DIR=${productDir};PROBE=$<TARGET_FILE:probe>;STANDIN=$<TARGET_FILE:standin>;NODE=${nodeProgram};MAP_PAGES=${mapPages};PYTHONDONTWRITEBYTECODE=1")
+    ENVIRONMENT "PRODUCT_DIR=${productDir};PROBE=$<TARGET_FILE:probe>;STANDIN=$<TARGET_FILE:standin>;NODE=${nodeProgram};MAP_PAGES=${mapPages};ALERT_PAGES=${alertPages};PYTHONDONTWRITEBYTECODE=1")
 endforeach()
 # These do not click with the mouse, so they are not repeated when they fail.
 set_tests_properties(desktop_test_downloader desktop_test_downloader_trust desktop_test_endurance

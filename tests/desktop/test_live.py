@@ -12,22 +12,13 @@ from downloader_run import Downloader, assert_failed
 from harness import wait_until
 from loopback import answer
 from search_dialog import CHOOSER, apply_options, make_searcher, open_search, saved_stations
-from weather_service import WeatherService, alert, collection, moment, recorded, vtec
+from weather_service import alert, collection, moment, recorded, vtec
 
 def dropped(connection):
     """An answer that closes the connection."""
 
 
 BLOCK_PAGE = answer(200, b"<HTML><BODY>Access Denied Reference #18.2d351ab8</BODY></HTML>")
-
-
-@pytest.fixture
-def service(temp_folder):
-    for file in temp_folder.glob("SkyvaneAlerts.*.cache"):
-        file.unlink()
-    weather = WeatherService()
-    yield weather
-    weather.close()
 
 
 @pytest.fixture
