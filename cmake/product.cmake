@@ -36,6 +36,6 @@ add_custom_target(productFiles ALL
   DEPENDS ${helpPage}
   COMMENT "Filling the program folder")
 
+include(${CMAKE_SOURCE_DIR}/cmake/places.cmake)
 include(${CMAKE_SOURCE_DIR}/cmake/mapPage.cmake)
 add_dependencies(productFiles mapPage)
-include(${CMAKE_SOURCE_DIR}/cmake/places.cmake)

@@ -1,5 +1,8 @@
 #include "search/MapBrowser.h"
 
+#include <mshtmhst.h>
+#include <oaidl.h>
+
 #include <utility>
 
 #include "win/Com.h"
@@ -11,6 +14,38 @@ constexpr char kControlClass[] = "Shell.Explorer.2";
 constexpr char kHostClass[] = "AtlAxWin";
 constexpr UINT kForwardMessage = 0x37F;  // the host window passes the message to its control
 constexpr char kInnerHtml[] = "innerHTML";
+
+constexpr char kReadyStateComplete[] = "4";
+
+// What the control asks its host for, as ATL declares it. The compiler's headers lack it. Only the
+// members up to the last one used are declared, in the order of the table.
+struct IAxWinAmbientDispatch : public IDispatch {
+    virtual HRESULT STDMETHODCALLTYPE put_AllowWindowlessActivation(VARIANT_BOOL) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_AllowWindowlessActivation(VARIANT_BOOL*) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_BackColor(OLE_COLOR) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_BackColor(OLE_COLOR*) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_ForeColor(OLE_COLOR) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_ForeColor(OLE_COLOR*) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_LocaleID(LCID) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_LocaleID(LCID*) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_UserMode(VARIANT_BOOL) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_UserMode(VARIANT_BOOL*) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_DisplayAsDefault(VARIANT_BOOL) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_DisplayAsDefault(VARIANT_BOOL*) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_Font(IDispatch*) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_Font(IDispatch**) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_MessageReflect(VARIANT_BOOL) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_MessageReflect(VARIANT_BOOL*) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_ShowGrabHandles(VARIANT_BOOL*) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_ShowHatching(VARIANT_BOOL*) = 0;
+    virtual HRESULT STDMETHODCALLTYPE put_DocHostFlags(DWORD) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_DocHostFlags(DWORD*) = 0;
+
+  protected:
+    ~IAxWinAmbientDispatch() = default;
+};
+constexpr IID kAmbientDispatchId{
+    0xB6EA2051, 0x048A, 0x11D1, {0x82, 0xB9, 0x00, 0xC0, 0x4F, 0xB9, 0x94, 0x2E}};
 
 HMODULE LoadHostLibrary() {
     static const HMODULE library = LoadLibraryExA("atl.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
@@ -35,6 +70,22 @@ win::Automation FindControl(HWND window) {
     if (window && getControl && SUCCEEDED(getControl(window, &control)) && control)
         control.As(&browser);
     return browser;
+}
+
+// Lets the engine scale its pages like the dialog. Without it they stay small on a screen of high
+// resolution; hosts that do not know the flag ignore it.
+void EnablePageScaling(HWND window) {
+    const auto getHost = LoadHostFunction<HRESULT(WINAPI*)(HWND, IUnknown**)>("AtlAxGetHost");
+    Microsoft::WRL::ComPtr<IUnknown> host;
+    if (!window || !getHost || FAILED(getHost(window, &host)) || !host) return;
+    Microsoft::WRL::ComPtr<IUnknown> found;
+    if (FAILED(host->QueryInterface(kAmbientDispatchId,
+                                    reinterpret_cast<void**>(found.GetAddressOf()))))
+        return;
+    auto* ambient = static_cast<IAxWinAmbientDispatch*>(found.Get());
+    DWORD flags = 0;
+    if (SUCCEEDED(ambient->get_DocHostFlags(&flags)))
+        ambient->put_DocHostFlags(flags | DOCHOSTUIFLAG_DPI_AWARE);
 }
 
 // Returns an element of the browser's page, or null.
@@ -65,6 +116,7 @@ bool MapBrowser::Create(HWND parent, int control) {
                               GetModuleHandleA(nullptr), nullptr);
     browser_ = FindControl(window_);
     if (!browser_ && window_) DestroyWindow(std::exchange(window_, nullptr));
+    EnablePageScaling(window_);
     // Script errors of the page show no message boxes.
     win::PutProperty(browser_, "Silent", win::Variant(true));
     // A file dropped on the map does not replace the page.
@@ -87,9 +139,12 @@ void MapBrowser::Navigate(const std::string& address) {
     win::CallMethod(browser_, "Navigate2", win::Variant(address));
 }
 
-bool MapBrowser::IsBusy() const {
+bool MapBrowser::IsLoading() const {
     const auto busy = win::GetProperty(browser_, "Busy");
-    return busy && busy->IsTrue();
+    if (busy && busy->IsTrue()) return true;
+    // A control without an engine never has a document and never gets ready.
+    const auto state = win::GetProperty(browser_, "ReadyState");
+    return HasDocument() && state && state->Text() != kReadyStateComplete;
 }
 
 bool MapBrowser::HasDocument() const {

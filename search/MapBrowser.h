@@ -31,7 +31,8 @@ class MapBrowser {
     // The browser's window, or null.
     HWND Window() const { return window_; }
     void Navigate(const std::string& address);
-    bool IsBusy() const;
+    // Returns whether the browser still loads a page.
+    bool IsLoading() const;
     bool HasDocument() const;
     // Returns whether the markup of the page's body contains the text.
     bool BodyContains(std::string_view text) const;

@@ -134,7 +134,7 @@ void RunSearch(const std::string& text) {
 bool WaitForMap() {
     const int number = Form().searchNumber;
     const auto isCurrent = [&] { return !Form().isClosing && Form().searchNumber == number; };
-    while (isCurrent() && Form().browser.IsBusy()) win::PumpOrWait(kBusyMilliseconds);
+    while (isCurrent() && Form().browser.IsLoading()) win::PumpOrWait(kBusyMilliseconds);
     return isCurrent();
 }
 

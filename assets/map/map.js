@@ -1,40 +1,38 @@
-// The map: outlines of land and states, the view, and the interface to the program. The program calls
+// The map: outlines of land, states and counties, the view, and the interface to the program. The program calls
 // setMapCenter through a hidden image that it writes into the element "ResetCenter", and reads the
 // identifier of the station last clicked from the element "SVSelectedCity".
 
 var unitedStates = [[24.4, -124.9], [49.5, -66.9]];  // south west and north east, in degrees
-var closestZoomOfSeveral = 10;
+var closestZoomOfSeveral = 9.25;  // as in towns.mjs
 var closestZoomOfOne = 7;  // the borders of its state stay in sight
+var countyZoom = 6.5;  // the least zoom that shows the county lines
 
 var map, stations;
 var pageZoom;  // the last zoom that the page chose, not the user
 
-// Decodes lines and rings: x and y of the first point, then steps, in hundredths of a degree.
-function decodeOutlines(paths) {
-    return paths.map(function (steps) {
-        var points = [];
-        var x = 0, y = 0, i;
-        for (i = 0; i < steps.length; i += 2) {
-            x += steps[i];
-            y += steps[i + 1];
-            points.push([y / 100, x / 100]);
-        }
-        return points;
-    });
-}
-
 function drawOutlines() {
     var canvas = L.canvas({pane: "tilePane"});
+    var counties;
     function style(color, weight, fillColor) {
         return {
             renderer: canvas, pane: "tilePane", interactive: false, color: color, weight: weight,
             fill: !!fillColor, fillColor: fillColor, fillOpacity: 1, smoothFactor: 0.8
         };
     }
-    L.polygon(decodeOutlines(outlines.land), style("#a9b9c2", 1, "#ebe9e2")).addTo(map);
-    L.polyline(decodeOutlines(outlines.borders), style("#c6c1b4", 1)).addTo(map);
-    L.polygon(decodeOutlines(outlines.states), style("#93a4ae", 1, "#faf8f2")).addTo(map);
-    L.polyline(decodeOutlines(outlines.stateLines), style("#bdb6a6", 1)).addTo(map);
+    L.polygon(decodePaths(outlines.land), style("#a9b9c2", 1, "#ebe9e2")).addTo(map);
+    L.polyline(decodePaths(outlines.borders), style("#c6c1b4", 1)).addTo(map);
+    L.polygon(decodePaths(outlines.states), style("#93a4ae", 1, "#faf8f2")).addTo(map);
+    L.polyline(decodePaths(outlines.stateLines), style("#a9a18f", 1.5)).addTo(map);
+    function showCounties() {
+        if (map.getZoom() >= countyZoom) {
+            counties = counties || L.polyline(decodePaths(outlines.countyLines), style("#d6d0c1", 1));
+            map.addLayer(counties);
+        } else if (counties) {
+            map.removeLayer(counties);
+        }
+    }
+    map.on("zoomend", showCounties);
+    showCounties();
 }
 
 // Sets the text that the program reads. The element does not exist until the program first centres the
@@ -69,6 +67,12 @@ function showAll() {
         paddingTopLeft: [46, 14], paddingBottomRight: [14, 44]  // clear of the buttons and the scale
     });
     pageZoom = map.getZoom();
+}
+
+// Places the text of the selected station, then the names of towns in the space that is left.
+function arrangeLabels() {
+    placeSelectedText();
+    drawTowns();
 }
 
 // Centres a place. Until the user changes the zoom, the page chooses one at which every station stays
@@ -135,7 +139,7 @@ function addControls() {
         : new NoticeControl({position: "topright"}));
     map.addControl(L.control.scale({maxWidth: 100}));
     map.attributionControl.setPrefix("Leaflet");
-    map.attributionControl.addAttribution("Outlines: Natural Earth, US Census Bureau");
+    map.attributionControl.addAttribution("Natural Earth, US Census Bureau, GeoNames");
 }
 
 function start() {
@@ -143,16 +147,16 @@ function start() {
     stations = readStations(feed.textContent);
     // The program reads the whole body twenty times a second, so the body stays short.
     feed.parentNode.removeChild(feed);
-    map = L.map("StationMap", {
-        minZoom: 0, maxZoom: 13, keyboardPanDelta: 60, zoomSnap: 0.25,
-        center: [38, -96], zoom: 3
-    });
+    map = L.map("StationMap", {minZoom: 0, maxZoom: 13, keyboardPanDelta: 60, zoomSnap: 0.25});
+    showAll();  // first, because each later change of the zoom projects the outlines again
     drawOutlines();
     drawMarkers(function (station) {
         setClickedText(station.id);
     });
     addControls();
-    showAll();
+    createTownLayer();
+    map.on("moveend", arrangeLabels);
+    arrangeLabels();
     map.on("resize", function () {
         showPlace(map.getCenter());
     });

@@ -1,7 +1,7 @@
-// Makes the outlines that the page draws from the atlas packages: decoded, simplified to the detail of a
-// small map, and encoded in whole hundredths of a degree.
+// Creates the outlines that the page draws from the atlas packages: decoded, simplified to the detail of
+// a small map, and encoded.
+import { encodePath } from "./encode.mjs";
 
-const stepsPerDegree = 100;
 const unitedStatesId = "840";  // ISO 3166-1 number, by which the world atlas names its countries
 
 // Simplifies a line to within the tolerance in degrees (Douglas-Peucker). Degrees of longitude count
@@ -33,7 +33,8 @@ function distanceToSegment([x, y], [x1, y1], [x2, y2]) {
     return Math.hypot(px - along * dx, py - along * dy);
 }
 
-// Returns the atlas with its arcs decoded and simplified. Neighbours share arcs, so they still meet.
+// Returns the atlas with its arcs decoded and simplified. Neighbours share arcs, so their borders still
+// meet.
 function simplifyAtlas(atlas, tolerance) {
     const { scale, translate } = atlas.transform;
     const arcs = atlas.arcs.map((arc) => {
@@ -45,19 +46,6 @@ function simplifyAtlas(atlas, tolerance) {
         }), tolerance);
     });
     return { type: "Topology", objects: atlas.objects, arcs };
-}
-
-// Encodes a line as its first point, then steps, in hundredths of a degree. Returns null when fewer
-// than `fewest` points are left.
-function encodeLine(points, fewest) {
-    const steps = [];
-    let lastX = 0, lastY = 0;
-    for (const [longitude, latitude] of points) {
-        const x = Math.round(longitude * stepsPerDegree), y = Math.round(latitude * stepsPerDegree);
-        if (steps.length === 0 || x !== lastX || y !== lastY) steps.push(x - lastX, y - lastY);
-        [lastX, lastY] = [x, y];
-    }
-    return steps.length / 2 >= fewest ? steps : null;
 }
 
 // Returns the parts of a ring between the longitudes -180 and 180. Rings of the atlas may cross that
@@ -95,23 +83,27 @@ function encodeRings(multiPolygon, smallest) {
         const xs = ring.map((p) => p[0]), ys = ring.map((p) => p[1]);
         return Math.max(...xs) - Math.min(...xs) + Math.max(...ys) - Math.min(...ys) > smallest;
     };
-    return multiPolygon.coordinates.flat().flatMap(cutAtDateLine).filter(isVisible).map((r) => encodeLine(r, 4)).filter(Boolean);
+    return multiPolygon.coordinates.flat().flatMap(cutAtDateLine).filter(isVisible)
+        .map((ring) => encodePath(ring, 4)).filter(Boolean).join(" ");
 }
 
 function encodeLines(multiLine) {
-    return multiLine.coordinates.map((line) => encodeLine(line, 2)).filter(Boolean);
+    return multiLine.coordinates.map((line) => encodePath(line, 2)).filter(Boolean).join(" ");
 }
 
-// Returns the four layers of the map. The United States come from their own atlas, whose shores follow
-// the Great Lakes, and are left out of the world's land.
-export function makeOutlines(topojson, statesAtlas, worldAtlas) {
-    const us = simplifyAtlas(statesAtlas, 0.008), world = simplifyAtlas(worldAtlas, 0.035);
+// Returns the five layers of the map, each as encoded paths that spaces separate. The United States come
+// from their own atlas, whose shores follow the Great Lakes, and are left out of the world's land.
+export function makeOutlines(topojson, unitedStatesAtlas, worldAtlas) {
+    const us = simplifyAtlas(unitedStatesAtlas, 0.008), world = simplifyAtlas(worldAtlas, 0.035);
     const countries = world.objects.countries.geometries.filter((c) => c.id !== unitedStatesId);
     const areBothForeign = (a, b) => a !== b && a.id !== unitedStatesId && b.id !== unitedStatesId;
+    // The identifier of a county begins with the two digits of its state.
+    const areOfOneState = (a, b) => a !== b && a.id.slice(0, 2) === b.id.slice(0, 2);
     return {
         land: encodeRings(topojson.merge(world, countries), 0.15),
         borders: encodeLines(topojson.mesh(world, world.objects.countries, areBothForeign)),
         states: encodeRings(topojson.merge(us, us.objects.states.geometries), 0.03),
         stateLines: encodeLines(topojson.mesh(us, us.objects.states, (a, b) => a !== b)),
+        countyLines: encodeLines(topojson.mesh(us, us.objects.counties, areOfOneState)),
     };
 }

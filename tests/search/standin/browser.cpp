@@ -4,6 +4,7 @@
 //
 //   navigated.txt      the addresses, one a line
 //   busy               the control is busy while this file is there
+//   loading            its page is not complete while this file is there
 //   body.txt           the body's inner markup
 //   NAME.element       the inner markup of the element of that name, which is missing without it
 #include <windows.h>
@@ -24,13 +25,14 @@ enum Member : DISPID {
     kItem = DISPID_VALUE,
     kNavigate2 = 1,
     kBusy,
+    kReadyState,
     kDocument,
     kAll,
     kBody,
     kInnerHtml
 };
-constexpr const wchar_t* kNames[] = {L"",    L"Navigate2", L"Busy",     L"Document",
-                                     L"All", L"body",      L"innerHTML"};
+constexpr const wchar_t* kNames[] = {L"",         L"Navigate2", L"Busy", L"ReadyState",
+                                     L"Document", L"All",       L"body", L"innerHTML"};
 
 std::string PathOf(const std::wstring& name) {
     return win::Environment("STANDIN_FOLDER") + "\\" + win::FromWide(name);
@@ -92,6 +94,11 @@ class Object : public IDispatch {
         if (kind_ == Kind::Browser && member == kBusy) {
             V_VT(result) = VT_BOOL;
             V_BOOL(result) = Exists(L"busy") ? VARIANT_TRUE : VARIANT_FALSE;
+            return S_OK;
+        }
+        if (kind_ == Kind::Browser && member == kReadyState) {
+            V_VT(result) = VT_I4;
+            V_I4(result) = Exists(L"loading") ? 3 : 4;
             return S_OK;
         }
         if (kind_ == Kind::Browser && member == kDocument)
