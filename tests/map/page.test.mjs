@@ -56,9 +56,9 @@ async function center(page, ...coordinates) {
     await waitFor("the image's error", () => page.evaluate(() => window.isCentred));
 }
 
-// Returns the colour of the topmost canvas that has drawn at a point; that of water when none has.
+// Returns the colour of the station or the outline drawn at a point; that of water when there is none.
 const colorAt = (page, { x, y }) => page.evaluate(([px, py]) => {
-    const canvases = [...document.querySelectorAll("canvas")].reverse();
+    const canvases = [...document.querySelectorAll(".leaflet-tile-pane canvas, .leaflet-overlay-pane canvas")].reverse();
     for (const canvas of canvases) {
         const box = canvas.getBoundingClientRect();
         const scale = canvas.width / box.width;
@@ -205,6 +205,39 @@ test("land, lakes and sea are in the right places, without a network", async (t)
             await center(page, latitude, longitude);
             await waitForColor(page, middle, color);
         });
+    }
+});
+
+test("at the dialog's first size the selected text is whole and covers no other station", async (t) => {
+    const page = await open(t, "three");
+    await page.setViewportSize({ width: 338, height: 292 });
+    for (const [, , latitude, longitude] of three) {
+        await center(page, latitude, longitude);
+        const { box, covered } = await page.evaluate((marker) => {
+            const { left, top, right, bottom, width, height } =
+                document.querySelector(".leaflet-tooltip.selected").getBoundingClientRect();
+            const canvas = document.querySelector(".leaflet-overlay-pane canvas");
+            const origin = canvas.getBoundingClientRect();
+            const { data } = canvas.getContext("2d").getImageData(left - origin.left, top - origin.top, width, height);
+            const colors = Array.from({ length: data.length / 4 }, (_, i) => data.slice(4 * i, 4 * i + 3).join());
+            return { box: [left, top, 338 - right, 292 - bottom], covered: colors.filter((c) => c === marker).length };
+        }, colors.marker);
+        assert.ok(Math.min(...box) >= 0, `${box}`);
+        assert.equal(covered, 0);
+    }
+});
+
+test("the map names the towns around a place", async (t) => {
+    const page = await open(t, "three");
+    await page.setViewportSize({ width: 338, height: 292 });
+    for (const [latitude, longitude, town] of [["40.78", "-73.97", "Newark"], ["38.97", "-95.24", "Topeka"]]) {
+        await center(page, latitude, longitude);
+        const names = (await page.getAttribute("#StationMap", "aria-label")).split(/[:,] /).slice(1);
+        assert.ok(names.length >= 3 && names.includes(town), `${names}`);
+        assert.ok(await page.evaluate(() => {
+            const { data } = document.querySelector(".leaflet-towns-pane canvas").getContext("2d").getImageData(0, 0, 338, 292);
+            return data.some((value) => value > 0);
+        }), "no name is drawn");
     }
 });
 
