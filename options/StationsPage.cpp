@@ -96,8 +96,10 @@ void Command7_Click(HWND page) {
 }
 
 void Command5_Click(HWND page) {
+    // No is the default: Alt+E, Enter would otherwise remove all stations.
     if (!settings::Confirm(GetParent(page),
-                           "Are you sure you want to remove all saved weather stations?", 0))
+                           "Are you sure you want to remove all saved weather stations?",
+                           MB_DEFBUTTON2))
         return;
     lines.clear();
     ChangeLines(page, 0);

@@ -23,8 +23,13 @@ void cmdTest_Click(HWND page) {
     if (win::FileExists(path)) win::PlayAlertSound(path, win::kPlayOnce);
 }
 
+void EnablePreview(HWND page) {
+    win::EnableControl(page, frmOptions_cmdTest, ChosenEntry(page, frmOptions_Combo11) != kNoSound);
+}
+
 INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
     if (message != WM_COMMAND) return FALSE;
+    if (wParam == MAKEWPARAM(frmOptions_Combo11, CBN_SELCHANGE)) EnablePreview(page);
     if (wParam == MAKEWPARAM(frmOptions_cmdTest, BN_CLICKED)) cmdTest_Click(page);
     MarkControlChange(page, kControls, wParam);
     return TRUE;
@@ -39,6 +44,7 @@ void Load(HWND page) {
     const std::string stored = ReadSetting(kTrayAlertSound, kNoSound);
     if (win::FindItem(combo, stored) < 0) win::AddItem(combo, stored);
     LoadControls(page, kControls);
+    EnablePreview(page);
 }
 
 void Apply(HWND page) {

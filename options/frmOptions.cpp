@@ -154,6 +154,10 @@ void Apply() {
     // A later Apply stores the pages that could not be stored or have been changed meanwhile.
     form.anythingChanged =
         std::find(form.changed.begin(), form.changed.end(), true) != form.changed.end();
+    const HWND apply = GetDlgItem(form.window, frmOptions_ApplyButton);
+    if (!form.anythingChanged && GetFocus() == apply)
+        SendMessageA(form.window, WM_NEXTDLGCTL,
+                     reinterpret_cast<WPARAM>(GetDlgItem(form.window, frmOptions_Command1)), TRUE);
     win::EnableControl(form.window, frmOptions_ApplyButton, form.anythingChanged);
 }
 
@@ -172,12 +176,15 @@ void SelectTab(std::size_t page) {
     ShowPage(kPages[page]->tabText);
 }
 
-// Handles Ctrl+Tab and Ctrl+Shift+Tab. Returns whether the message was one of them.
+// Handles Ctrl+Tab, Ctrl+PgDn and, for the previous page, Ctrl+Shift+Tab and Ctrl+PgUp. Returns
+// whether the message was one of them.
 bool TurnPage(const MSG& message) {
-    if (message.message != WM_KEYDOWN || message.wParam != VK_TAB || GetKeyState(VK_CONTROL) >= 0 ||
-        GetAncestor(message.hwnd, GA_ROOT) != form.window)
+    const WPARAM key = message.wParam;
+    if (message.message != WM_KEYDOWN || (key != VK_TAB && key != VK_PRIOR && key != VK_NEXT) ||
+        GetKeyState(VK_CONTROL) >= 0 || GetAncestor(message.hwnd, GA_ROOT) != form.window)
         return false;
-    const std::size_t step = GetKeyState(VK_SHIFT) < 0 ? kPages.size() - 1 : 1;
+    const bool isBackward = key == VK_PRIOR || (key == VK_TAB && GetKeyState(VK_SHIFT) < 0);
+    const std::size_t step = isBackward ? kPages.size() - 1 : 1;
     SendMessageA(form.window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Tabs()), TRUE);
     SelectTab((form.activeFrame + step) % kPages.size());
     return true;

@@ -14,9 +14,10 @@ inline void ShowMessage(HWND owner, const std::string& text, UINT icon,
     MessageBoxA(owner, text.c_str(), title, MB_OK | icon | MB_SETFOREGROUND);
 }
 
-// Shows the same box with the buttons Yes and No. Returns whether Yes was chosen.
-inline bool Confirm(HWND owner, const std::string& text, UINT icon) {
-    return MessageBoxA(owner, text.c_str(), SKYVANE_NAME, MB_YESNO | icon | MB_SETFOREGROUND) ==
+// Shows the same box with the buttons Yes and No. `style` is an icon, MB_DEFBUTTON2, both or 0.
+// Returns whether Yes was chosen.
+inline bool Confirm(HWND owner, const std::string& text, UINT style) {
+    return MessageBoxA(owner, text.c_str(), SKYVANE_NAME, MB_YESNO | style | MB_SETFOREGROUND) ==
            IDYES;
 }
 

@@ -41,7 +41,8 @@ def test_each_way_opens_the_dialog_on_its_page(make_watcher, browser, way):
         choose(program, "View Weather", "Add New Station...", stations=["L"])
         wait_until(lambda: options.page() == "Stations", "the Stations page")
         assert len(find_windows(DIALOG, OPTIONS)) == 1
-        for key, page in ("ctrl+Tab", "AlertFilters"), ("ctrl+shift+Tab", "Stations"):
+        for key, page in [("ctrl+Tab", "AlertFilters"), ("ctrl+shift+Tab", "Stations"),
+                          ("ctrl+Next", "AlertFilters"), ("ctrl+Prior", "Stations")]:
             options.press(key)
             wait_until(lambda: options.page() == page, f"the page {page}")
         options.click("Help")

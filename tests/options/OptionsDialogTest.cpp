@@ -80,6 +80,9 @@ TEST_P(OptionsDialogTest, ShowsUnknownValues) {
     WithDialog([](HWND dialog) {
         EXPECT_FALSE(win::IsChecked(GetParent(Find(dialog, frmOptions_Check5)), frmOptions_Check5));
         EXPECT_EQ(win::WindowText(Find(dialog, frmOptions_Combo11)), "Gone.wav");
+        EXPECT_TRUE(IsWindowEnabled(Find(dialog, frmOptions_cmdTest)));
+        Choose(dialog, frmOptions_Combo11, "(None)");
+        EXPECT_FALSE(IsWindowEnabled(Find(dialog, frmOptions_cmdTest)));
         EXPECT_TRUE(IsWindowVisible(Find(dialog, frmOptions_Check4)));
     });
 }
@@ -88,7 +91,9 @@ TEST_P(OptionsDialogTest, StartsAndStopsTheClock) {
     WithDialog([](HWND dialog) {
         for (const char* interval : {"Every 5 minutes", "Never"}) {
             Choose(dialog, frmOptions_Combo2, interval);
+            SetFocus(Find(dialog, frmOptions_ApplyButton));
             Click(dialog, frmOptions_ApplyButton);
+            EXPECT_EQ(GetFocus(), Find(dialog, frmOptions_Command1));
             const bool runs = interval != std::string("Never");
             EXPECT_EQ(State().automaticUpdate, runs);
             EXPECT_EQ(tray::IsTimerRunning(tray::Timer::TimerUpdate1), runs);
