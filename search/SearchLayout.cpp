@@ -1,5 +1,7 @@
 #include "search/SearchLayout.h"
 
+#include <algorithm>
+
 #include "search/resource.h"
 
 namespace search {
@@ -34,6 +36,14 @@ SIZE GetClientSize(HWND dialog) {
     RECT client;
     GetClientRect(dialog, &client);
     return {client.right, client.bottom};
+}
+
+// Returns the part of the dialog's screen that the taskbar leaves free.
+RECT GetWorkArea(HWND dialog) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoA(MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
 }
 
 void Move(HWND window, const RECT& rect) {
@@ -104,7 +114,20 @@ void SearchLayout::LimitSize(MINMAXINFO& limits) const {
     RECT frame{0, 0, least.cx, least.cy};
     AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongA(dialog_, GWL_STYLE)), FALSE,
                        static_cast<DWORD>(GetWindowLongA(dialog_, GWL_EXSTYLE)));
-    limits.ptMinTrackSize = {frame.right - frame.left, frame.bottom - frame.top};
+    const RECT work = GetWorkArea(dialog_);
+    limits.ptMinTrackSize = {std::min(frame.right - frame.left, work.right - work.left),
+                             std::min(frame.bottom - frame.top, work.bottom - work.top)};
+}
+
+void SearchLayout::FitWorkArea() const {
+    const RECT work = GetWorkArea(dialog_);
+    RECT window;
+    GetWindowRect(dialog_, &window);
+    const int width = std::min(window.right - window.left, work.right - work.left);
+    const int height = std::min(window.bottom - window.top, work.bottom - work.top);
+    const int left = std::clamp<int>(window.left, work.left, work.right - width);
+    const int top = std::clamp<int>(window.top, work.top, work.bottom - height);
+    Move(dialog_, {left, top, left + width, top + height});
 }
 
 }  // namespace search

@@ -9,12 +9,15 @@ namespace search {
 // space, the other controls keep their distances to the borders.
 class SearchLayout {
   public:
-    // Takes the dialog's current size as its smallest, and the controls' places as those for it.
+    // Takes the dialog's current size as its smallest on a screen that is large enough, and the
+    // controls' places as those for it.
     void Remember(HWND dialog);
     // Moves the controls to their places. Without a map (null) the list takes all the space.
     void Apply(HWND map) const;
-    // Sets the dialog's smallest size.
+    // Sets the dialog's smallest size, which is never larger than the screen's work area.
     void LimitSize(MINMAXINFO& limits) const;
+    // Moves and shrinks the dialog so that it lies within the work area.
+    void FitWorkArea() const;
 
   private:
     struct Place {

@@ -38,6 +38,7 @@ void Form_Load(HWND dialog) {
     settings::State().searchDialogOpen = true;
     form.images = win::LoadSmallIcons({IDI_STATION, IDI_NETWORK, IDI_PLACE});
     form.layout.Remember(dialog);
+    form.layout.FitWorkArea();
     if (form.browser.Create(dialog, frmSearch_mashupbrowser)) {
         // After the list in the Tab order.
         SetWindowPos(form.browser.Window(), StationList(), 0, 0, 0, 0,
