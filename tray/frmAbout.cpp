@@ -40,15 +40,28 @@ void FollowLink(UINT_PTR control) {
         win::OpenInBrowser(openBox, settings::MailLink(LinkText(frmAbout_Label4)));
 }
 
+// Sets the picture of the logo's button, and deletes the one before it.
+void ReplaceLogo(HWND dialog, HANDLE picture) {
+    const LRESULT old = SendDlgItemMessageA(dialog, frmAbout_Image2, BM_SETIMAGE, IMAGE_BITMAP,
+                                            reinterpret_cast<LPARAM>(picture));
+    if (old) DeleteObject(reinterpret_cast<HGDIOBJ>(old));
+}
+
+// Shows the logo at the size of its button, which depends on the resolution of the screen.
+void ShowLogo(HWND dialog) {
+    RECT client;
+    GetClientRect(GetDlgItem(dialog, frmAbout_Image2), &client);
+    const HANDLE logo = win::LoadSharedBitmap(IDB_WEATHERBUG);
+    ReplaceLogo(dialog, CopyImage(logo, IMAGE_BITMAP, client.right, client.bottom, 0));
+}
+
 void Initialize(HWND dialog) {
     openBox = dialog;
     ShowLink(frmAbout_Label3, settings::MakerHost());
     ShowLink(frmAbout_Label4, settings::MakerMail());
     const HANDLE icon = win::LoadSharedIcon(win::kProgramIcon, win::LargeIconSize());
     SendDlgItemMessageA(dialog, frmAbout_Image1, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
-    const HANDLE logo = win::LoadSharedBitmap(IDB_WEATHERBUG);
-    SendDlgItemMessageA(dialog, frmAbout_Image2, BM_SETIMAGE, IMAGE_BITMAP,
-                        reinterpret_cast<LPARAM>(logo));
+    ShowLogo(dialog);
 }
 
 INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -75,6 +88,7 @@ INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM
             SetWindowLongPtrA(dialog, DWLP_MSGRESULT, TRUE);
             return TRUE;
         case WM_DESTROY:
+            ReplaceLogo(dialog, nullptr);
             openBox = nullptr;
             return TRUE;
         default:
