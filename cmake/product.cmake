@@ -31,10 +31,14 @@ add_custom_command(OUTPUT ${helpPage}
   DEPENDS tools/make-help docs/help.md
   COMMENT "Creating the help page")
 
+file(GLOB choiceIcons CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/assets/choices/*.ico)
 add_custom_target(productFiles ALL
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/assets/Sounds ${productDir}/Sounds
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${productDir}/Icons
+  COMMAND ${CMAKE_COMMAND} -E copy_if_different ${choiceIcons} ${productDir}/Icons
   DEPENDS ${helpPage}
-  COMMENT "Filling the program folder")
+  COMMENT "Filling the program folder"
+  VERBATIM)
 
 include(${CMAKE_SOURCE_DIR}/cmake/places.cmake)
 include(${CMAKE_SOURCE_DIR}/cmake/mapPage.cmake)
