@@ -1,4 +1,4 @@
-; The installer. packaging/make defines VERSION, KILOBYTES, FILE_LIST, ICONS and OUT.
+; The installer. packaging/make defines VERSION, KILOBYTES, FILE_LIST, ICONS and OUT, and SIGN to sign.
 ; Switches: /S /CurrentUser /AllUsers /StartWithWindows, and /D=folder as the last one, without quotes.
 ; Exit codes: 0 success, 1 cancelled, 2 a file could not be written, 32 the program's files are in use,
 ; 740 administrator rights are missing.
@@ -18,6 +18,9 @@ Unicode true
 
 Name "${PRODUCT}"
 OutFile "${OUT}"
+!ifdef SIGN
+  !uninstfinalize '"${SIGN}" "%1"' = 0
+!endif
 SetCompressor /SOLID /FINAL lzma
 RequestExecutionLevel user
 ManifestDPIAware true

@@ -21,8 +21,8 @@ packages+=(clang-format clang-tidy)
 packages+=(cmark-gfm)
 # map page
 packages+=(nodejs=node npm=npm)
-# installer and archive
-packages+=(nsis zip)
+# installer, archive and their signatures
+packages+=(nsis zip osslsigncode)
 # browser for the tests of the map page; Ubuntu's package only installs a snap
 if grep -qs '^ID=ubuntu' /etc/os-release; then
     leftOutPackages=(chromium)

@@ -135,6 +135,24 @@ def test_packages_are_reproducible(package, tmp_path):
     assert only(later, ".exe").read_bytes() != only(package, ".exe").read_bytes()
 
 
+def test_packages_are_signed(tmp_path):
+    certificate, key = tmp_path / "maker.pem", tmp_path / "key.pem"
+    subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=Test maker", "-addext",
+                    "extendedKeyUsage=codeSigning", "-keyout", key, "-out", certificate], check=True, stderr=subprocess.DEVNULL)
+    (tmp_path / "password").write_text("secret")
+    subprocess.run(["openssl", "pkcs12", "-export", "-inkey", key, "-in", certificate, "-out", tmp_path / "maker.p12",
+                    "-passout", "pass:secret"], check=True)
+    signed = make_package(os.environ["PRODUCT_DIR"], tmp_path / "out", SKYVANE_CERTIFICATE=str(tmp_path / "maker.p12"),
+                          SKYVANE_CERTIFICATE_PASSWORD=str(tmp_path / "password"))
+    subprocess.run(["sha256sum", "--check", "--quiet", "SHA256SUMS"], check=True, cwd=tmp_path / "out")
+    with zipfile.ZipFile(only(signed, ".zip")) as archive:
+        programs = [archive.extract(name, tmp_path) for name in archive.namelist() if name.endswith(".exe")]
+    assert len(programs) == 2
+    for program in (only(signed, "-setup.exe"), *programs):
+        subprocess.run(["osslsigncode", "verify", "-CAfile", certificate, "-in", program], check=True,
+                       stdout=subprocess.DEVNULL)
+
+
 def test_installer_is_small(package):
     with zipfile.ZipFile(only(package, ".zip")) as archive:
         gazetteer = sum(file.compress_size for file in archive.infolist() if file.filename.endswith("places.dat"))
