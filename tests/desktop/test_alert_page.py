@@ -104,6 +104,24 @@ def test_the_web_is_used_when_the_page_cannot_be_written_or_a_site_is_set(make_w
     browser.wait_for(MAP + "&zip=66044")
 
 
+@pytest.fixture
+def no_page_program(browser):
+    """No program is registered for web pages in files."""
+    key = r"HKEY_LOCAL_MACHINE\Software\Classes\.html"
+    before = stores.export_registry(key)
+    stores.delete_registry(key)
+    yield
+    stores.import_registry(before)
+
+
+def test_the_web_is_used_when_no_program_opens_the_page(make_watcher, service, browser, no_page_program):
+    program = make_watcher(LAWRENCE)
+    start(program, service)
+    choose(program, "View Weather", NAMES[0], stations=NAMES[:1])
+    browser.wait_for("https://forecast.weather.gov/zipcity.php?inputstring=66044")
+    assert program.answers() and (program.data_folder() / "Alerts.html").exists()
+
+
 def test_sixty_alerts(make_watcher, service, opened):
     severities = ("Minor", "Extreme", "Moderate", "Severe", "Unknown")
     service.alerts = collection(*(alert(f"urn:{n}", "Wind Warning", severity=severities[n % 5],
