@@ -57,8 +57,10 @@ std::string Count(std::size_t number, std::string_view what) {
 // Returns one line about the place's alerts, in HTML.
 std::string Status(const PagePlace& place, const std::vector<Entry>& entries) {
     if (!entries.empty()) {
-        std::string status = Count(entries.size(), "alert");
-        return status.append(", the worst: ").append(SeverityWord(entries.front().facts.severity));
+        const std::string count = Count(entries.size(), "alert");
+        const Severity worst = entries.front().facts.severity;
+        if (worst == Severity::Unknown) return count;
+        return (count + ", the worst: ").append(SeverityWord(worst));
     }
     if (HasCertainlyNoAlerts(place))
         return place.answer.isFiltered ? "No alerts that pass your filter" : "No alerts";
