@@ -1,7 +1,7 @@
 // Tests the pages that the program wrote in a browser: what the user sees and clicks, and what the
 // program reads and writes.
 import assert from "node:assert/strict";
-import { readFileSync } from "node:fs";
+import { readFileSync, writeFileSync } from "node:fs";
 import { createRequire } from "node:module";
 import { join, resolve } from "node:path";
 import { pathToFileURL } from "node:url";
@@ -209,21 +209,28 @@ test("land, lakes and sea are in the right places, without a network", async (t)
 });
 
 test("at the dialog's first size the selected text is whole and covers no other station", async (t) => {
-    const page = await open(t, "three");
+    // A long name, and another station just east of it.
+    writeFileSync(join(folder, "near.html"), readFileSync(join(folder, "three.html"), "utf8")
+        .replace("Central Park", "Central Park and Botanical Garden").replace("-73.47", "-73.87"));
+    const page = await open(t, "near");
     await page.setViewportSize({ width: 338, height: 292 });
-    for (const [, , latitude, longitude] of three) {
-        await center(page, latitude, longitude);
-        const { box, covered } = await page.evaluate((marker) => {
-            const { left, top, right, bottom, width, height } =
-                document.querySelector(".leaflet-tooltip.selected").getBoundingClientRect();
-            const canvas = document.querySelector(".leaflet-overlay-pane canvas");
-            const origin = canvas.getBoundingClientRect();
-            const { data } = canvas.getContext("2d").getImageData(left - origin.left, top - origin.top, width, height);
-            const colors = Array.from({ length: data.length / 4 }, (_, i) => data.slice(4 * i, 4 * i + 3).join());
-            return { box: [left, top, 338 - right, 292 - bottom], covered: colors.filter((c) => c === marker).length };
-        }, colors.marker);
-        assert.ok(Math.min(...box) >= 0, `${box}`);
-        assert.equal(covered, 0);
+    await center(page, "40.78", "-73.97");
+    const measure = () => page.evaluate((marker) => {
+        const { left, top, right, bottom, width, height } =
+            document.querySelector(".leaflet-tooltip.selected").getBoundingClientRect();
+        const canvas = document.querySelector(".leaflet-overlay-pane canvas");
+        const origin = canvas.getBoundingClientRect();
+        const { data } = canvas.getContext("2d").getImageData(left - origin.left, top - origin.top, width, height);
+        const colors = Array.from({ length: data.length / 4 }, (_, i) => data.slice(4 * i, 4 * i + 3).join());
+        return { isWhole: Math.min(left, top, 338 - right, 292 - bottom) >= 0, isClear: !colors.includes(marker) };
+    }, colors.marker);
+    assert.deepEqual(await measure(), { isWhole: true, isClear: true });
+    await page.locator("#StationMap").focus();
+    for (const x of [109, 49]) {
+        await page.waitForTimeout(400);  // a move in progress ignores keys
+        await page.keyboard.press("ArrowRight");
+        await waitForColor(page, { x, y: 146 }, "selected");
+        await waitFor("a whole and clear text", async () => Object.values(await measure()).every(Boolean));
     }
 });
 
