@@ -33,7 +33,7 @@ const { towns, covered } = makeTowns(zctasFile, placesFile, namesFile);
 const townsText = JSON.stringify(towns).replace(/[^\x00-\x7f]/g,
     (letter) => `\\u${letter.charCodeAt(0).toString(16).padStart(4, "0")}`);
 const script = ["(function () {\n\"use strict\";", `var outlines = ${outlines};`, `var townClasses = ${townsText};`,
-    ...["decode.js", "feed.js", "markers.js", "towns.js", "map.js"].map(readSource), "}());"].join("\n");
+    ...["decode.js", "feed.js", "markers.js", "labels.js", "towns.js", "map.js"].map(readSource), "}());"].join("\n");
 const styles = `${leafletStyles}\n${readSource("map.css")}`;
 
 const pieces = { styles, leaflet, script };

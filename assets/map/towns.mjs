@@ -1,5 +1,5 @@
-// Chooses the towns that the map names: the largest ones everywhere, then those that give most ZIP
-// codes three names in sight. Their labels do not overlap at the page's closest fit.
+// Chooses the towns that the map names: all large ones, then those that bring a name into the view of
+// the most ZIP codes that still lack some. Their labels do not overlap at the page's closest fit.
 import { readFileSync } from "node:fs";
 import { gunzipSync } from "node:zlib";
 import { encodePath } from "./encode.mjs";
@@ -148,6 +148,7 @@ export function makeTowns(zctasFile, placesFile, namesFile) {
     const classOf = ({ size }) => classLimits.filter((limit) => size < limit).length;
     const classes = [...classLimits, 0].map((_, i) => chosen.filter((town) => classOf(town) === i));
     return {
+        // No two towns have the same position, so the path has as many points as there are names.
         towns: classes.map((members) => ({
             names: members.map(({ name }) => name).join(),
             path: encodePath(members.map(({ point: [latitude, longitude] }) => [longitude, latitude]), 1),
