@@ -65,16 +65,5 @@ TEST_F(ServicesTest, ReadsItsOwnDates) {
     EXPECT_NE(ShortDateIfToday("1/2/2008 4:12:10 PM"), ShortDateToday());
 }
 
-// Only a load that honours the program's manifest finds the version with visual styles.
-TEST_F(ServicesTest, LoadsTheCommonControlsOfTheManifest) {
-    FindLateFunction("comctl32.dll", "ImageList_Create");
-    char path[MAX_PATH] = {};
-    GetModuleFileNameA(GetModuleHandleA("comctl32.dll"), path, sizeof path);
-    EXPECT_TRUE(AsciiLower(path).find(
-                    "\\winsxs\\x86_microsoft.windows.common-controls_6595b64144ccf1df_6.0.") !=
-                std::string::npos)
-        << path;
-}
-
 }  // namespace
 }  // namespace win
