@@ -32,7 +32,8 @@ def free_port():
 
 
 def adapt(text, folder, port, service_port):
-    for old, new in [("/var/cache/nginx/skyvane", f"{folder}/cache"),
+    for old, new in [("/var/cache/nginx/skyvane levels", f"{folder}/cache levels"),
+                     ("/var/cache/nginx/skyvane-once", f"{folder}/once"),
                      ("/run/skyvane-origin.sock", f"{folder}/origin.sock"),
                      ("listen 443 ssl;", f"listen 127.0.0.1:{port};"),
                      ("api.weather.gov;", f"127.0.0.1:{service_port};"),
@@ -86,6 +87,11 @@ def main():
             steady = False
             path = PATHS[0] + ",KSZ099"
             print("fresh:", get(port, path))
+            time.sleep(2)
+            before = len(service.heads)
+            with concurrent.futures.ThreadPoolExecutor(20) as pool:
+                list(pool.map(lambda _: get(port, path), range(20)))
+            print("20 requests at once for an expired answer:", len(service.heads) - before, "reached the service")
             failing = True
             time.sleep(2)
             print("the service fails, soon after:", get(port, path))

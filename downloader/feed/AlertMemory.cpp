@@ -10,7 +10,7 @@
 namespace feed {
 namespace {
 
-constexpr std::string_view kHeader = "skyvane-events-1\n";
+constexpr std::string_view kHeader = "skyvane-events-1";
 constexpr std::size_t kIdentityLength = 7;
 constexpr std::int64_t kDay = 86400;
 constexpr int kLastYear = 9999;
@@ -58,8 +58,9 @@ std::string ShortIdentity(std::string_view text) {
 }
 
 AlertMemory::AlertMemory(std::string_view text) {
-    if (!text.starts_with(kHeader)) return;
-    text.remove_prefix(kHeader.size());
+    if (win::TakeLine(text) != kHeader ||
+        win::TakeLine(text) != http::HexDigits(http::HashOf(text)))
+        return;
     while (!text.empty() && entries_.size() < kMostEntries) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         std::string_view line = text.substr(0, end);
@@ -100,7 +101,7 @@ void AlertMemory::Merge(const AlertMemory& other) {
 std::string AlertMemory::Text(std::int64_t now) const {
     std::vector<std::pair<std::int64_t, std::string>> lines;  // with their times
     for (const auto& [hash, entry] : entries_) {
-        if (now - entry.time > kLongestTime) continue;
+        if (now - entry.time > kLongestTime || entry.time - now > kDay) continue;
         lines.emplace_back(entry.time, http::HexDigits(hash) + " " + entry.event.identity + " " +
                                            win::Decimal(entry.event.year) + " " +
                                            win::Decimal(entry.event.tier) + " " +
@@ -108,9 +109,9 @@ std::string AlertMemory::Text(std::int64_t now) const {
     }
     std::sort(lines.begin(), lines.end(), std::greater<>());
     if (lines.size() > kMostEntries) lines.resize(kMostEntries);
-    std::string text(kHeader);
-    for (const auto& [time, line] : lines) text += line;
-    return text;
+    std::string entries;
+    for (const auto& [time, line] : lines) entries += line;
+    return std::string(kHeader) + "\n" + http::HexDigits(http::HashOf(entries)) + "\n" + entries;
 }
 
 }  // namespace feed

@@ -29,7 +29,7 @@ class AlertMemory {
 
     AlertMemory() = default;
 
-    // Reads what Text returned. Lines that make no sense are left out.
+    // Reads what Text returned. A damaged text is an empty memory.
     explicit AlertMemory(std::string_view text);
 
     // Returns the event of the key (the identifier of a message, say); null if it is not known.
@@ -44,7 +44,7 @@ class AlertMemory {
     // Whether Remember has changed anything worth saving.
     bool IsChanged() const { return isChanged_; }
 
-    // The memory as text, without what is too old or too much.
+    // The memory as text, without what is too old, from the future or too much.
     std::string Text(std::int64_t now) const;
 
   private:

@@ -19,15 +19,13 @@ bool IsListItem(std::string_view line) {
            line.starts_with("\xE2\x80\xA2");  // a bullet
 }
 
-// Columns are three spaces apart or more; sentences are two.
+// Columns are three spaces apart or more, and there are several; sentences are two spaces apart.
 bool IsTableRow(std::string_view line) {
-    // A run of three has a space at one of every three places.
-    for (std::size_t at = 2; at < line.size(); at += 3) {
-        if (line[at] != ' ') continue;
-        const std::string_view around = line.substr(at - 2, 5);
-        if (around.find("   ") != std::string_view::npos) return true;
-    }
-    return std::memchr(line.data(), '\t', line.size()) != nullptr;
+    constexpr std::string_view kGap = "   ";
+    if (std::memchr(line.data(), '\t', line.size())) return true;
+    const std::size_t first = line.find(kGap);
+    const std::size_t word = line.find_first_not_of(' ', first);
+    return word != std::string_view::npos && line.find(kGap, word) != std::string_view::npos;
 }
 
 // "&&" and "$$" divide the parts of a bulletin.
@@ -39,6 +37,11 @@ bool IsDivider(std::string_view line) {
 bool EndsInHyphen(std::string_view text) {
     return text.size() > 1 && text.back() == '-' && text[text.size() - 2] != ' ' &&
            text[text.size() - 2] != '-';
+}
+
+// Whether the line begins as in "pre- and post-storm".
+bool IsConjunction(std::string_view line) {
+    return line.starts_with("and ") || line.starts_with("or ") || line.starts_with("to ");
 }
 
 }  // namespace
@@ -59,7 +62,7 @@ void AppendParagraphs(std::string& body, std::string_view text) {
             body += body.empty() ? "" : "\n\n";
         else if (isAlone || wasAlone || IsListItem(line))
             body += '\n';
-        else if (!EndsInHyphen(body))
+        else if (!EndsInHyphen(body) || IsConjunction(line))
             body += ' ';
         body += line;
         startsParagraph = false;

@@ -150,6 +150,7 @@ std::string Header(HINTERNET request, DWORD header) {
 
 void ReadHeaders(HINTERNET request, Response& response) {
     response.cacheControl = Header(request, WINHTTP_QUERY_CACHE_CONTROL);
+    response.contentType = Header(request, WINHTTP_QUERY_CONTENT_TYPE);
     response.date = Header(request, WINHTTP_QUERY_DATE);
     response.age = Header(request, WINHTTP_QUERY_AGE);
     response.retryAfter = Header(request, WINHTTP_QUERY_RETRY_AFTER);

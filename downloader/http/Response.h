@@ -15,6 +15,7 @@ struct Response {
     std::string body;
     // Headers of the response; empty when absent.
     std::string cacheControl;
+    std::string contentType;
     std::string date;
     std::string age;
     std::string retryAfter;

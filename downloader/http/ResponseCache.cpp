@@ -18,7 +18,7 @@ constexpr std::uint64_t kLongestFile = kLongestDocument + 1024;  // with the lin
 
 // Returns the path of the cache file; empty when there is no temporary folder.
 std::string CacheFile(std::string_view key, std::string_view slot) {
-    constexpr int kSlots = 64;
+    constexpr int kSlots = 1024;
     const std::string folder = win::GetTempFolder();
     if (folder.empty()) return {};
     const std::string name = slot.empty()

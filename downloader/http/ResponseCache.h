@@ -18,7 +18,7 @@ struct CachedDocument {
 
 // Returns the document cached for the key, or nullopt when there is none or it has expired. `slot`
 // names the cache file: keys of one slot take each other's place. Without it the key belongs to one
-// of 64 slots, however many keys are in use.
+// of 1024 slots, however many keys are in use.
 std::optional<CachedDocument> FindCached(std::string_view key, std::string_view slot = {});
 
 // Caches a document for so many seconds. Documents over 2 MB are not cached; failures are ignored.

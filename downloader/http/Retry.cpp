@@ -10,7 +10,8 @@ namespace http {
 namespace {
 
 // Errors of WinHTTP: time-out, name not resolved, cannot connect, connection lost, broken answer.
-constexpr int kTransientErrors[] = {12002, 12007, 12029, 12030, 12152, kTruncatedBody, kBlankBody};
+constexpr int kTransientErrors[] = {
+    12002, 12007, 12029, 12030, 12152, kTruncatedBody, kUndecodableBody, kBlankBody};
 
 std::optional<int> ReadNumber(std::string_view text) {
     int number = 0;
@@ -28,9 +29,13 @@ std::optional<std::int64_t> RetryAfter(const Response& response) {
     return std::max<std::int64_t>(*moment - *now, 0);
 }
 
-bool IsHtmlPage(std::string_view body) {
-    const std::size_t first = body.find_first_not_of(" \t\r\n");
-    return first != std::string_view::npos && body[first] == '<';
+// Whether the body can be a complete JSON object: neither a gateway's page nor cut short.
+bool IsObject(std::string_view body) {
+    constexpr std::string_view kSpaces = " \t\r\n";
+    if (body.starts_with("\xEF\xBB\xBF")) body.remove_prefix(3);
+    const std::size_t first = body.find_first_not_of(kSpaces);
+    return first != std::string_view::npos && body[first] == '{' &&
+           body[body.find_last_not_of(kSpaces)] == '}';
 }
 
 }  // namespace
@@ -40,7 +45,7 @@ bool IsTransient(const Response& response) {
     return std::find(std::begin(kTransientErrors), std::end(kTransientErrors), status) !=
                std::end(kTransientErrors) ||
            (status >= 500 && status <= 599) || status == 403 || status == 429 ||
-           (status == kSuccess && IsHtmlPage(response.body));
+           (status == kSuccess && !IsObject(response.body));
 }
 
 std::optional<std::int64_t> WaitBeforeRetry(const Response& response, int failures,
@@ -50,7 +55,7 @@ std::optional<std::int64_t> WaitBeforeRetry(const Response& response, int failur
     if (!IsTransient(response)) return std::nullopt;
     std::int64_t wait = std::int64_t{1000} << std::clamp(failures - 1, 0, kMostDoublings);
     wait += wait * jitter / 1024;
-    if (const auto seconds = RetryAfter(response)) wait = *seconds * 1000;
+    if (const auto seconds = RetryAfter(response)) wait = std::max(wait, *seconds * 1000);
     if (elapsed + wait > latest) return std::nullopt;
     return wait;
 }
@@ -58,7 +63,9 @@ std::optional<std::int64_t> WaitBeforeRetry(const Response& response, int failur
 std::optional<std::int64_t> ServerTime(const Response& response) {
     const auto date = ParseHttpDate(response.date);
     if (!date) return std::nullopt;
-    return *date + ReadNumber(response.age).value_or(0);
+    constexpr int kDay = 86400;  // a greater age is an error: it would end every alert
+    const int age = ReadNumber(response.age).value_or(0);
+    return *date + (age <= kDay ? age : 0);
 }
 
 std::optional<std::int64_t> ParseHttpDate(std::string_view text) {

@@ -9,15 +9,15 @@
 // a busy server answers later.
 namespace http {
 
-// Whether a later try may succeed: the connection failed, the body was cut short, the server failed
-// or was asked too often, or a gateway in front of it answered with an HTML page of its own.
+// Whether a later try may succeed: the connection failed, the server failed or was asked too often,
+// or the body is not a JSON object (a gateway's page, an incomplete answer).
 bool IsTransient(const Response& response);
 
 // Returns how many milliseconds to wait before the next try, or nullopt if there is to be none.
 // `failures` is the number of tries so far, `elapsed` and `latest` count milliseconds since the
 // program's start: no try starts after `latest`. The waits are 1, 2, 4 and then 8 seconds, up to a
 // quarter longer by `jitter` (0 to 255), so that many computers do not ask at the same moments. A
-// wait that the server asks for (Retry-After) takes their place.
+// longer wait that the server asks for (Retry-After) takes their place.
 std::optional<std::int64_t> WaitBeforeRetry(const Response& response, int failures,
                                             std::int64_t elapsed, std::int64_t latest,
                                             unsigned char jitter);

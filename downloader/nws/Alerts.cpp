@@ -1,6 +1,7 @@
 #include "downloader/nws/Alerts.h"
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include "downloader/feed/FeedXml.h"
@@ -42,8 +43,8 @@ std::vector<std::string_view> ReplacedIdentifiers(const std::vector<Message>& me
 // Whether the message concerns the place: its polygon comes near enough, or, without one, it names
 // a zone of the place. One that names no area at all concerns everybody.
 bool Concerns(const Message& message, const AlertPlace& place) {
-    if (!message.polygons.empty())
-        return DistanceTo(message.polygons, place.centre) <= std::min(place.reach, kLongestReach);
+    const double distance = DistanceTo(message.polygons, place.centre);
+    if (std::isfinite(distance)) return distance <= std::min(place.reach, kLongestReach);
     return message.zones.empty() ||
            std::any_of(message.zones.begin(), message.zones.end(), [&](std::string_view zone) {
                return std::binary_search(place.zones.begin(), place.zones.end(), zone);
@@ -75,7 +76,8 @@ void KeepOnePerEvent(std::vector<Candidate>& candidates) {
                          if (left.event.identity != right.event.identity)
                              return left.event.identity < right.event.identity;
                          if (left.sent != right.sent) return left.sent > right.sent;
-                         return left.isInForce && !right.isInForce;
+                         if (left.isInForce != right.isInForce) return left.isInForce;
+                         return left.severityRank > right.severityRank;
                      });
     const auto sameEvent = [](const Candidate& left, const Candidate& right) {
         return left.event.identity == right.event.identity;

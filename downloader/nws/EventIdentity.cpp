@@ -28,7 +28,8 @@ std::string TextKey(const Message& message) {
     AppendWithoutSpaces(key, message.description);
     AppendWithoutSpaces(key, message.instruction);
     if (key.size() == head)
-        for (const std::string_view text : {message.headline, message.area, message.sent})
+        for (const std::string_view text :
+             {message.headline, message.area, message.headline.empty() ? message.sent : ""})
             AppendWithoutSpaces(key, text);
     return key;
 }
@@ -49,7 +50,7 @@ KnownEvent EventOfVtec(const Vtec& vtec, const Message& message, const AlertMemo
     if (const KnownEvent* const known = recall(message.identifier)) return *known;
     for (const std::string_view replaced : message.replaced)
         if (const KnownEvent* const known = recall(replaced)) return *known;
-    const int year = FirstYear(vtec, FirstSentYear(message));
+    const int year = FirstYear(vtec, FirstSentYear(message));  // of what is known of the event
     return {feed::ShortIdentity(EventOfYear(vtec, year)), year, 0};
 }
 

@@ -68,11 +68,27 @@ struct Collector {
         reference = referenceSent = {};
     }
 
-    // A message may continue one event and end another that it replaces.
+    // A message may begin or continue one event and end another that it replaces.
     void AddVtec(Message& message, std::string_view text) {
+        const auto rank = [](const Vtec& vtec) {
+            return vtec.action == "NEW" ? 2 : EndsEvent(vtec) ? 0 : 1;
+        };
         const auto vtec = ParseVtec(text);
-        if (vtec && (!message.vtec || (EndsEvent(*message.vtec) && !EndsEvent(*vtec))))
-            message.vtec = vtec;
+        if (vtec && (!message.vtec || rank(*vtec) > rank(*message.vtec))) message.vtec = vtec;
+    }
+
+    // Older messages than the references name: "sender,identifier,time", separated by spaces.
+    void AddExpiredReferences(Message& message, std::string_view text) {
+        while (!text.empty()) {
+            const std::string_view entry = text.substr(0, text.find(' '));
+            text.remove_prefix(std::min(entry.size() + 1, text.size()));
+            const std::size_t first = entry.find(',');
+            const std::size_t last = entry.rfind(',');
+            if (first == last) continue;
+            reference = entry.substr(first + 1, last - first - 1);
+            referenceSent = entry.substr(last + 1);
+            AddReference(message);
+        }
     }
 
     // A zone is named by its identifier and by its address.
@@ -87,6 +103,7 @@ struct Collector {
         if (name == "references[]/identifier") reference = item.text;
         if (name == "references[]/sent") referenceSent = item.text;
         if (name == "parameters/VTEC[]") AddVtec(message, item.text);
+        if (name == "parameters/expiredReferences[]") AddExpiredReferences(message, item.text);
         if (name == "geocode/UGC[]" || name == "affectedZones[]") AddZone(message, item.text);
         if (std::find(std::begin(kThreats), std::end(kThreats), name) != std::end(kThreats))
             message.threats.emplace_back(item.text);
@@ -158,7 +175,9 @@ bool IsInForce(const Message& message, std::int64_t now) {
 }
 
 int FirstSentYear(const Message& message) {
-    const bool isFirstKnown = IsEarlier(message.firstSent, message.sent);
+    // What a new event replaces is another event.
+    const bool isNew = message.vtec && message.vtec->action == "NEW";
+    const bool isFirstKnown = !isNew && IsEarlier(message.firstSent, message.sent);
     const auto time = feed::ParseTime(isFirstKnown ? message.firstSent : message.sent);
     return time ? feed::YearOf(*time) : 0;
 }

@@ -30,10 +30,10 @@ struct Message {
     std::string_view sent;
     std::string_view expires;
     std::string_view ends;
-    std::vector<std::string_view> threats;   // the tags by which the service raises a warning
-    std::vector<std::string_view> zones;     // identifiers such as "KSZ009"
-    std::optional<Vtec> vtec;                // of several codes the first whose event continues
-    std::vector<Polygon> polygons;           // none when the zones alone are the area
+    std::vector<std::string_view> threats;  // the tags by which the service raises a warning
+    std::vector<std::string_view> zones;    // identifiers such as "KSZ009"
+    std::optional<Vtec> vtec;       // of several codes the first that begins or continues an event
+    std::vector<Polygon> polygons;  // none when the zones alone are the area
     std::vector<std::string_view> replaced;  // identifiers of earlier messages
     std::string_view firstReplaced;          // the earliest of them, and when it was sent
     std::string_view firstSent;

@@ -23,7 +23,8 @@ namespace {
 using http::Failure;
 using http::Response;
 
-constexpr int kNotFound = 404;         // HTTP; for a point: it is not in the United States
+constexpr int kNotFound = 404;  // HTTP; for a point: it is not in the United States
+constexpr char kJson[] = "application/geo+json";
 constexpr std::int64_t kDay = 86'400;  // seconds
 
 // The body of the entry for a place that the service does not cover.
@@ -42,30 +43,43 @@ Response Success(std::optional<std::string> document) {
 }
 
 Response FetchJson(const std::string& address) {
-    return http::FetchWithRetry(address, "application/geo+json");
+    return http::FetchWithRetry(address, kJson);
 }
 
-// Finds the zones of a place, by its centre and by the places at its reach. The status is
-// kSuccess, or that of the failure; kNotFound when the centre is outside the United States.
-int FetchZones(const std::string& origin, const feed::Place& place, PlaceZones& zones) {
-    Response centre = FetchJson(PointAddress(origin, place));
-    if (centre.status != http::kSuccess) return centre.status;
-    auto own = ReadPointZones(std::move(centre.body));
-    if (!own || own->empty()) return http::kUnusableAnswer;
-    zones.own = zones.all = *std::move(own);
+// Reads the zones of a point. Returns kSuccess or the status of a failure. The service itself says
+// that it does not cover a point (at sea, across a border): that point has no zones. A page of
+// anybody else with the same status is a failure.
+int FetchPointZones(Response point, ZoneIds& zones) {
+    constexpr std::string_view kProblem = "application/problem+json";
+    if (point.status == kNotFound && point.contentType.starts_with(kProblem)) return http::kSuccess;
+    if (point.status != http::kSuccess) return point.status;
+    const auto found = ReadPointZones(std::move(point.body));
+    if (!found) return http::kUnusableAnswer;
+    AddZones(zones, *found);
+    return http::kSuccess;
+}
+
+// Finds the zones of a place, by its centre and by the places at its reach, and how long they may
+// be cached. Returns kSuccess or the status of a failure. The zones are empty for a place that the
+// service does not cover.
+int FetchZones(const std::string& origin, const feed::Place& place, PlaceZones& zones,
+               std::int64_t& seconds) {
+    constexpr std::int64_t kWeek = 7 * kDay;
+    constexpr std::int64_t kHour = 3600;
+    const int status = FetchPointZones(FetchJson(PointAddress(origin, place)), zones.own);
+    if (status != http::kSuccess) return status;
+    seconds = kWeek;
+    zones.all = zones.own;
     for (const feed::Place& edge : EdgesOf(place)) {
-        Response point = FetchJson(PointAddress(origin, edge));
-        if (point.status == kNotFound) continue;  // at sea, or across the border
-        if (point.status != http::kSuccess) return point.status;
-        const auto found = ReadPointZones(std::move(point.body));
-        if (!found) return http::kUnusableAnswer;
-        AddZones(zones.all, *found);
+        Response point = http::Fetch(PointAddress(origin, edge), kJson);
+        // Without an edge the place still has alerts; it is asked again soon.
+        if (FetchPointZones(std::move(point), zones.all) != http::kSuccess) seconds = kHour;
     }
+    if (zones.own.empty()) zones.own = zones.all;
     return http::kSuccess;
 }
 
 int FindZones(const std::string& origin, const feed::Place& place, PlaceZones& zones) {
-    constexpr std::int64_t kWeek = 7 * kDay;
     const std::string key = "zones of " + PointAddress(origin, place);
     if (const auto cached = http::FindCached(key, place.zipCode)) {
         const auto known = UnpackZones(cached->text);
@@ -74,8 +88,10 @@ int FindZones(const std::string& origin, const feed::Place& place, PlaceZones& z
             return http::kSuccess;
         }
     }
-    const int status = FetchZones(origin, place, zones);
-    if (status == http::kSuccess) http::StoreCached(key, kWeek, PackZones(zones), place.zipCode);
+    std::int64_t seconds = 0;
+    const int status = FetchZones(origin, place, zones, seconds);
+    if (status == http::kSuccess && !zones.all.empty())
+        http::StoreCached(key, seconds, PackZones(zones), place.zipCode);
     return status;
 }
 
@@ -106,9 +122,9 @@ Alerts FetchZoneAlerts(const std::string& address) {
 Response FetchAlerts(const std::string& origin, const feed::Place& place) {
     PlaceZones zones;
     const int status = FindZones(origin, place, zones);
-    if (status == kNotFound)
-        return Success(feed::BuildNotCoveredDocument(place.zipCode, kUnknownPlace));
     if (status != http::kSuccess) return Failure(status);
+    if (zones.all.empty())
+        return Success(feed::BuildNotCoveredDocument(place.zipCode, kUnknownPlace));
     Alerts alerts = FetchZoneAlerts(AlertsAddress(origin, zones.all));
     if (alerts.status != http::kSuccess) return Failure(alerts.status);
     constexpr double kDegree = 10'000;  // units of a gazetteer's coordinates

@@ -16,6 +16,8 @@ TEST(AppendParagraphs, KeepsParagraphsListsAndTables) {
         {"* WHAT...Flooding\ncaused by rain.\n* WHERE...Topeka\n- Lawrence\n  and Perry",
          "* WHAT...Flooding caused by rain.\n* WHERE...Topeka\n- Lawrence and Perry"},
         {"life-\nthreatening and\n- on its own", "life-threatening and\n- on its own"},
+        {"pre-\nand post-storm   a flash\nflood warning",
+         "pre- and post-storm   a flash flood warning"},
         {"for a time --\nthen less", "for a time -- then less"},
         {"Stages:\nRiver    7 am   8 am\nKansas   12.1   13\nEnd of\nthe table",
          "Stages:\nRiver    7 am   8 am\nKansas   12.1   13\nEnd of the table"},

@@ -18,12 +18,15 @@ Response Failed(int status, const char* body = "", const char* retryAfter = "") 
 }
 
 TEST(IsTransient, TellsWhatPassesFromWhatIsFinal) {
-    for (const int status : {500, 502, 503, 504, 429, 403, 12002, 12007, 12029, 12030, 12152, 1007})
+    for (const int status :
+         {500, 502, 503, 504, 429, 403, 12002, 12007, 12029, 12030, 12152, 1007, 1008})
         EXPECT_TRUE(IsTransient(Failed(status))) << status;
     for (const int status : {200, 400, 404, 407, 12175, 1015})
         EXPECT_FALSE(IsTransient(Failed(status))) << status;
     EXPECT_TRUE(IsTransient(Failed(0, "\r\n<HTML>Reference #18")));
-    EXPECT_FALSE(IsTransient(Failed(0, "{}")));
+    EXPECT_TRUE(IsTransient(Failed(0, "{\"features\":[")));
+    EXPECT_TRUE(IsTransient(Failed(0, "Please log in")));
+    EXPECT_FALSE(IsTransient(Failed(0, "\xEF\xBB\xBF{}\n")));
     EXPECT_FALSE(IsTransient(Failed(404, "<html>")));
 }
 
@@ -43,18 +46,29 @@ TEST(WaitBeforeRetry, DoublesUntilTheLatestStart) {
         std::optional<std::int64_t> wait;
     } kCases[] = {
         {"5", 5000},
-        {"0", 0},
+        {"0", 1000},
         {"39", std::nullopt},
         {"2000000000", std::nullopt},
         {"-1", 1000},
         {"soon", 1000},
         {"Tue, 15 Nov 1994 08:12:41 GMT", 10000},
-        {"Tue, 15 Nov 1994 08:12:01 GMT", 0},
+        {"Tue, 15 Nov 1994 08:12:01 GMT", 1000},
         {"Tue, 15 Nov 1994 09:12:01 GMT", std::nullopt},
     };
     for (const auto& c : kCases)
         EXPECT_EQ(WaitBeforeRetry(Failed(429, "", c.retryAfter), 1, 2'000, 40'000, 0), c.wait)
             << c.retryAfter;
+}
+
+TEST(ServerTime, AddsTheAgeOfACachedAnswer) {
+    const std::pair<const char*, std::int64_t> kCases[] = {
+        {"", 784887151}, {"60", 784887211}, {"99999999", 784887151}, {"-1", 784887151}};
+    for (const auto& [age, time] : kCases) {
+        Response response = Failed(200);
+        response.age = age;
+        EXPECT_EQ(ServerTime(response), time) << age;
+    }
+    EXPECT_EQ(ServerTime(Response()), std::nullopt);
 }
 
 TEST(ParseHttpDate, ReadsTheOneFormThatServersWrite) {

@@ -82,7 +82,8 @@ TEST(BuildAlertDocument, ReportsWhatConcernsThePlace) {
                   {near, theirs, 1},
                   {far, ours, 0},
                   {both, theirs, 1},
-                  {R"({"type":"Point","coordinates":[0,0]})", ours, 1}};
+                  {R"({"type":"Point","coordinates":[0,0]})", ours, 1},
+                  {R"({"type":"Polygon","coordinates":[[[0,0],[1,1]]]})", ours, 1}};
     for (const auto& c : kCases)
         EXPECT_EQ(All("id", Answer({Feature({{"geocode", c.geocode}}, c.geometry)})).size(),
                   c.count)
