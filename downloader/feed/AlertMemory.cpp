@@ -58,9 +58,9 @@ std::string ShortIdentity(std::string_view text) {
 }
 
 AlertMemory::AlertMemory(std::string_view text) {
-    if (win::TakeLine(text) != kHeader ||
-        win::TakeLine(text) != http::HexDigits(http::HashOf(text)))
-        return;
+    const bool isOurs = win::TakeLine(text) == kHeader;
+    const std::string_view hash = win::TakeLine(text);
+    if (!isOurs || hash != http::HexDigits(http::HashOf(text))) return;
     while (!text.empty() && entries_.size() < kMostEntries) {
         const std::size_t end = std::min(text.find('\n'), text.size());
         std::string_view line = text.substr(0, end);
