@@ -39,7 +39,7 @@ class RetrievalCycle {
 
     std::string fetched_;  // the codes fetched so far, each after a comma
     std::string code_;
-    std::string feed_;     // the address of the feed of the last download
+    std::string feed_;  // the address of the feed of the last download
     std::optional<Download> download_;
     std::optional<AlertReader> reader_;
     std::vector<std::string> identifiers_;  // of all alerts that passed the filter
