@@ -173,9 +173,11 @@ def test_from_the_search_to_the_end_of_an_event(make_searcher, service):
     def retrieve(features, added):
         service.alerts = collection(*features)
         requests = len(service.targets())
+        program.store.write({"Misc": {"LastUpdated": "before"}})
         program.tick(5)
         titles.extend(added)  # an INI file keeps the alerts of earlier cycles
         wait_until(lambda: len(service.targets()) > requests, "the request")
+        wait_until(lambda: program.last_updated() != "before", "the end of the cycle")
         wait_until(lambda: [found[1] for found in stored(program)] == titles, "the alerts are stored")
 
     def tornado(action, **more):
