@@ -102,4 +102,4 @@ def measure_sizes(stopwatch, feed):
     """Size of the two programs together."""
     sizes = [(PRODUCT / name).stat().st_size for name in ("SVAlerts.exe", "dl.exe")]
     print_line("SVAlerts.exe + dl.exe", " + ".join(f"{s / 1024:.0f}" for s in sizes) + " KB", "",
-               f"{sum(sizes) / 1024:.0f} KB", "<= 700", sum(sizes) <= 700 * 1024)
+               f"{sum(sizes) / 1024:.0f} KB", "<= 750", sum(sizes) <= 750 * 1024)

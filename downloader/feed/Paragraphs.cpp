@@ -19,13 +19,26 @@ bool IsListItem(std::string_view line) {
            line.starts_with("\xE2\x80\xA2");  // a bullet
 }
 
+// Returns the end of the first run of three spaces or more at or after `from`, npos if there is
+// none.
+std::size_t EndOfGap(std::string_view line, std::size_t from) {
+    constexpr std::size_t kGap = 3;
+    // A run of three has a space at one of every three places.
+    for (std::size_t at = from + kGap - 1; at < line.size(); at += kGap) {
+        if (line[at] != ' ') continue;
+        std::size_t start = at;
+        while (start > from && line[start - 1] == ' ') --start;
+        const std::size_t end = std::min(line.find_first_not_of(' ', at), line.size());
+        if (end - start >= kGap) return end;
+    }
+    return std::string_view::npos;
+}
+
 // Columns are three spaces apart or more, and there are several; sentences are two spaces apart.
 bool IsTableRow(std::string_view line) {
-    constexpr std::string_view kGap = "   ";
     if (std::memchr(line.data(), '\t', line.size())) return true;
-    const std::size_t first = line.find(kGap);
-    const std::size_t word = line.find_first_not_of(' ', first);
-    return word != std::string_view::npos && line.find(kGap, word) != std::string_view::npos;
+    const std::size_t second = EndOfGap(line, 0);
+    return second != std::string_view::npos && EndOfGap(line, second) != std::string_view::npos;
 }
 
 // "&&" and "$$" divide the parts of a bulletin.
