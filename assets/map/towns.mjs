@@ -13,7 +13,7 @@ const wantedTowns = 4;  // for each ZIP code; one more than needed, because a st
 const cellSize = 64;  // pixels
 const kinds = ["city", "town", "village", "borough", "zona urbana", "comunidad", "CDP"];
 
-// A town's class by its number of ZIP codes, which stands for its size. The page shows each class from
+// A town's class by its number of ZIP codes, a measure of its size. The page shows each class from
 // another zoom on.
 const classLimits = [20, 6, 2];
 

@@ -46,7 +46,7 @@ bool IsDivider(std::string_view line) {
     return line == "&&" || line == "$$";
 }
 
-// Whether a word goes on in the next line ("life-" "threatening").
+// Whether the last word continues in the next line ("life-" "threatening").
 bool EndsInHyphen(std::string_view text) {
     return text.size() > 1 && text.back() == '-' && text[text.size() - 2] != ' ' &&
            text[text.size() - 2] != '-';
