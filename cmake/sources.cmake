@@ -19,9 +19,11 @@ set(portableSources
   downloader/feed/Paragraphs.cpp
   downloader/feed/PlaceName.cpp
   downloader/feed/Request.cpp
+  downloader/fpas/Endpoints.cpp
   downloader/http/Response.cpp
   downloader/http/Retry.cpp
   downloader/http/Url.cpp
+  downloader/live/Route.cpp
   downloader/nws/Alerts.cpp
   downloader/nws/Area.cpp
   downloader/nws/Endpoints.cpp

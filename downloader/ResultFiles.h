@@ -1,4 +1,5 @@
 #pragma once
+#include <string>
 #include <string_view>
 
 #include "downloader/Arguments.h"
@@ -17,6 +18,11 @@ int OpenResultFiles(const Job& job);
 // status cannot be written, deletes the data file and retries for as long as OpenResultFiles does.
 // Of several threads only the first call counts; the others wait for the process to end.
 [[noreturn]] void EndWith(int status, std::string_view body = {});
+
+// Sets a document that EndWith, StartWatchdog and a crash report as a success in the place of a
+// failure, except of the gazetteer and the result files. It must be set before the other thread
+// starts.
+void SetSubstitute(std::string document);
 
 // Ends the process with kOverallTimeout if it is still running after so many seconds.
 void StartWatchdog(int seconds);

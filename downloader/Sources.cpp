@@ -5,6 +5,7 @@
 #include "downloader/http/ResponseCache.h"
 #include "downloader/http/StatusCodes.h"
 #include "downloader/http/Url.h"
+#include "downloader/live/Route.h"
 #include "downloader/nws/Source.h"
 
 namespace downloader {
@@ -16,7 +17,7 @@ struct Source {
 };
 
 http::Response FetchPage(const std::string& url) {
-    return http::Fetch(url, "*/*");
+    return http::Fetch(url, {});
 }
 
 http::Response FetchDrill(const std::string& url) {
@@ -29,6 +30,10 @@ constexpr Source kSources[] = {
 };
 
 }  // namespace
+
+std::string SubstituteForFailure(const std::string& url) {
+    return live::BuildUnavailableDocument(url).value_or(std::string());
+}
 
 http::Response FetchFromSource(const std::string& url) {
     const std::string scheme = http::SchemeOf(url);

@@ -45,7 +45,7 @@ FileHandle OpenShared(const std::string& path, DWORD access, DWORD disposition, 
     return file;
 }
 
-// Calls `visit(name, attributes)` for every entry except "." and "..".
+// Calls `visit(name, entry)` for every entry except "." and "..".
 template <class Visit>
 void ForEachEntry(const std::string& pattern, Visit visit) {
     WIN32_FIND_DATAA entry;
@@ -53,7 +53,7 @@ void ForEachEntry(const std::string& pattern, Visit visit) {
     if (!find) return;
     do {
         const std::string name = entry.cFileName;
-        if (name != "." && name != "..") visit(name, entry.dwFileAttributes);
+        if (name != "." && name != "..") visit(name, entry);
     } while (FindNextFileA(find.Get(), &entry));
 }
 
@@ -133,11 +133,20 @@ void DeleteFileQuietly(const std::string& path) {
     DeleteFileA(path.c_str());
 }
 
+std::vector<FileEntry> FindFiles(const std::string& pattern) {
+    std::vector<FileEntry> files;
+    ForEachEntry(pattern, [&](const std::string& name, const WIN32_FIND_DATAA& entry) {
+        if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) return;
+        files.push_back(
+            {name, Join64(entry.nFileSizeHigh, entry.nFileSizeLow),
+             Join64(entry.ftLastWriteTime.dwHighDateTime, entry.ftLastWriteTime.dwLowDateTime)});
+    });
+    return files;
+}
+
 std::vector<std::string> FindFileNames(const std::string& pattern) {
     std::vector<std::string> names;
-    ForEachEntry(pattern, [&](const std::string& name, DWORD attributes) {
-        if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) names.push_back(name);
-    });
+    for (FileEntry& file : FindFiles(pattern)) names.push_back(std::move(file.name));
     return names;
 }
 
@@ -159,7 +168,8 @@ static void CopyOneFile(const std::string& from, const std::string& to) {
 
 void CopyFolder(const std::string& from, const std::string& to) {
     MakeFolder(to);
-    ForEachEntry(from + "\\*", [&](const std::string& name, DWORD attributes) {
+    ForEachEntry(from + "\\*", [&](const std::string& name, const WIN32_FIND_DATAA& data) {
+        const DWORD attributes = data.dwFileAttributes;
         const std::string source = from + "\\" + name;
         const std::string target = to + "\\" + name;
         if (IsRealFolder(attributes))
@@ -174,7 +184,8 @@ void DeleteFolder(const std::string& path) {
         RemoveDirectoryA(path.c_str());
         return;
     }
-    ForEachEntry(path + "\\*", [&](const std::string& name, DWORD attributes) {
+    ForEachEntry(path + "\\*", [&](const std::string& name, const WIN32_FIND_DATAA& data) {
+        const DWORD attributes = data.dwFileAttributes;
         const std::string entry = path + "\\" + name;
         if (IsRealFolder(attributes)) {
             DeleteFolder(entry);

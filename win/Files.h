@@ -45,6 +45,15 @@ void DeleteFileQuietly(const std::string& path);
 // Returns the names, without folders, of the files that match the pattern, in directory order.
 std::vector<std::string> FindFileNames(const std::string& pattern);
 
+struct FileEntry {
+    std::string name;            // without its folder
+    std::uint64_t size = 0;      // bytes
+    std::uint64_t modified = 0;  // in units of 100 ns since 1601
+};
+
+// Returns the files that match the pattern, in directory order.
+std::vector<FileEntry> FindFiles(const std::string& pattern);
+
 // Whether the program can write files in the folder; creates and deletes one to find out.
 bool IsFolderWritable(const std::string& path);
 

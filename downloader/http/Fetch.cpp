@@ -11,6 +11,7 @@
 #include "settings/Addresses.h"
 #include "settings/Product.h"
 #include "win/CodePage.h"
+#include "win/NeverDestroyed.h"
 #include "win/Text.h"
 
 namespace http {
@@ -30,9 +31,18 @@ struct Address {
     bool isSecure = false;
 };
 
-// A request with its session and connection.
+// A session through proxies; empty proxies mean a direct connection.
+struct Session {
+    std::string proxies;
+    Internet handle;
+};
+
+// The session of the last request. The next request through the same proxies uses it again, and
+// with it the connection to the server.
+Session& lastSession = win::NeverDestroyed<Session>();
+
+// A request with its connection.
 struct Exchange {
-    Internet session;
     Internet connection;
     Internet request;
     bool viaProxy = false;
@@ -44,6 +54,11 @@ struct RetryClock {
     ULONGLONG start = 0;
     std::int64_t latest = 0;  // milliseconds
 } retryClock;
+
+// Returns the milliseconds since the program's start.
+std::int64_t Elapsed() {
+    return static_cast<std::int64_t>(GetTickCount64() - retryClock.start);
+}
 
 int LastStatus() {
     return StatusOfSystemError(GetLastError());
@@ -79,17 +94,23 @@ std::wstring UserAgent() {
 }
 
 bool OpenSession(const Address& address, Exchange& exchange) {
-    const std::wstring proxy = win::ToWide(
-        FindProxy(address.url, address.isSecure ? "https" : "http", win::FromWide(address.host)));
-    exchange.viaProxy = !proxy.empty();
-    exchange.session.Reset(WinHttpOpen(
+    const std::string proxies =
+        FindProxy(address.url, address.isSecure ? "https" : "http", win::FromWide(address.host));
+    exchange.viaProxy = !proxies.empty();
+    if (lastSession.handle && lastSession.proxies == proxies) return true;
+    lastSession.proxies = proxies;
+    lastSession.handle.Reset(WinHttpOpen(
         UserAgent().c_str(),
         exchange.viaProxy ? WINHTTP_ACCESS_TYPE_NAMED_PROXY : WINHTTP_ACCESS_TYPE_NO_PROXY,
-        exchange.viaProxy ? proxy.c_str() : WINHTTP_NO_PROXY_NAME, WINHTTP_NO_PROXY_BYPASS, 0));
-    const HINTERNET session = exchange.session.Get();
-    if (!session || !WinHttpSetTimeouts(session, kConnectTimeout, kConnectTimeout, kSilenceTimeout,
-                                        kSilenceTimeout))
+        exchange.viaProxy ? win::ToWide(proxies).c_str() : WINHTTP_NO_PROXY_NAME,
+        WINHTTP_NO_PROXY_BYPASS, 0));
+    const HINTERNET session = lastSession.handle.Get();
+    if (!session) return false;
+    if (!WinHttpSetTimeouts(session, kConnectTimeout, kConnectTimeout, kSilenceTimeout,
+                            kSilenceTimeout)) {
+        lastSession.handle.Reset();
         return false;
+    }
     // Older systems lack TLS 1.3, and their defaults are below what most servers now accept.
     if (!SetNumber(session, WINHTTP_OPTION_SECURE_PROTOCOLS, kTls12 | kTls13))
         SetNumber(session, WINHTTP_OPTION_SECURE_PROTOCOLS, kTls12);
@@ -100,7 +121,7 @@ bool OpenSession(const Address& address, Exchange& exchange) {
 
 bool OpenRequest(const Address& address, const std::string& accept, Exchange& exchange) {
     exchange.connection.Reset(
-        WinHttpConnect(exchange.session.Get(), address.host.c_str(), address.port, 0));
+        WinHttpConnect(lastSession.handle.Get(), address.host.c_str(), address.port, 0));
     if (!exchange.connection) return false;
     const std::wstring wideAccept = win::ToWide(accept);
     LPCWSTR acceptTypes[] = {wideAccept.c_str(), nullptr};
@@ -186,8 +207,8 @@ int RequestAddress(const Address& address, const std::string& accept, Exchange& 
     return status != 0 ? status : ERROR_WINHTTP_INVALID_SERVER_RESPONSE;
 }
 
-// Reads the rest of the body; fails when it exceeds kBodyLimit.
-int ReadToEnd(HINTERNET request, std::string& body) {
+// Reads the rest of the body; fails when it exceeds `longest` bytes.
+int ReadToEnd(HINTERNET request, std::size_t longest, std::string& body) {
     constexpr DWORD kStep = 64 * 1024;
     for (;;) {
         const std::size_t before = body.size();
@@ -196,11 +217,11 @@ int ReadToEnd(HINTERNET request, std::string& body) {
         if (!WinHttpReadData(request, body.data() + before, kStep, &read)) return LastStatus();
         body.resize(before + read);
         if (read == 0) return kSuccess;
-        if (body.size() > kBodyLimit) return kBodyTooLarge;
+        if (body.size() > longest) return kBodyTooLarge;
     }
 }
 
-int ReadBody(const Exchange& exchange, std::string& body) {
+int ReadBody(const Exchange& exchange, std::size_t longest, std::string& body) {
     const HINTERNET request = exchange.request.Get();
     const ContentCoding coding =
         ParseContentCoding(Header(request, WINHTTP_QUERY_CONTENT_ENCODING));
@@ -214,8 +235,8 @@ int ReadBody(const Exchange& exchange, std::string& body) {
         if (!stated) return ERROR_WINHTTP_INVALID_SERVER_RESPONSE;
         promised = *stated;
     }
-    if (promised > kBodyLimit) return kBodyTooLarge;
-    const int status = ReadToEnd(request, body);
+    if (promised > longest) return kBodyTooLarge;
+    const int status = ReadToEnd(request, longest, body);
     // After the headers, a lost connection means a truncated body, and an invalid response means
     // malformed chunks or compressed data.
     if (status == ERROR_WINHTTP_CONNECTION_ERROR) return kTruncatedBody;
@@ -228,7 +249,7 @@ int ReadBody(const Exchange& exchange, std::string& body) {
 
 }  // namespace
 
-Response Fetch(const std::string& url, const std::string& accept) {
+Response Fetch(const std::string& url, const Terms& terms) {
     std::string current = url;
     for (int redirects = 0;; ++redirects) {
         Address address;
@@ -236,19 +257,19 @@ Response Fetch(const std::string& url, const std::string& accept) {
         Response response;
         if (response.status = ParseAddress(current, address); response.status != kSuccess)
             return response;
-        response.status = RequestAddress(address, accept, exchange);
+        response.status = RequestAddress(address, terms.accept, exchange);
         const HINTERNET request = exchange.request.Get();
         if (request) ReadHeaders(request, response);
         if (response.status == HTTP_STATUS_OK) {
-            response.status = ReadBody(exchange, response.body);
+            response.status = ReadBody(exchange, terms.longestBody, response.body);
             return response;
         }
         const std::string location = Header(request, WINHTTP_QUERY_LOCATION);
         if (!IsRedirect(response.status) || location.empty()) return response;
         if (redirects == kRedirectLimit) return Failure(kTooManyRedirects);
         const std::string next = ResolveLocation(address.url, location);
-        if (const int refusal = CheckRedirect(address.url, next); refusal != kSuccess)
-            return Failure(refusal);
+        const int refusal = CheckRedirect(address.url, next, terms.staysOnHost);
+        if (refusal != kSuccess) return Failure(refusal);
         current = next;
     }
 }
@@ -258,13 +279,17 @@ void StartRetryClock(int limitSeconds) {
     retryClock.latest = std::int64_t{limitSeconds} * 1000 * 2 / 3;
 }
 
-Response FetchWithRetry(const std::string& url, const std::string& accept) {
+bool HasTimeToRetry() {
+    return Elapsed() <= retryClock.latest;
+}
+
+Response FetchWithRetry(const std::string& url, const Terms& terms) {
     for (int failures = 1;; ++failures) {
-        Response response = Fetch(url, accept);
+        Response response = Fetch(url, terms);
+        if (!IsTransient(response, terms.form)) return response;
         LARGE_INTEGER counter;
         QueryPerformanceCounter(&counter);  // its low bits differ between computers
-        const auto elapsed = static_cast<std::int64_t>(GetTickCount64() - retryClock.start);
-        const auto wait = WaitBeforeRetry(response, failures, elapsed, retryClock.latest,
+        const auto wait = WaitBeforeRetry(response, failures, Elapsed(), retryClock.latest,
                                           static_cast<unsigned char>(counter.LowPart));
         if (!wait) return response;
         Sleep(static_cast<DWORD>(*wait));

@@ -5,16 +5,27 @@
 
 namespace http {
 
-// Fetches an http or https URL, following redirects. `accept` is the value of the Accept header.
-// The status is kSuccess only for HTTP status 200 with a complete, non-blank body of at most
-// kBodyLimit bytes.
-Response Fetch(const std::string& url, const std::string& accept);
+// What a request asks for, and what it accepts as the answer.
+struct Terms {
+    std::string accept = "*/*";  // the value of the Accept header
+    BodyForm form = BodyForm::Any;
+    std::size_t longestBody = kBodyLimit;  // bytes
+    bool staysOnHost = false;              // redirects must not lead to another host
+};
+
+// Fetches an http or https URL, following redirects. The status is kSuccess only for HTTP status
+// 200 with a complete, non-blank body that is not too long; its form is not checked.
+Response Fetch(const std::string& url, const Terms& terms);
 
 // Starts the clock of FetchWithRetry: no request is repeated later than two thirds of the program's
 // time limit after this call, so that the last one has time to succeed.
 void StartRetryClock(int limitSeconds);
 
-// Like Fetch, but repeats the request, after growing pauses, while the failure may be temporary.
-Response FetchWithRetry(const std::string& url, const std::string& accept);
+// Whether a request may still be repeated.
+bool HasTimeToRetry();
+
+// Like Fetch, but repeats the request, after growing pauses, while the failure may be temporary. A
+// body of another form than expected counts as such a failure; the last one is returned.
+Response FetchWithRetry(const std::string& url, const Terms& terms);
 
 }  // namespace http

@@ -16,6 +16,27 @@ std::vector<std::string> Directives(std::string_view cacheControl) {
 
 }  // namespace
 
+bool HasForm(std::string_view body, BodyForm form) {
+    constexpr std::string_view kSpaces = " \t\r\n";
+    constexpr std::size_t kLongestTag = 16;
+    if (body.starts_with("\xEF\xBB\xBF")) body.remove_prefix(3);
+    body.remove_prefix(std::min(body.find_first_not_of(kSpaces), body.size()));
+    body = body.substr(0, body.find_last_not_of(kSpaces) + 1);
+    switch (form) {
+        case BodyForm::JsonObject:
+            return body.starts_with('{') && body.ends_with('}');
+        case BodyForm::JsonArray:
+            return body.starts_with('[') && body.ends_with(']');
+        case BodyForm::NoWebPage: {
+            const std::string start = win::AsciiLower(body.substr(0, kLongestTag));
+            return !start.starts_with("<html") && !start.starts_with("<!doctype html");
+        }
+        case BodyForm::Any:
+            break;
+    }
+    return true;
+}
+
 ContentCoding ParseContentCoding(std::string_view contentEncoding) {
     const std::string coding = win::AsciiLower(win::TrimSpaces(contentEncoding));
     if (coding.empty() || coding == "identity") return ContentCoding::None;

@@ -28,6 +28,18 @@ inline Response Failure(int status) {
     return response;
 }
 
+// The form of a complete body. A gateway's page and a body that was cut short have another one.
+enum class BodyForm {
+    Any,
+    JsonObject,
+    JsonArray,
+    NoWebPage,  // any but HTML, for documents that may be damaged
+};
+
+// Whether the body begins and ends as its form requires. A byte order mark and white space at
+// either end are ignored.
+bool HasForm(std::string_view body, BodyForm form);
+
 // The coding of a body: none, one that WinHTTP decodes, or any other.
 enum class ContentCoding { None, Supported, Unsupported };
 

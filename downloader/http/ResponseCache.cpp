@@ -2,7 +2,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <functional>
 
 #include "downloader/http/TextHash.h"
 #include "win/Files.h"
@@ -16,15 +18,17 @@ constexpr std::string_view kMark = "skyvane-answer-1";
 constexpr std::size_t kLongestDocument = 2 * 1024 * 1024;        // bytes
 constexpr std::uint64_t kLongestFile = kLongestDocument + 1024;  // with the lines before it
 
-// Returns the path of the cache file; empty when there is no temporary folder.
-std::string CacheFile(std::string_view key, std::string_view slot) {
-    constexpr int kSlots = 1024;
+// Returns the path of the slot's cache file; empty when there is no temporary folder.
+std::string FileOfSlot(std::string_view slot) {
     const std::string folder = win::GetTempFolder();
     if (folder.empty()) return {};
-    const std::string name = slot.empty()
-                                 ? win::Decimal(static_cast<long long>(HashOf(key) % kSlots))
-                                 : std::string(slot);
-    return folder + "SkyvaneAlerts." + name + ".cache";
+    return (folder + "SkyvaneAlerts.").append(slot).append(".cache");
+}
+
+std::string CacheFile(std::string_view key, std::string_view slot) {
+    constexpr int kSlots = 1024;
+    if (!slot.empty()) return FileOfSlot(slot);
+    return FileOfSlot(win::Decimal(static_cast<long long>(HashOf(key) % kSlots)));
 }
 
 std::int64_t ParseNumber(std::string_view digits) {
@@ -52,6 +56,17 @@ void StoreCached(std::string_view key, std::int64_t seconds, std::string_view do
     const std::string file = CacheFile(key, slot);
     if (file.empty() || seconds <= 0 || document.size() > kLongestDocument) return;
     win::WriteFileAtomically(file, PackEntry(key, SecondsNow(), seconds, document));
+}
+
+void TrimCached(std::string_view prefix, std::size_t mostFiles, std::uint64_t mostBytes) {
+    auto files = win::FindFiles(FileOfSlot(std::string(prefix).append("*")));
+    std::ranges::sort(files, std::greater(), &win::FileEntry::modified);
+    std::uint64_t bytes = 0;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        bytes += files[i].size;
+        if (i >= mostFiles || bytes > mostBytes)
+            win::DeleteFileQuietly(win::GetTempFolder() + files[i].name);
+    }
 }
 
 std::string PackEntry(std::string_view key, std::int64_t now, std::int64_t seconds,

@@ -26,6 +26,10 @@ std::optional<CachedDocument> FindCached(std::string_view key, std::string_view 
 void StoreCached(std::string_view key, std::int64_t seconds, std::string_view document,
                  std::string_view slot = {});
 
+// Deletes the oldest documents of the slots whose names begin with the prefix, until at most so
+// many files with so many bytes in all remain.
+void TrimCached(std::string_view prefix, std::size_t mostFiles, std::uint64_t mostBytes);
+
 // Returns the text of the cache file for a document stored at `now`.
 std::string PackEntry(std::string_view key, std::int64_t now, std::int64_t seconds,
                       std::string_view document);

@@ -29,30 +29,20 @@ std::optional<std::int64_t> RetryAfter(const Response& response) {
     return std::max<std::int64_t>(*moment - *now, 0);
 }
 
-// Whether the body can be a complete JSON object: neither a gateway's page nor cut short.
-bool IsObject(std::string_view body) {
-    constexpr std::string_view kSpaces = " \t\r\n";
-    if (body.starts_with("\xEF\xBB\xBF")) body.remove_prefix(3);
-    const std::size_t first = body.find_first_not_of(kSpaces);
-    return first != std::string_view::npos && body[first] == '{' &&
-           body[body.find_last_not_of(kSpaces)] == '}';
-}
-
 }  // namespace
 
-bool IsTransient(const Response& response) {
+bool IsTransient(const Response& response, BodyForm form) {
     const int status = response.status;
     return std::find(std::begin(kTransientErrors), std::end(kTransientErrors), status) !=
                std::end(kTransientErrors) ||
            (status >= 500 && status <= 599) || status == 403 || status == 429 ||
-           (status == kSuccess && !IsObject(response.body));
+           (status == kSuccess && !HasForm(response.body, form));
 }
 
 std::optional<std::int64_t> WaitBeforeRetry(const Response& response, int failures,
                                             std::int64_t elapsed, std::int64_t latest,
                                             unsigned char jitter) {
     constexpr int kMostDoublings = 3;
-    if (!IsTransient(response)) return std::nullopt;
     std::int64_t wait = std::int64_t{1000} << std::clamp(failures - 1, 0, kMostDoublings);
     wait += wait * jitter / 1024;
     if (const auto seconds = RetryAfter(response)) wait = std::max(wait, *seconds * 1000);

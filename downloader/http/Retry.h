@@ -10,10 +10,11 @@
 namespace http {
 
 // Whether a later try may succeed: the connection failed, the server failed or was asked too often,
-// or the body is not a JSON object (a gateway's page, an incomplete answer).
-bool IsTransient(const Response& response);
+// or the body has another form than it should have (a gateway's page, an incomplete answer).
+bool IsTransient(const Response& response, BodyForm form);
 
-// Returns how many milliseconds to wait before the next try, or nullopt if there is to be none.
+// Returns how many milliseconds to wait after a failure before the next try, or nullopt if there is
+// to be none.
 // `failures` is the number of tries so far, `elapsed` and `latest` count milliseconds since the
 // program's start: no try starts after `latest`. The waits are 1, 2, 4 and then 8 seconds, up to a
 // quarter longer by `jitter` (0 to 255), so that many computers do not ask at the same moments. A

@@ -29,7 +29,7 @@ inline constexpr int kUndecodableBody = 1008;
 inline constexpr int kInsecureRedirect = 1009;
 // More than kRedirectLimit consecutive redirects.
 inline constexpr int kTooManyRedirects = 1010;
-// A redirect to a scheme other than http and https.
+// A redirect to a scheme other than http and https, or to another host where that is not allowed.
 inline constexpr int kForeignRedirect = 1011;
 // The downloader itself failed: it ran out of memory or crashed.
 inline constexpr int kInternalError = 1012;

@@ -31,6 +31,17 @@ std::string ResolveDots(std::string_view path) {
     return clean;
 }
 
+// Returns the scheme, host and port in lower case, without the scheme's own port.
+std::string OriginOf(std::string_view url) {
+    const std::string scheme = SchemeOf(url);
+    const std::size_t host = std::min(scheme.size() + 3, url.size());  // after "://"
+    const std::size_t end = std::min(url.find_first_of("/?#", host), url.size());
+    std::string origin = win::AsciiLower(url.substr(0, end));
+    const std::string_view ownPort = scheme == "https" ? ":443" : ":80";
+    if (origin.ends_with(ownPort)) origin.resize(origin.size() - ownPort.size());
+    return origin;
+}
+
 }  // namespace
 
 std::string SchemeOf(std::string_view url) {
@@ -87,10 +98,11 @@ std::string ResolveLocation(std::string_view base, std::string_view location) {
     return origin + ResolveDots(whole) + std::string(query);
 }
 
-int CheckRedirect(std::string_view from, std::string_view to) {
+int CheckRedirect(std::string_view from, std::string_view to, bool staysOnHost) {
     const std::string target = SchemeOf(to);
     if (target != "http" && target != "https") return kForeignRedirect;
-    return SchemeOf(from) == "https" && target == "http" ? kInsecureRedirect : kSuccess;
+    if (SchemeOf(from) == "https" && target == "http") return kInsecureRedirect;
+    return staysOnHost && OriginOf(from) != OriginOf(to) ? kForeignRedirect : kSuccess;
 }
 
 }  // namespace http

@@ -22,7 +22,7 @@ bool IsRedirect(int httpStatus);
 std::string ResolveLocation(std::string_view base, std::string_view location);
 
 // Returns kSuccess when a redirect from one URL to the other is allowed, otherwise the status that
-// reports the refusal.
-int CheckRedirect(std::string_view from, std::string_view to);
+// reports the refusal. With `staysOnHost` the scheme, the host and the port must not change.
+int CheckRedirect(std::string_view from, std::string_view to, bool staysOnHost);
 
 }  // namespace http

@@ -24,7 +24,7 @@ using http::Failure;
 using http::Response;
 
 constexpr int kNotFound = 404;  // HTTP; for a point: it is not in the United States
-constexpr char kJson[] = "application/geo+json";
+constexpr char kGeoJson[] = "application/geo+json";
 constexpr std::int64_t kDay = 86'400;  // seconds
 
 // The body of the entry for a place that the service does not cover.
@@ -43,7 +43,7 @@ Response Success(std::optional<std::string> document) {
 }
 
 Response FetchJson(const std::string& address) {
-    return http::FetchWithRetry(address, kJson);
+    return http::FetchWithRetry(address, {kGeoJson, http::BodyForm::JsonObject});
 }
 
 // Reads the zones of a point. Returns kSuccess or the status of a failure. The service itself says
@@ -71,7 +71,7 @@ int FetchZones(const std::string& origin, const feed::Place& place, PlaceZones& 
     seconds = kWeek;
     zones.all = zones.own;
     for (const feed::Place& edge : EdgesOf(place)) {
-        Response point = http::Fetch(PointAddress(origin, edge), kJson);
+        Response point = http::Fetch(PointAddress(origin, edge), {kGeoJson});
         // Without an edge the place still has alerts; it is asked again soon.
         if (FetchPointZones(std::move(point), zones.all) != http::kSuccess) seconds = kHour;
     }

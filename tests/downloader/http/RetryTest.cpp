@@ -20,14 +20,19 @@ Response Failed(int status, const char* body = "", const char* retryAfter = "") 
 TEST(IsTransient, TellsWhatPassesFromWhatIsFinal) {
     for (const int status :
          {500, 502, 503, 504, 429, 403, 12002, 12007, 12029, 12030, 12152, 1007, 1008})
-        EXPECT_TRUE(IsTransient(Failed(status))) << status;
+        EXPECT_TRUE(IsTransient(Failed(status), BodyForm::JsonObject)) << status;
     for (const int status : {200, 400, 404, 407, 12175, 1015})
-        EXPECT_FALSE(IsTransient(Failed(status))) << status;
-    EXPECT_TRUE(IsTransient(Failed(0, "\r\n<HTML>Reference #18")));
-    EXPECT_TRUE(IsTransient(Failed(0, "{\"features\":[")));
-    EXPECT_TRUE(IsTransient(Failed(0, "Please log in")));
-    EXPECT_FALSE(IsTransient(Failed(0, "\xEF\xBB\xBF{}\n")));
-    EXPECT_FALSE(IsTransient(Failed(404, "<html>")));
+        EXPECT_FALSE(IsTransient(Failed(status), BodyForm::JsonObject)) << status;
+    EXPECT_TRUE(IsTransient(Failed(0, "\r\n<HTML>Reference #18"), BodyForm::JsonObject));
+    EXPECT_TRUE(IsTransient(Failed(0, "{\"features\":["), BodyForm::JsonObject));
+    EXPECT_TRUE(IsTransient(Failed(0, "Please log in"), BodyForm::JsonObject));
+    EXPECT_FALSE(IsTransient(Failed(0, "\xEF\xBB\xBF{}\n"), BodyForm::JsonObject));
+    EXPECT_FALSE(IsTransient(Failed(404, "<html>"), BodyForm::JsonObject));
+    EXPECT_FALSE(IsTransient(Failed(0, "[]"), BodyForm::JsonArray));
+    EXPECT_TRUE(IsTransient(Failed(0, "{}"), BodyForm::JsonArray));
+    EXPECT_FALSE(IsTransient(Failed(0, "<alert>"), BodyForm::NoWebPage));
+    EXPECT_TRUE(IsTransient(Failed(0, "\n<!DOCTYPE HTML>"), BodyForm::NoWebPage));
+    EXPECT_TRUE(IsTransient(Failed(0, "<Html lang='en'>"), BodyForm::NoWebPage));
 }
 
 TEST(WaitBeforeRetry, DoublesUntilTheLatestStart) {
@@ -40,7 +45,6 @@ TEST(WaitBeforeRetry, DoublesUntilTheLatestStart) {
     }
     EXPECT_EQ(starts, (std::vector<std::int64_t>{1000, 3000, 7000, 15000, 23000, 31000, 39000}));
     EXPECT_EQ(WaitBeforeRetry(Failed(503), 1, 0, 40'000, 255), 1249);
-    EXPECT_EQ(WaitBeforeRetry(Failed(404), 1, 0, 40'000, 0), std::nullopt);
     const struct {
         const char* retryAfter;
         std::optional<std::int64_t> wait;

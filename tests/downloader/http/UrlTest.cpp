@@ -39,11 +39,19 @@ TEST(ResolveLocation, ResolvesAgainstTheBase) {
 }
 
 TEST(CheckRedirect, RefusesLessSecurityAndOtherSchemes) {
-    EXPECT_EQ(CheckRedirect("http://a", "https://b"), kSuccess);
-    EXPECT_EQ(CheckRedirect("http://a", "HTTP://b"), kSuccess);
-    EXPECT_EQ(CheckRedirect("HTTPS://a", "http://a"), kInsecureRedirect);
-    EXPECT_EQ(CheckRedirect("https://a", "file:///c"), kForeignRedirect);
-    EXPECT_EQ(CheckRedirect("http://a", ""), kForeignRedirect);
+    EXPECT_EQ(CheckRedirect("http://a", "https://b", false), kSuccess);
+    EXPECT_EQ(CheckRedirect("http://a", "HTTP://b", false), kSuccess);
+    EXPECT_EQ(CheckRedirect("HTTPS://a", "http://a", false), kInsecureRedirect);
+    EXPECT_EQ(CheckRedirect("https://a", "file:///c", false), kForeignRedirect);
+    EXPECT_EQ(CheckRedirect("http://a", "", false), kForeignRedirect);
+}
+
+TEST(CheckRedirect, KeepsToTheHost) {
+    for (const char* same : {"https://a/c", "HTTPS://A:443?c", "https://a:443"})
+        EXPECT_EQ(CheckRedirect("https://a/b", same, true), kSuccess) << same;
+    for (const char* other : {"https://a:8/b", "https://a.b/b", "https://a@c/b", "https://b/a"})
+        EXPECT_EQ(CheckRedirect("https://a/b", other, true), kForeignRedirect) << other;
+    EXPECT_EQ(CheckRedirect("http://a/b", "https://a/b", true), kForeignRedirect);
 }
 
 }  // namespace
