@@ -9,14 +9,14 @@
 #include <cstdlib>
 
 #include "downloader/feed/Gazetteer.h"
-#include "downloader/nws/Area.h"
+#include "downloader/feed/Area.h"
 #include "win/Files.h"
 #include "win/Text.h"
 
 namespace {
 
 struct Code {
-    nws::Position centre;
+    feed::Position centre;
     double reach;
 };
 
@@ -34,23 +34,23 @@ std::vector<Code> ReadCodes(const char* file) {
     return codes;
 }
 
-nws::Ring ReadPositions(std::string_view text, std::string_view separator) {
-    nws::Ring positions;
+feed::Ring ReadPositions(std::string_view text, std::string_view separator) {
+    feed::Ring positions;
     for (const std::string& line : win::Split(text, separator)) {
-        nws::Position position;
+        feed::Position position;
         if (std::sscanf(line.c_str(), "%lf%*[ ,]%lf", &position.latitude, &position.longitude) == 2)
             positions.push_back(position);
     }
     return positions;
 }
 
-double Distance(const nws::Position& left, const nws::Position& right) {
+double Distance(const feed::Position& left, const feed::Position& right) {
     const double east =
         std::remainder(left.longitude - right.longitude, 360) * std::cos(left.latitude * 0.0174533);
     return std::hypot(east, left.latitude - right.latitude);
 }
 
-const Code& NearestCode(const std::vector<Code>& codes, const nws::Position& town) {
+const Code& NearestCode(const std::vector<Code>& codes, const feed::Position& town) {
     const Code* nearest = &codes.front();
     for (const Code& code : codes)
         if (Distance(code.centre, town) < Distance(nearest->centre, town)) nearest = &code;
@@ -65,21 +65,21 @@ int main(int count, char** arguments) {
     const auto townText = win::ReadWholeFile(arguments[2]);
     const auto polygonText = win::ReadWholeFile(arguments[3]);
     if (!townText || !polygonText || codes.empty()) return 1;
-    const nws::Ring towns = ReadPositions(*townText, "\n");
+    const feed::Ring towns = ReadPositions(*townText, "\n");
     int inside = 0, missedByCentre = 0, missedByReach = 0, toldByCentre = 0, toldByReach = 0;
     double farthest = 0;
     for (const std::string& line : win::Split(*polygonText, "\n")) {
-        const std::vector<nws::Polygon> polygons = {{ReadPositions(line, " ")}};
-        for (const nws::Position& town : towns) {
-            if (nws::DistanceTo(polygons, town) > 0) continue;
+        const std::vector<feed::Polygon> polygons = {{ReadPositions(line, " ")}};
+        for (const feed::Position& town : towns) {
+            if (feed::DistanceTo(polygons, town) > 0) continue;
             const Code& code = NearestCode(codes, town);
-            const double distance = nws::DistanceTo(polygons, code.centre);
+            const double distance = feed::DistanceTo(polygons, code.centre);
             ++inside;
             missedByCentre += distance > 0;
             missedByReach += distance > code.reach;
         }
         for (const Code& code : codes) {
-            const double distance = nws::DistanceTo(polygons, code.centre);
+            const double distance = feed::DistanceTo(polygons, code.centre);
             toldByCentre += distance == 0;
             if (distance > code.reach) continue;
             ++toldByReach;

@@ -11,7 +11,9 @@ set(portableSources
   app/StartupValues.cpp
   downloader/Arguments.cpp
   downloader/drill/Source.cpp
+  downloader/feed/AlertList.cpp
   downloader/feed/AlertMemory.cpp
+  downloader/feed/Area.cpp
   downloader/feed/FeedXml.cpp
   downloader/feed/Gazetteer.cpp
   downloader/feed/IsoTime.cpp
@@ -19,15 +21,16 @@ set(portableSources
   downloader/feed/Paragraphs.cpp
   downloader/feed/PlaceName.cpp
   downloader/feed/Request.cpp
+  downloader/feed/Severity.cpp
   downloader/fpas/Endpoints.cpp
   downloader/http/Response.cpp
   downloader/http/Retry.cpp
   downloader/http/Url.cpp
   downloader/live/Route.cpp
   downloader/nws/Alerts.cpp
-  downloader/nws/Area.cpp
   downloader/nws/Endpoints.cpp
   downloader/nws/EventIdentity.cpp
+  downloader/nws/GeometryReader.cpp
   downloader/nws/Messages.cpp
   downloader/nws/Stations.cpp
   downloader/nws/Tier.cpp

@@ -4,14 +4,14 @@
 #include <string>
 
 #include "downloader/feed/AlertMemory.h"
-#include "downloader/nws/Area.h"
+#include "downloader/feed/Area.h"
 #include "downloader/nws/Zones.h"
 
 namespace nws {
 
 // A place, as far as alerts can concern it.
 struct AlertPlace {
-    Position centre;
+    feed::Position centre;
     double reach = 0;  // kilometres
     ZoneIds zones;     // of the centre
 };

@@ -4,6 +4,7 @@
 
 #include "downloader/feed/IsoTime.h"
 #include "downloader/feed/Json.h"
+#include "downloader/nws/GeometryReader.h"
 #include "downloader/nws/Zones.h"
 
 namespace nws {
@@ -141,12 +142,6 @@ struct Collector {
     }
 };
 
-// Returns the rank of `word` in the list: the first word ranks highest, an unknown word is 0.
-template <std::size_t size>
-int Rank(const std::string_view (&words)[size], std::string_view word) {
-    return static_cast<int>(std::end(words) - std::find(words, std::end(words), word));
-}
-
 }  // namespace
 
 std::optional<std::vector<Message>> ReadMessages(std::string& json) {
@@ -180,13 +175,6 @@ int FirstSentYear(const Message& message) {
     const bool isFirstKnown = !isNew && IsEarlier(message.firstSent, message.sent);
     const auto time = feed::ParseTime(isFirstKnown ? message.firstSent : message.sent);
     return time ? feed::YearOf(*time) : 0;
-}
-
-int SeverityRank(const Message& message) {
-    constexpr std::string_view kSeverities[] = {"Extreme", "Severe", "Moderate", "Minor"};
-    constexpr std::string_view kUrgencies[] = {"Immediate", "Expected", "Future", "Unknown",
-                                               "Past"};
-    return Rank(kSeverities, message.severity) * 10 + Rank(kUrgencies, message.urgency);
 }
 
 }  // namespace nws

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "downloader/nws/Area.h"
+#include "downloader/feed/Area.h"
 #include "downloader/nws/Vtec.h"
 
 // The messages in the Weather Service's answer about alerts, and what each states about its event.
@@ -32,8 +32,8 @@ struct Message {
     std::string_view ends;
     std::vector<std::string_view> threats;  // the tags by which the service raises a warning
     std::vector<std::string_view> zones;    // identifiers such as "KSZ009"
-    std::optional<Vtec> vtec;       // of several codes the first that begins or continues an event
-    std::vector<Polygon> polygons;  // none when the zones alone are the area
+    std::optional<Vtec> vtec;  // of several codes the first that begins or continues an event
+    std::vector<feed::Polygon> polygons;     // none when the zones alone are the area
     std::vector<std::string_view> replaced;  // identifiers of earlier messages
     std::string_view firstReplaced;          // the earliest of them, and when it was sent
     std::string_view firstSent;
@@ -56,8 +56,5 @@ bool IsInForce(const Message& message, std::int64_t now);
 
 // Returns the year in which the first known message of the event was sent; 0 when unknown.
 int FirstSentYear(const Message& message);
-
-// Ranks the message by severity, then urgency; higher is more severe.
-int SeverityRank(const Message& message);
 
 }  // namespace nws

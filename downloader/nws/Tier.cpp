@@ -2,12 +2,10 @@
 
 #include <algorithm>
 
-#include "win/Text.h"
+#include "downloader/feed/AlertList.h"
 
 namespace nws {
 namespace {
-
-constexpr std::size_t kLongestTitle = 30;
 
 struct TierTitle {
     std::string_view event;
@@ -23,12 +21,6 @@ constexpr TierTitle kTierTitles[] = {
     {"Flash Flood Warning", Tier::Highest, "Flash Flood Emergency"},
     {"Flash Flood Warning", Tier::Considerable, "Flash Flood (Considerable)"},
 };
-
-std::string Shorten(std::string_view title) {
-    constexpr std::string_view kMark = "...";
-    if (win::CountChars(title) <= kLongestTitle) return std::string(title);
-    return std::string(win::FirstChars(title, kLongestTitle - kMark.size())).append(kMark);
-}
 
 }  // namespace
 
@@ -46,8 +38,8 @@ std::string Title(const Message& message) {
     const Tier tier = TierOf(message);
     for (const TierTitle& title : kTierTitles)
         if (title.event == message.event && title.tier == tier) return std::string(title.title);
-    if (!message.event.empty()) return Shorten(message.event);
-    return message.headline.empty() ? "Weather alert" : Shorten(message.headline);
+    if (!message.event.empty()) return feed::ShortTitle(message.event);
+    return message.headline.empty() ? "Weather alert" : feed::ShortTitle(message.headline);
 }
 
 }  // namespace nws

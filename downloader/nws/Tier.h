@@ -13,8 +13,7 @@ enum class Tier { None, Observed, Considerable, Highest };
 // The tier of the message, by the threat tags among its parameters.
 Tier TierOf(const Message& message);
 
-// The title of the message's alert: the event, or a short name of its tier. At most 30 characters,
-// because a caption of the menu is cut at 40 and the place follows the title.
+// The title of the message's alert: the event, or a short name of its tier. As short as ShortTitle.
 std::string Title(const Message& message);
 
 }  // namespace nws

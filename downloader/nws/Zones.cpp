@@ -5,7 +5,6 @@
 #include <numbers>
 
 #include "downloader/feed/Json.h"
-#include "downloader/nws/Area.h"
 #include "win/Text.h"
 
 namespace nws {

@@ -1,10 +1,10 @@
-#include "downloader/nws/Area.h"
+#include "downloader/feed/Area.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 
-using namespace nws;
+using namespace feed;
 
 namespace {
 
