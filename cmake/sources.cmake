@@ -22,7 +22,14 @@ set(portableSources
   downloader/feed/PlaceName.cpp
   downloader/feed/Request.cpp
   downloader/feed/Severity.cpp
+  downloader/feed/XmlTree.cpp
+  downloader/fpas/Alert.cpp
+  downloader/fpas/Alerts.cpp
+  downloader/fpas/AreaShape.cpp
   downloader/fpas/Endpoints.cpp
+  downloader/fpas/Events.cpp
+  downloader/fpas/InForce.cpp
+  downloader/fpas/Language.cpp
   downloader/http/Response.cpp
   downloader/http/Retry.cpp
   downloader/http/Url.cpp
@@ -51,7 +58,7 @@ set(portableSources
 
 # The whole text of an answer passes through these: they are built for speed, the others for size.
 set_source_files_properties(downloader/feed/FeedXml.cpp downloader/feed/Json.cpp
-  downloader/feed/Paragraphs.cpp downloader/nws/Messages.cpp win/Text.cpp
+  downloader/feed/Paragraphs.cpp downloader/feed/XmlTree.cpp downloader/fpas/AreaShape.cpp downloader/nws/Messages.cpp win/Text.cpp
   PROPERTIES COMPILE_OPTIONS -O2)
 
 # All other sources. Test files and sources in any folder below are picked up automatically.

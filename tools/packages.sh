@@ -7,8 +7,8 @@ packages=(g++-mingw-w64-i686-posix cmake ninja-build git ca-certificates)
 packages+=(g++ clang)
 compgen -G '/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a' >/dev/null ||
     packages+=(libclang-rt-dev)
-# test framework (sources), JSON reader of the downloader, positions of places
-packages+=(googletest rapidjson-dev weather-util-data)
+# test framework (sources), JSON and XML readers of the downloader, positions of places
+packages+=(googletest rapidjson-dev librapidxml-dev weather-util-data)
 # running Windows programs; the i386 library, which has a longer name in some releases, provides https
 packages+=(wine wine32:i386 libgnutls30:i386=/usr/lib/i386-linux-gnu/libgnutls.so.30)
 # virtual display, taskbar with a notification area, mouse and keyboard, screenshots, window lists, fonts

@@ -1,7 +1,11 @@
 #include "downloader/feed/Paragraphs.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
+#include <iterator>
+
+#include "win/Text.h"
 
 namespace feed {
 namespace {
@@ -57,6 +61,54 @@ bool IsConjunction(std::string_view line) {
     return line.starts_with("and ") || line.starts_with("or ") || line.starts_with("to ");
 }
 
+// Returns the first code point of well-formed UTF-8, which must not be empty.
+std::uint32_t FirstCodePoint(std::string_view text) {
+    constexpr std::uint32_t kLead[] = {0, 0, 0x1F, 0x0F, 0x07};  // by length
+    constexpr std::uint32_t kMoreBits = 6;
+    std::size_t length = 1;
+    while (length < text.size() && length < 4 && (text[length] & 0xC0) == 0x80) ++length;
+    std::uint32_t point = static_cast<unsigned char>(text.front());
+    if (length > 1) point &= kLead[length];
+    for (std::size_t at = 1; at < length; ++at)
+        point = point << kMoreBits | (static_cast<unsigned char>(text[at]) & 0x3F);
+    return point;
+}
+
+std::uint32_t LastCodePoint(std::string_view text) {
+    std::size_t at = text.size() - 1;
+    while (at > 0 && (text[at] & 0xC0) == 0x80) --at;
+    return FirstCodePoint(text.substr(at));
+}
+
+// Whether the character is of a script that is written without spaces between words.
+bool IsUnspaced(std::uint32_t point) {
+    struct Range {
+        std::uint32_t first;
+        std::uint32_t last;
+    };
+    constexpr Range kRanges[] = {
+        {0x0E00, 0x0EFF},    // Thai, Lao
+        {0x1000, 0x109F},    // Burmese
+        {0x1780, 0x17FF},    // Khmer
+        {0x2E80, 0x30FF},    // Chinese and Japanese: radicals, punctuation, kana
+        {0x31C0, 0xA4CF},    // Chinese and Japanese: characters; Yi
+        {0xF900, 0xFAFF},    // more characters
+        {0xFE30, 0xFE4F},    // more punctuation
+        {0xFF00, 0xFFEF},    // full-width forms
+        {0x20000, 0x3FFFF},  // more characters
+    };
+    return std::any_of(std::begin(kRanges), std::end(kRanges), [point](const Range& range) {
+        return point >= range.first && point <= range.last;
+    });
+}
+
+// Whether two lines are joined without a space. A Latin word keeps its distance.
+bool JoinsUnspaced(std::string_view left, std::string_view right) {
+    if ((left.back() & 0x80) == 0 && (right.front() & 0x80) == 0) return false;
+    return (IsUnspaced(LastCodePoint(left)) && !win::IsLetter(right.front())) ||
+           (IsUnspaced(FirstCodePoint(right)) && !win::IsLetter(left.back()));
+}
+
 }  // namespace
 
 void AppendParagraphs(std::string& body, std::string_view text) {
@@ -75,12 +127,17 @@ void AppendParagraphs(std::string& body, std::string_view text) {
             body += body.empty() ? "" : "\n\n";
         else if (isAlone || wasAlone || IsListItem(line))
             body += '\n';
-        else if (!EndsInHyphen(body) || IsConjunction(line))
+        else if ((!EndsInHyphen(body) || IsConjunction(line)) && !JoinsUnspaced(body, line))
             body += ' ';
         body += line;
         startsParagraph = false;
         wasAlone = isAlone;
     }
+}
+
+void AppendWithoutSpaces(std::string& squeezed, std::string_view text) {
+    for (const char c : text)
+        if (static_cast<unsigned char>(c) > ' ') squeezed += c;
 }
 
 }  // namespace feed

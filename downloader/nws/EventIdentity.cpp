@@ -5,6 +5,7 @@
 #include <numeric>
 
 #include "downloader/feed/IsoTime.h"
+#include "downloader/feed/Paragraphs.h"
 #include "downloader/nws/Tier.h"
 #include "downloader/nws/Vtec.h"
 #include "win/Text.h"
@@ -15,22 +16,17 @@ namespace {
 using feed::AlertMemory;
 using feed::KnownEvent;
 
-void AppendWithoutSpaces(std::string& squeezed, std::string_view text) {
-    for (const char c : text)
-        if (static_cast<unsigned char>(c) > ' ') squeezed += c;
-}
-
 // What the message says, without regard to how its lines are broken.
 std::string TextKey(const Message& message) {
     std::string key(message.event);
     key.append("\n").append(message.senderName).append("\n");
     const std::size_t head = key.size();
-    AppendWithoutSpaces(key, message.description);
-    AppendWithoutSpaces(key, message.instruction);
+    feed::AppendWithoutSpaces(key, message.description);
+    feed::AppendWithoutSpaces(key, message.instruction);
     if (key.size() == head)
         for (const std::string_view text :
              {message.headline, message.area, message.headline.empty() ? message.sent : ""})
-            AppendWithoutSpaces(key, text);
+            feed::AppendWithoutSpaces(key, text);
     return key;
 }
 

@@ -1,0 +1,216 @@
+#include "downloader/fpas/Alerts.h"
+
+#include <algorithm>
+#include <map>
+
+#include "downloader/feed/AlertList.h"
+#include "downloader/feed/FeedXml.h"
+#include "downloader/feed/IsoTime.h"
+#include "downloader/feed/Paragraphs.h"
+#include "downloader/feed/Severity.h"
+#include "downloader/fpas/AreaShape.h"
+#include "downloader/fpas/Events.h"
+#include "downloader/fpas/InForce.h"
+#include "downloader/fpas/Language.h"
+#include "win/Text.h"
+
+namespace fpas {
+namespace {
+
+using Blocks = std::vector<const Info*>;
+
+// The blocks of one event in an alert. They may differ in area, time or severity.
+struct Entry {
+    const Alert* alert = nullptr;
+    Blocks blocks;  // the most severe first
+};
+
+int SeverityRank(const Info* info) {
+    return feed::SeverityRank(info->severity, info->urgency);
+}
+
+// The distance from the place to the block: 0 if it has an area without a readable shape.
+double DistanceTo(const Info& info, const feed::Position& place) {
+    if (info.areas.empty()) return 0;
+    double nearest = DistanceTo(info.areas.front(), place).value_or(0);
+    for (const Area& area : info.areas)
+        nearest = std::min(nearest, DistanceTo(area, place).value_or(0));
+    return nearest;
+}
+
+// Returns the blocks that concern the place, of several in one language. If the place is in none of
+// them, it is those that the server has found near it, within a box of about 1 km to each side.
+Blocks ChooseByPlace(const Blocks& blocks, const feed::Position& place) {
+    constexpr double kToCorner = 1.6;  // kilometres
+    if (blocks.size() == 1) return blocks;
+    Blocks holding;
+    Blocks near;
+    for (const Info* const block : blocks) {
+        const double distance = DistanceTo(*block, place);
+        if (distance == 0) holding.push_back(block);
+        if (distance <= kToCorner) near.push_back(block);
+    }
+    return holding.empty() ? near : holding;
+}
+
+// Returns the blocks that are shown. If no block of the best language is in force at the place,
+// blocks of others may be: an alert in a foreign language is better than none.
+Choice ChooseBlocks(const Alert& alert, const feed::Position& place, std::string_view language,
+                    std::int64_t now) {
+    std::vector<Blocks> languages;
+    std::map<std::string, std::size_t> indexes;
+    for (const Info& info : alert.infos) {
+        const auto [found, isNew] =
+            indexes.try_emplace(win::AsciiLower(info.language), languages.size());
+        if (isNew) languages.emplace_back();
+        languages[found->second].push_back(&info);
+    }
+    const auto rank = [&](const Blocks& blocks) {
+        return LanguageRank(blocks.front()->language, language);
+    };
+    std::stable_sort(
+        languages.begin(), languages.end(),
+        [&](const Blocks& left, const Blocks& right) { return rank(left) > rank(right); });
+    for (const Blocks& all : languages) {
+        Choice choice;
+        choice.languageRank = rank(all);
+        choice.blocks = ChooseByPlace(all, place);
+        std::erase_if(choice.blocks,
+                      [&](const Info* info) { return !IsInForce(*info, alert, now); });
+        if (!choice.blocks.empty()) return choice;
+    }
+    return {};
+}
+
+void AppendUnlessHeld(std::string& list, std::string_view text, std::string_view separator) {
+    if (text.empty() || list.find(text) != std::string::npos) return;
+    list.append(list.empty() ? "" : separator).append(text);
+}
+
+// Whether two blocks differ in nothing but their areas, times or severity.
+bool SaySame(const Info& left, const Info& right) {
+    return left.headline == right.headline && left.description == right.description &&
+           left.instruction == right.instruction && left.senderName == right.senderName;
+}
+
+// Returns the texts of the entry, paragraph by paragraph. Blocks that say the same are one.
+std::string Body(const Entry& entry, std::string_view title) {
+    std::string body;
+    const Info& worst = *entry.blocks.front();
+    if (worst.event != title && worst.headline.find(worst.event) == std::string::npos &&
+        worst.description.find(worst.event) == std::string::npos)
+        body = worst.event;
+    for (auto block = entry.blocks.begin(); block != entry.blocks.end(); ++block) {
+        const auto isSame = [&](const Info* other) { return SaySame(*other, **block); };
+        if (std::any_of(entry.blocks.begin(), block, isSame)) continue;
+        std::string areas;
+        for (const Info* const other : entry.blocks)
+            if (isSame(other))
+                for (const Area& area : other->areas)
+                    AppendUnlessHeld(areas, area.description, "; ");
+        const Info& info = **block;
+        for (const std::string_view part :
+             {std::string_view(info.headline), std::string_view(areas),
+              std::string_view(info.description), std::string_view(info.instruction),
+              std::string_view(info.senderName.empty() ? entry.alert->sender : info.senderName)})
+            feed::AppendParagraphs(body, part);
+    }
+    feed::AppendSeverity(body, worst.severity, worst.urgency, worst.certainty);
+    return body;
+}
+
+std::string Title(const Info& info) {
+    const std::string& text = info.event.empty() ? info.headline : info.event;
+    return text.empty() ? "Weather alert" : feed::ShortTitle(win::ReplaceControls(text));
+}
+
+const std::string& FirstEvent(const Alert& alert, std::string_view language) {
+    return std::find_if(
+               alert.infos.begin(), alert.infos.end(),
+               [&](const Info& info) { return win::EqualIgnoringCase(info.language, language); })
+        ->event;
+}
+
+// Returns the entries of the choices, one for each event that an alert names. The first event of an
+// alert has the identity of the alert, the others have their own.
+std::vector<feed::RankedAlert> MakeEntries(const std::vector<const Alert*>& alerts,
+                                           const std::vector<Choice>& choices,
+                                           std::vector<Entry>& entries) {
+    std::vector<feed::RankedAlert> ranked;
+    for (const Choice& choice : choices) {
+        const Alert* const alert = alerts[choice.alert];
+        const std::int64_t sent = feed::ParseTime(alert->sent).value_or(INT64_MIN);
+        Blocks left = choice.blocks;
+        std::stable_sort(left.begin(), left.end(), [](const Info* one, const Info* other) {
+            return SeverityRank(one) > SeverityRank(other);
+        });
+        while (!left.empty()) {
+            const Info& worst = *left.front();
+            const auto others =
+                std::stable_partition(left.begin(), left.end(),
+                                      [&](const Info* info) { return info->event == worst.event; });
+            std::string identity = choice.identity;
+            if (worst.event != FirstEvent(*alert, worst.language))
+                identity = feed::ShortIdentity(identity + "\n" + worst.event);
+            ranked.push_back({entries.size(), std::move(identity), Title(worst), sent, true,
+                              SeverityRank(&worst)});
+            entries.push_back({alert, Blocks(left.begin(), others)});
+            left.erase(left.begin(), others);
+        }
+    }
+    return ranked;
+}
+
+void AddUnreadable(feed::AlertDocument& xml, const Document& document) {
+    std::string body = "An alert for this place cannot be read. It comes from ";
+    body.append(document.alert && !document.alert->sender.empty() ? document.alert->sender
+                                                                  : document.address);
+    body.append(".\n\nRead the news of your weather service, or look at the alert itself: ");
+    xml.Add(feed::ShortIdentity("unreadable " + document.uuid), "Unreadable alert",
+            body.append(document.address));
+}
+
+void AddMore(feed::AlertDocument& xml, std::string_view code) {
+    xml.Add(feed::ShortIdentity("more alerts " + std::string(code)), "More alerts than can be read",
+            "There are more alerts for this place than the program reads. The newest " +
+                win::Decimal(static_cast<long long>(kMostDocuments)) +
+                " have been read. Read the news of your weather service too.");
+}
+
+// Whether the document is for the public but cannot be read.
+bool IsUnreadable(const Document& document) {
+    return !document.alert || (IsPublic(*document.alert) && !IsComplete(*document.alert));
+}
+
+}  // namespace
+
+std::string BuildAlertDocument(const Answer& answer, const AlertPlace& place,
+                               std::string_view language, feed::AlertMemory& memory,
+                               std::int64_t now) {
+    std::vector<const Alert*> alerts;
+    for (const Document& document : answer.documents)
+        alerts.push_back(IsUnreadable(document) || !IsPublic(*document.alert) ? nullptr
+                                                                              : &*document.alert);
+    const std::vector<bool> replaced = FindReplaced(alerts);
+    std::vector<Choice> choices;
+    for (std::size_t at = 0; at < alerts.size(); ++at) {
+        if (!alerts[at] || replaced[at] || !IsAnnouncement(*alerts[at])) continue;
+        Choice choice = ChooseBlocks(*alerts[at], place.centre, language, now);
+        choice.alert = at;
+        if (!choice.blocks.empty()) choices.push_back(std::move(choice));
+    }
+    IdentifyEvents(alerts, choices, memory, now);
+    std::vector<Entry> entries;
+    auto ranked = MakeEntries(alerts, choices, entries);
+    feed::KeepOnePerEvent(ranked);
+    feed::PutWorstFirst(ranked);
+    feed::AlertDocument xml;
+    for (const feed::RankedAlert& alert : ranked)
+        xml.Add(alert.identity, alert.title, Body(entries[alert.message], alert.title));
+    for (const Document& document : answer.documents)
+        if (IsUnreadable(document)) AddUnreadable(xml, document);
+    if (answer.hasMore) AddMore(xml, place.code);
+    return xml.Finish();
+}
+
+}  // namespace fpas
