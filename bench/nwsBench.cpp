@@ -9,6 +9,7 @@
 
 #include "bench/Stopwatch.h"
 #include "downloader/feed/GazetteerFile.h"
+#include "downloader/feed/PlaceSearch.h"
 #include "downloader/http/ResponseCache.h"
 #include "downloader/nws/Alerts.h"
 #include "win/Files.h"
@@ -28,7 +29,7 @@ double SlowestLookUp(const char* file) {
         const auto gazetteer = mapped.Open();
         if (!gazetteer) std::exit(1);
         feed::FindZipCode(*gazetteer, name);
-        feed::FindPlaces(*gazetteer, name, 50);
+        feed::FindPlaces(*gazetteer, name, 50, feed::Scope::World);
         slowest = std::max(slowest, bench::Milliseconds() - began);
     }
     return slowest;

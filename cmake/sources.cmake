@@ -20,6 +20,7 @@ set(portableSources
   downloader/feed/Json.cpp
   downloader/feed/Paragraphs.cpp
   downloader/feed/PlaceName.cpp
+  downloader/feed/PlaceSearch.cpp
   downloader/feed/Request.cpp
   downloader/feed/Severity.cpp
   downloader/feed/XmlTree.cpp

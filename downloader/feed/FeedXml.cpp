@@ -54,6 +54,17 @@ void AppendEscaped(std::string& xml, std::string_view text) {
     xml.append(text.substr(done));
 }
 
+// Replaces the brackets, bars and asterisks that the program would take for its own delimiters.
+std::string ReplaceDelimiters(std::string_view text) {
+    std::string replaced(text);
+    for (char& c : replaced) {
+        if (c == '(') c = '[';
+        if (c == ')') c = ']';
+        if (c == '|' || c == '*') c = ' ';
+    }
+    return replaced;
+}
+
 }  // namespace
 
 void AppendXmlElement(std::string& xml, std::string_view name, std::string_view text) {
@@ -93,15 +104,37 @@ std::string BuildNotCoveredDocument(std::string_view code, std::string_view reas
     return document.Finish();
 }
 
+void AppendStation(std::string& xml, const Station& station, const Place& place) {
+    xml += "<aws:station";
+    AppendXmlAttribute(xml, "id", ReplaceDelimiters(station.id));
+    AppendXmlAttribute(xml, "name", ReplaceDelimiters(station.name));
+    AppendXmlAttribute(xml, "city", ReplaceDelimiters(place.name));
+    AppendXmlAttribute(xml, "state", ReplaceDelimiters(AreaOf(place)));
+    AppendXmlAttribute(xml, "zipcode", place.code);
+    AppendXmlAttribute(xml, "station-type", station.type);
+    AppendXmlAttribute(xml, "latitude", FormatDegrees(station.latitude));
+    AppendXmlAttribute(xml, "longitude", FormatDegrees(station.longitude));
+    xml += "/>\n";
+}
+
+std::string BuildPlaceStationDocument(const Place& place) {
+    std::string xml(kXmlHead);
+    AppendStation(xml, {place.code, place.name, "Public alerts", place.latitude, place.longitude},
+                  place);
+    return xml.append(kXmlTail);
+}
+
 std::string BuildLocationDocument(const std::vector<Place>& places) {
     std::string xml(kXmlHead);
     xml += "<aws:locations>\n";
     for (const Place& place : places) {
         xml += "<aws:location";
-        AppendXmlAttribute(xml, "cityname", place.name);
-        AppendXmlAttribute(xml, "countryname", "USA");
-        AppendXmlAttribute(xml, "statename", place.state);
-        AppendXmlAttribute(xml, "zipcode", place.zipCode);
+        AppendXmlAttribute(xml, "cityname", ReplaceDelimiters(place.name));
+        AppendXmlAttribute(xml, "countryname", ReplaceDelimiters(place.country));
+        // The program shows the last one of both that is not empty.
+        const std::string area = place.state.empty() ? "" : AreaOf(place);
+        AppendXmlAttribute(xml, "statename", ReplaceDelimiters(area));
+        AppendXmlAttribute(xml, "zipcode", place.code);
         AppendXmlAttribute(xml, "citytype", "0");
         xml += "/>\n";
     }

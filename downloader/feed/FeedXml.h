@@ -40,6 +40,24 @@ class AlertDocument {
 // `code` is the code of the place.
 std::string BuildNotCoveredDocument(std::string_view code, std::string_view reason);
 
+// A weather station near a place, its position in units of 1/10000 degree.
+struct Station {
+    std::string_view id;
+    std::string_view name;
+    std::string_view type;
+    int latitude = 0;
+    int longitude = 0;
+};
+
+// Appends the element of a station to a document between kXmlHead and kXmlTail. The station has the
+// city, state and code of the place, so that alerts are requested for the place. As in all texts of
+// stations and locations, brackets, bars and asterisks are replaced: the program would take them
+// for its own delimiters.
+void AppendStation(std::string& xml, const Station& station, const Place& place);
+
+// Returns the document that answers a search for stations near a place abroad: the place itself.
+std::string BuildPlaceStationDocument(const Place& place);
+
 // Returns the document that answers a search for locations.
 std::string BuildLocationDocument(const std::vector<Place>& places);
 

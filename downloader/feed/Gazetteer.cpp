@@ -1,21 +1,17 @@
 #include "downloader/feed/Gazetteer.h"
 
-#include <cstdint>
+#include <algorithm>
 #include <cstdlib>
 
-#include "downloader/feed/PlaceName.h"
+#include "downloader/feed/PlaceRecords.h"
 #include "win/Text.h"
 
 namespace feed {
 namespace {
 
-constexpr std::string_view kMagic = "SVPLACE2";
-constexpr std::size_t kHeader = 24;
-constexpr std::size_t kStateSize = 8;   // code: 2, zeros: 2, name: 4
-constexpr std::size_t kPlaceSize = 8;   // name: 4, state: 1, its ZIP code: 3
-constexpr std::size_t kCodeSize = 17;   // ZIP code: 5, place: 3, coordinates: 4 each, reach: 1
-constexpr double kReachUnits = 4;       // in a kilometre
-constexpr std::size_t kCodeLength = 5;  // characters
+constexpr std::string_view kMagic = "SVPLACE3";
+constexpr std::size_t kZipLength = 5;  // characters
+constexpr double kReachUnits = 4;      // in a kilometre
 
 // Reads the little-endian number of `size` bytes at `at`; bytes beyond the end count as 0.
 std::uint32_t NumberAt(std::string_view bytes, std::size_t at, std::size_t size) {
@@ -25,135 +21,141 @@ std::uint32_t NumberAt(std::string_view bytes, std::size_t at, std::size_t size)
     return number;
 }
 
-std::string_view Record(std::string_view table, std::size_t index, std::size_t size) {
-    return index < table.size() / size ? table.substr(index * size, size) : std::string_view();
+// Returns the signed coordinate in a record.
+int CoordinateOf(const Table& table, std::size_t index, std::size_t offset) {
+    constexpr int kSign = 1 << 23;
+    const int number = static_cast<int>(table.Number(index, offset, 3));
+    return number < kSign ? number : number - 2 * kSign;
 }
 
-// Returns the zero-terminated text at an offset.
-std::string_view TextAt(const Gazetteer& gazetteer, std::size_t offset) {
-    if (offset >= gazetteer.texts.size()) return {};
-    const std::string_view rest = gazetteer.texts.substr(offset);
-    return rest.substr(0, rest.find('\0'));
+Place ZipCodeAt(const Gazetteer& gazetteer, std::size_t index) {
+    const Table& codes = gazetteer.zipCodes;
+    const std::size_t town = codes.Number(index, ZipCodeRecord::kTown, 2);
+    return {win::Decimal(100'000 + codes.Number(index, ZipCodeRecord::kCode, 3)).substr(1),
+            TextOf(gazetteer, gazetteer.towns, town, TownRecord::kName),
+            TextOf(gazetteer, gazetteer.states, gazetteer.towns.Number(town, TownRecord::kState, 1),
+                   StateRecord::kName),
+            CoordinateOf(codes, index, ZipCodeRecord::kLatitude),
+            CoordinateOf(codes, index, ZipCodeRecord::kLongitude),
+            codes.Number(index, ZipCodeRecord::kReach, 1) / kReachUnits};
 }
 
-std::string_view NameOf(const Gazetteer& gazetteer, std::size_t place) {
-    return TextAt(gazetteer, NumberAt(Record(gazetteer.places, place, kPlaceSize), 0, 4));
-}
-
-std::size_t StateOf(const Gazetteer& gazetteer, std::size_t place) {
-    return NumberAt(Record(gazetteer.places, place, kPlaceSize), 4, 1);
-}
-
-std::string_view StateName(const Gazetteer& gazetteer, std::size_t state) {
-    return TextAt(gazetteer, NumberAt(Record(gazetteer.states, state, kStateSize), 4, 4));
-}
-
-Place PlaceOf(const Gazetteer& gazetteer, std::size_t code) {
-    const std::string_view record = Record(gazetteer.codes, code, kCodeSize);
-    const std::size_t place = NumberAt(record, kCodeLength, 3);
-    return {record.substr(0, kCodeLength),
-            NameOf(gazetteer, place),
-            StateName(gazetteer, StateOf(gazetteer, place)),
-            static_cast<std::int32_t>(NumberAt(record, 8, 4)),
-            static_cast<std::int32_t>(NumberAt(record, 12, 4)),
-            NumberAt(record, 16, 1) / kReachUnits};
-}
-
-// Returns the first index for which `isBefore` is false, or `count` when there is none.
-template <class Predicate>
-std::size_t PartitionPoint(std::size_t count, Predicate isBefore) {
-    std::size_t low = 0;
-    while (low < count) {
-        const std::size_t middle = low + (count - low) / 2;
-        if (isBefore(middle)) {
-            low = middle + 1;
-        } else {
-            count = middle;
-        }
-    }
-    return low;
-}
-
-bool IsState(const Gazetteer& gazetteer, std::size_t state, std::string_view wanted) {
-    const std::string_view code = Record(gazetteer.states, state, kStateSize).substr(0, 2);
-    return win::EqualIgnoringCase(code, wanted) ||
-           FoldName(StateName(gazetteer, state)).starts_with(wanted);
-}
-
-// Flags the states that a folded text matches; an empty text matches all.
-std::vector<bool> FindStates(const Gazetteer& gazetteer, std::string_view folded) {
-    std::vector<bool> found(gazetteer.states.size() / kStateSize);
-    for (std::size_t state = 0; state < found.size(); ++state)
-        found[state] = IsState(gazetteer, state, folded);
-    return found;
-}
-
-std::vector<Place> FindFolded(const Gazetteer& gazetteer, const std::string& folded,
-                              std::string_view state, std::size_t limit) {
-    std::vector<Place> found;
-    if (folded.empty()) return found;
-    const std::vector<bool> states = FindStates(gazetteer, FoldName(state));
-    const std::size_t count = gazetteer.places.size() / kPlaceSize;
-    std::size_t place = PartitionPoint(
-        count, [&](std::size_t index) { return FoldName(NameOf(gazetteer, index)) < folded; });
-    // The order of names puts exact matches before longer names.
-    for (; place < count && found.size() < limit; ++place) {
-        if (!FoldName(NameOf(gazetteer, place)).starts_with(folded)) break;
-        const std::size_t placeState = StateOf(gazetteer, place);
-        if (placeState < states.size() && states[placeState])
-            found.push_back(
-                PlaceOf(gazetteer, NumberAt(Record(gazetteer.places, place, kPlaceSize), 5, 3)));
-    }
-    return found;
-}
-
-std::vector<Place> FindIn(const Gazetteer& gazetteer, std::string_view name, std::string_view state,
-                          std::size_t limit) {
-    const std::string folded = FoldName(name);
-    std::vector<Place> found = FindFolded(gazetteer, folded, state, limit);
-    if (found.empty()) found = FindFolded(gazetteer, OtherName(folded), state, limit);
-    return found;
+// Returns the number that the text consists of; nullopt if it is anything else.
+std::optional<std::uint32_t> ParseNumber(std::string_view digits) {
+    constexpr std::size_t kMostDigits = 9;
+    if (digits.empty() || digits.size() > kMostDigits ||
+        !std::all_of(digits.begin(), digits.end(), win::IsDigit))
+        return std::nullopt;
+    std::uint32_t number = 0;
+    for (const char digit : digits) number = number * 10 + static_cast<std::uint32_t>(digit - '0');
+    return number;
 }
 
 }  // namespace
 
+std::uint32_t Table::Number(std::size_t index, std::size_t offset, std::size_t size) const {
+    return index < Count() ? NumberAt(bytes, index * recordSize + offset, size) : 0;
+}
+
 std::optional<Gazetteer> OpenGazetteer(std::string_view bytes) {
-    if (bytes.size() < kHeader || !bytes.starts_with(kMagic)) return std::nullopt;
-    constexpr std::size_t kSizes[] = {kStateSize, kPlaceSize, kCodeSize, 1};
-    std::string_view tables[4];
-    std::size_t at = kHeader;
-    for (std::size_t table = 0; table < 4; ++table) {
-        const std::size_t count = NumberAt(bytes, kMagic.size() + table * 4, 4);
-        if (count > (bytes.size() - at) / kSizes[table]) return std::nullopt;
-        tables[table] = bytes.substr(at, count * kSizes[table]);
-        at += tables[table].size();
+    if (!bytes.starts_with(kMagic)) return std::nullopt;
+    Gazetteer gazetteer;
+    Table texts;
+    const std::pair<Table*, std::size_t> tables[] = {
+        {&gazetteer.states, StateRecord::kSize},
+        {&gazetteer.towns, TownRecord::kSize},
+        {&gazetteer.zipCodes, ZipCodeRecord::kSize},
+        {&gazetteer.countries, CountryRecord::kSize},
+        {&gazetteer.regions, RegionRecord::kSize},
+        {&gazetteer.cities, CityRecord::kSize},
+        {&gazetteer.cityNumbers, CityNumberRecord::kSize},
+        {&gazetteer.otherNames, OtherNameRecord::kSize},
+        {&texts, 1},
+    };
+    constexpr std::size_t kCountSize = 4;
+    std::size_t count = kMagic.size();
+    std::size_t at = count + std::size(tables) * kCountSize;
+    if (bytes.size() < at) return std::nullopt;
+    for (const auto& [table, recordSize] : tables) {
+        const std::size_t records = NumberAt(bytes, count, kCountSize);
+        if (records > (bytes.size() - at) / recordSize) return std::nullopt;
+        *table = {bytes.substr(at, records * recordSize), recordSize};
+        at += table->bytes.size();
+        count += kCountSize;
     }
     if (at != bytes.size()) return std::nullopt;
-    return Gazetteer{tables[0], tables[1], tables[2], tables[3]};
+    gazetteer.texts = texts.bytes;
+    return gazetteer;
+}
+
+bool IsCityCode(std::string_view code) {
+    return code.starts_with('g') && ParseNumber(code.substr(1));
 }
 
 std::optional<Place> FindZipCode(const Gazetteer& gazetteer, std::string_view zipCode) {
-    if (zipCode.size() > kCodeLength && zipCode[kCodeLength] == '-')
-        zipCode = zipCode.substr(0, kCodeLength);
+    if (zipCode.size() > kZipLength && zipCode[kZipLength] == '-')
+        zipCode = zipCode.substr(0, kZipLength);
+    const auto number = ParseNumber(zipCode);
+    if (!number || zipCode.size() != kZipLength) return std::nullopt;
+    const Table& codes = gazetteer.zipCodes;
     const auto codeAt = [&](std::size_t index) {
-        return Record(gazetteer.codes, index, kCodeSize).substr(0, kCodeLength);
+        return codes.Number(index, ZipCodeRecord::kCode, 3);
     };
-    const std::size_t count = gazetteer.codes.size() / kCodeSize;
-    const std::size_t code =
-        PartitionPoint(count, [&](std::size_t index) { return codeAt(index) < zipCode; });
-    if (code == count || codeAt(code) != zipCode) return std::nullopt;
-    return PlaceOf(gazetteer, code);
+    const std::size_t index = PartitionPoint(
+        0, codes.Count(), [&](std::size_t middle) { return codeAt(middle) < *number; });
+    if (index == codes.Count() || codeAt(index) != *number) return std::nullopt;
+    return ZipCodeAt(gazetteer, index);
 }
 
-std::vector<Place> FindPlaces(const Gazetteer& gazetteer, std::string_view text,
-                              std::size_t limit) {
-    if (const std::size_t comma = text.find(','); comma != std::string_view::npos)
-        return FindIn(gazetteer, text.substr(0, comma), text.substr(comma + 1), limit);
-    std::vector<Place> found = FindIn(gazetteer, text, {}, limit);
-    text = win::TrimSpaces(text);
-    if (const std::size_t space = text.rfind(' '); found.empty() && space != std::string_view::npos)
-        return FindIn(gazetteer, text.substr(0, space), text.substr(space + 1), limit);
-    return found;
+std::optional<Place> FindCity(const Gazetteer& gazetteer, std::string_view code) {
+    if (!IsCityCode(code)) return std::nullopt;
+    const auto number = ParseNumber(code.substr(1));
+    const auto cityAt = [&](std::size_t index) {
+        return gazetteer.cityNumbers.Number(index, 0, CityNumberRecord::kSize);
+    };
+    const auto numberAt = [&](std::size_t index) {
+        return gazetteer.cities.Number(cityAt(index), CityRecord::kNumber, 3);
+    };
+    const std::size_t count = gazetteer.cityNumbers.Count();
+    const std::size_t index =
+        PartitionPoint(0, count, [&](std::size_t middle) { return numberAt(middle) < *number; });
+    if (index == count || numberAt(index) != *number) return std::nullopt;
+    return CityAt(gazetteer, cityAt(index));
+}
+
+Place TownAt(const Gazetteer& gazetteer, std::size_t index) {
+    return ZipCodeAt(gazetteer, gazetteer.towns.Number(index, TownRecord::kZipCode, 2));
+}
+
+Place CityAt(const Gazetteer& gazetteer, std::size_t index) {
+    const Table& cities = gazetteer.cities;
+    const std::uint32_t region = cities.Number(index, CityRecord::kRegion, 2);
+    const std::size_t regionIndex = region & ~CityRecord::kIsRegionShown;
+    Place city;
+    city.code = "g" + win::Decimal(cities.Number(index, CityRecord::kNumber, 3));
+    city.name = TextOf(gazetteer, cities, index, CityRecord::kName);
+    if (region & CityRecord::kIsRegionShown)
+        city.state = TextOf(gazetteer, gazetteer.regions, regionIndex, RegionRecord::kName);
+    city.latitude = CoordinateOf(cities, index, CityRecord::kLatitude);
+    city.longitude = CoordinateOf(cities, index, CityRecord::kLongitude);
+    city.country = TextOf(gazetteer, gazetteer.countries,
+                          gazetteer.regions.Number(regionIndex, RegionRecord::kCountry, 1),
+                          CountryRecord::kName);
+    return city;
+}
+
+std::string AreaOf(const Place& place) {
+    std::string area(place.state);
+    if (!IsCityCode(place.code)) return area;
+    return area.append(area.empty() ? "" : ", ").append(place.country);
+}
+
+std::string_view TextOf(const Gazetteer& gazetteer, const Table& table, std::size_t index,
+                        std::size_t offset) {
+    const std::size_t start = table.Number(index, offset, 3);
+    if (start >= gazetteer.texts.size()) return {};
+    const std::string_view rest = gazetteer.texts.substr(start);
+    return rest.substr(0, rest.find('\0'));
 }
 
 std::string FormatDegrees(int tenThousandths) {

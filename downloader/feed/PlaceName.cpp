@@ -1,8 +1,7 @@
 #include "downloader/feed/PlaceName.h"
 
+#include <algorithm>
 #include <vector>
-
-#include "win/Text.h"
 
 namespace feed {
 namespace {
@@ -20,6 +19,39 @@ constexpr Spelling kNicknames[] = {{"nyc", "newyork"},          {"philly", "phil
                                    {"slc", "saltlakecity"},     {"okc", "oklahomacity"},
                                    {"sanfran", "sanfrancisco"}, {"washingtondc", "washington"}};
 
+// Letters without their accents, from U+00C0 and from U+1E00. "*" stands for one of kTwoLetters,
+// "?" for a character that is kept.
+constexpr char32_t kLatinStart = 0xC0;
+constexpr std::string_view kLatin =
+    "aaaaaa*ceeeeiiiidnooooo ouuuuy**aaaaaa*ceeeeiiiidnooooo ouuuuy*y"
+    "aaaaaaccccccccddddeeeeeeeeeegggggggghhhhiiiiiiiiii**jjkkkllllllllll"
+    "nnnnnnnnnoooooo**rrrrrrssssssssttttttuuuuuuuuuuuuwwyyyzzzzzzs";
+constexpr char32_t kMoreLatinStart = 0x1E00;
+constexpr std::string_view kMoreLatin =
+    "aabbbbbbccddddddddddeeeeeeeeeeffgghhhhhhhhhhiiiikkkkkkllllllllmmmmmmnnnnnnnnoooooooopppp"
+    "rrrrrrrrssssssssssttttttttuuuuuuuuuuvvvvwwwwwwwwwwxxxxyyzzzzzzhtwy??????"
+    "aaaaaaaaaaaaaaaaaaaaaaaaeeeeeeeeeeeeeeeeiiiioooooooooooooooooooooooouuuuuuuuuuuuuuyyyyyyyy"
+    "??????";
+struct TwoLetters {
+    char32_t letter;
+    std::string_view folded;
+};
+constexpr TwoLetters kTwoLetters[] = {{U'Æ', "ae"}, {U'æ', "ae"}, {U'Œ', "oe"},
+                                      {U'œ', "oe"}, {U'ß', "ss"}, {U'Þ', "th"},
+                                      {U'þ', "th"}, {U'Ĳ', "ij"}, {U'ĳ', "ij"}};
+
+// Single letters outside of the ranges that FoldLetter computes.
+struct Letters {
+    char32_t letter;
+    char32_t folded;
+};
+constexpr Letters kLetters[] = {
+    {U'Ơ', U'o'}, {U'ơ', U'o'}, {U'Ư', U'u'}, {U'ư', U'u'}, {U'Ș', U's'}, {U'ș', U's'},
+    {U'Ț', U't'}, {U'ț', U't'}, {U'Ə', U'a'}, {U'ə', U'a'}, {U'Ά', U'α'}, {U'ά', U'α'},
+    {U'Έ', U'ε'}, {U'έ', U'ε'}, {U'Ή', U'η'}, {U'ή', U'η'}, {U'Ί', U'ι'}, {U'ί', U'ι'},
+    {U'Ό', U'ο'}, {U'ό', U'ο'}, {U'Ύ', U'υ'}, {U'ύ', U'υ'}, {U'Ώ', U'ω'}, {U'ώ', U'ω'},
+    {U'ς', U'σ'}, {U'Ё', U'е'}, {U'ё', U'е'}};
+
 template <std::size_t size>
 std::string_view InFull(const Spelling (&spellings)[size], std::string_view word) {
     for (const Spelling& spelling : spellings)
@@ -27,28 +59,88 @@ std::string_view InFull(const Spelling (&spellings)[size], std::string_view word
     return word;
 }
 
-// Returns the letter without its accent for the second UTF-8 byte of U+00C0 to U+00FF, or a space
-// when that character is not a letter.
-char BaseLetter(char second) {
-    constexpr std::string_view kLetters =
-        "aaaaaaaceeeeiiiidnooooo ouuuuy  aaaaaaaceeeeiiiidnooooo ouuuuy y";
-    return kLetters[static_cast<unsigned char>(second) & 0x3F];
+// Whether a character is skipped: an apostrophe, a quotation mark or a combining accent.
+bool IsSkipped(char32_t letter) {
+    return letter == U'\'' || letter == U'`' || letter == U'´' ||
+           (letter >= 0x2018 && letter <= 0x201F) || (letter >= 0x2B9 && letter <= 0x2BF) ||
+           (letter >= 0x300 && letter <= 0x36F);
 }
 
-// Returns the name without accents and apostrophes; other punctuation becomes spaces.
+// Returns a character in lower case and without its accent, for scripts that have them.
+char32_t FoldLetter(char32_t letter) {
+    for (const Letters& known : kLetters)
+        if (known.letter == letter) return known.folded;
+    if ((letter >= U'А' && letter <= U'Я') || (letter >= U'Α' && letter <= U'Ω'))
+        return letter + 0x20;
+    return letter >= 0x400 && letter <= 0x40F ? letter + 0x50 : letter;
+}
+
+void AppendTwoByteCharacter(std::string& text, char32_t letter) {
+    text += static_cast<char>(0xC0 | letter >> 6);
+    text += static_cast<char>(0x80 | (letter & 0x3F));
+}
+
+// Appends a Latin letter from a table of base letters. Returns false if it is kept as it is.
+bool AppendBaseLetter(std::string& text, char32_t letter, std::string_view table, char32_t start) {
+    if (letter < start || letter >= start + table.size()) return false;
+    const char base = table[letter - start];
+    if (base == '?') return false;
+    if (base != '*') {
+        text += base;
+        return true;
+    }
+    for (const TwoLetters& pair : kTwoLetters)
+        if (pair.letter == letter) text += pair.folded;
+    return true;
+}
+
+void AppendFolded(std::string& text, char32_t letter, std::string_view bytes) {
+    if (IsSkipped(letter) || AppendBaseLetter(text, letter, kLatin, kLatinStart) ||
+        AppendBaseLetter(text, letter, kMoreLatin, kMoreLatinStart))
+        return;
+    const char32_t folded = FoldLetter(letter);
+    if (folded == letter) {
+        text += bytes;
+    } else if (folded < 0x80) {
+        text += static_cast<char>(folded);
+    } else {
+        AppendTwoByteCharacter(text, folded);
+    }
+}
+
+// Returns the number of bytes of the UTF-8 character that begins with a byte.
+std::size_t CharacterSize(char first) {
+    const auto byte = static_cast<unsigned char>(first);
+    if (byte < 0xC0) return 1;
+    return byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
+}
+
+// Decodes one UTF-8 character, which is not validated.
+char32_t Decode(std::string_view bytes) {
+    char32_t letter = static_cast<unsigned char>(bytes[0]);
+    if (bytes.size() > 1) letter &= 0x7F >> bytes.size();
+    for (const char byte : bytes.substr(1)) letter = letter << 6 | (byte & 0x3F);
+    return letter;
+}
+
+// Returns the name in lower case without accents and apostrophes; other punctuation becomes spaces.
 std::string PlainLetters(std::string_view name) {
-    constexpr std::string_view kCurlyApostrophe = "\xE2\x80\x99";
+    constexpr std::string_view kPunctuation = "-./\t,()[]";
     std::string plain;
-    for (std::size_t at = 0; at < name.size(); ++at) {
-        const char c = name[at];
-        if (c == '\xC3' && at + 1 < name.size())
-            plain += BaseLetter(name[++at]);
-        else if (name.substr(at).starts_with(kCurlyApostrophe))
-            at += kCurlyApostrophe.size() - 1;
-        else if (std::string_view("-./\t").find(c) != std::string_view::npos)
+    plain.reserve(name.size());
+    for (std::size_t at = 0; at < name.size();) {
+        const std::string_view bytes = name.substr(at, CharacterSize(name[at]));
+        at += bytes.size();
+        const char c = bytes[0];
+        if (c >= 'A' && c <= 'Z') {
+            plain += static_cast<char>(c - 'A' + 'a');
+        } else if (kPunctuation.find(c) != std::string_view::npos) {
             plain += ' ';
-        else if (c != '\'')
-            plain += c;
+        } else if ((c >= 'a' && c <= 'z') || c == ' ' || (bytes.size() == 1 && c < 0)) {
+            plain += c;  // the last is no UTF-8
+        } else {
+            AppendFolded(plain, Decode(bytes), bytes);
+        }
     }
     return plain;
 }
@@ -56,21 +148,24 @@ std::string PlainLetters(std::string_view name) {
 }  // namespace
 
 std::string FoldName(std::string_view name) {
-    std::vector<std::string> words = win::Split(win::AsciiLower(PlainLetters(name)), " ");
-    std::erase(words, "");
+    const std::string plain = PlainLetters(name);
+    std::vector<std::string_view> words;
+    for (std::size_t at = 0; at < plain.size();) {
+        const std::size_t end = std::min(plain.find(' ', at), plain.size());
+        if (end > at) words.push_back(std::string_view(plain).substr(at, end - at));
+        at = end + 1;
+    }
     // "N Platte", but not "N.Y.".
     if (words.size() > 1 && words[1].size() > 1) words[0] = InFull(kDirections, words[0]);
     std::string folded;
-    for (const std::string& word : words) folded += InFull(kShortWords, word);
+    folded.reserve(plain.size());
+    for (const std::string_view word : words) folded += InFull(kShortWords, word);
     return folded;
 }
 
-std::string OtherName(std::string_view folded) {
-    constexpr std::string_view kCity = "city";
+std::string_view NicknamedCity(std::string_view folded) {
     const std::string_view full = InFull(kNicknames, folded);
-    if (full != folded) return std::string(full);
-    if (!folded.ends_with(kCity)) return {};
-    return std::string(folded.substr(0, folded.size() - kCity.size()));
+    return full == folded ? std::string_view() : full;
 }
 
 }  // namespace feed

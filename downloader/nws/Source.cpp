@@ -5,6 +5,7 @@
 #include "downloader/feed/AlertMemoryFile.h"
 #include "downloader/feed/FeedXml.h"
 #include "downloader/feed/GazetteerFile.h"
+#include "downloader/feed/PlaceSearch.h"
 #include "downloader/feed/Request.h"
 #include "downloader/http/Fetch.h"
 #include "downloader/http/ResponseCache.h"
@@ -81,7 +82,7 @@ int FetchZones(const std::string& origin, const feed::Place& place, PlaceZones& 
 
 int FindZones(const std::string& origin, const feed::Place& place, PlaceZones& zones) {
     const std::string key = "zones of " + PointAddress(origin, place);
-    if (const auto cached = http::FindCached(key, place.zipCode)) {
+    if (const auto cached = http::FindCached(key, place.code)) {
         const auto known = UnpackZones(cached->text);
         if (known) {
             zones = *known;
@@ -91,7 +92,7 @@ int FindZones(const std::string& origin, const feed::Place& place, PlaceZones& z
     std::int64_t seconds = 0;
     const int status = FetchZones(origin, place, zones, seconds);
     if (status == http::kSuccess && !zones.all.empty())
-        http::StoreCached(key, seconds, PackZones(zones), place.zipCode);
+        http::StoreCached(key, seconds, PackZones(zones), place.code);
     return status;
 }
 
@@ -123,8 +124,7 @@ Response FetchAlerts(const std::string& origin, const feed::Place& place) {
     PlaceZones zones;
     const int status = FindZones(origin, place, zones);
     if (status != http::kSuccess) return Failure(status);
-    if (zones.all.empty())
-        return Success(feed::BuildNotCoveredDocument(place.zipCode, kUnknownPlace));
+    if (zones.all.empty()) return Success(feed::BuildNotCoveredDocument(place.code, kUnknownPlace));
     Alerts alerts = FetchZoneAlerts(AlertsAddress(origin, zones.all));
     if (alerts.status != http::kSuccess) return Failure(alerts.status);
     constexpr double kDegree = 10'000;  // units of a gazetteer's coordinates
@@ -139,7 +139,7 @@ Response FetchAlerts(const std::string& origin, const feed::Place& place) {
 Response FetchStations(const std::string& origin, const feed::Place& place) {
     const std::string address = PointAddress(origin, place);
     // The document names the place, and several places can share a point.
-    const std::string key = address + " " + std::string(place.zipCode);
+    const std::string key = address + " " + place.code;
     if (auto cached = http::FindCached(key)) return Success(std::move(cached->text));
     Response point = FetchJson(address);
     if (point.status == kNotFound) return Failure(http::kOutsideUnitedStates);
@@ -169,8 +169,8 @@ http::Response Fetch(const std::string& url) {
     const auto gazetteer = file.Open();
     if (!gazetteer) return Failure(http::kNoGazetteer);
     if (request->kind == Kind::Locations)
-        return Success(feed::BuildLocationDocument(
-            feed::FindPlaces(*gazetteer, request->text, kMostLocations)));
+        return Success(feed::BuildLocationDocument(feed::FindPlaces(
+            *gazetteer, request->text, kMostLocations, feed::Scope::UnitedStates)));
     const auto place = feed::FindZipCode(*gazetteer, request->text);
     if (!place)
         return request->kind == Kind::Alerts

@@ -56,33 +56,8 @@ double DistanceMeasure(const Station& station, const Place& place) {
     return north * north + east * east;
 }
 
-// Replaces the brackets, bars and asterisks that the program would take for its own delimiters.
-std::string ReplaceDelimiters(std::string text) {
-    for (char& c : text) {
-        if (c == '(') c = '[';
-        if (c == ')') c = ']';
-        if (c == '|' || c == '*') c = ' ';
-    }
-    return text;
-}
-
 int ToUnits(double degrees) {
     return static_cast<int>(std::lround(degrees * kUnitsPerDegree));
-}
-
-void AppendStation(std::string& xml, const Station& station, const Place& place) {
-    xml += "<aws:station";
-    feed::AppendXmlAttribute(xml, "id", ReplaceDelimiters(station.id));
-    feed::AppendXmlAttribute(xml, "name",
-                             ReplaceDelimiters(station.name.empty() ? station.id : station.name));
-    feed::AppendXmlAttribute(xml, "city", place.name);
-    feed::AppendXmlAttribute(xml, "state", place.state);
-    feed::AppendXmlAttribute(xml, "zipcode", place.zipCode);
-    feed::AppendXmlAttribute(xml, "station-type", "NWS");
-    feed::AppendXmlAttribute(xml, "latitude", feed::FormatDegrees(ToUnits(station.coordinates[1])));
-    feed::AppendXmlAttribute(xml, "longitude",
-                             feed::FormatDegrees(ToUnits(station.coordinates[0])));
-    xml += "/>\n";
 }
 
 }  // namespace
@@ -100,7 +75,11 @@ std::optional<std::string> BuildStationDocument(std::string json, const Place& p
                      });
     stations.resize(std::min(stations.size(), kMostStations));
     std::string xml(feed::kXmlHead);
-    for (const Station& station : stations) AppendStation(xml, station, place);
+    for (const Station& station : stations)
+        feed::AppendStation(xml,
+                            {station.id, station.name.empty() ? station.id : station.name, "NWS",
+                             ToUnits(station.coordinates[1]), ToUnits(station.coordinates[0])},
+                            place);
     return xml.append(feed::kXmlTail);
 }
 

@@ -1,4 +1,5 @@
 #include "downloader/feed/Gazetteer.h"
+#include "downloader/feed/PlaceSearch.h"
 #include "downloader/feed/Json.h"
 #include "downloader/feed/Request.h"
 #include "downloader/feed/PlaceName.h"
@@ -41,13 +42,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (const auto request = feed::ParseRequest(text, "nws"))
         fuzz::Require(request->origin.find_first_of("@?\\ ", 8) == std::string::npos);
     if (const auto gazetteer = feed::OpenGazetteer(text)) {
-        fuzz::Require(feed::FindPlaces(*gazetteer, "s", 50).size() <= 50);
+        fuzz::Require(feed::FindPlaces(*gazetteer, "s", 50, feed::Scope::World).size() <= 50);
         feed::FindZipCode(*gazetteer, "66044");
     }
     if (const auto zones = nws::ReadPointZones(json))
         fuzz::Require(nws::AlertsAddress("h", *zones).find_first_of(" &/", 30) ==
                       std::string::npos);
-    feed::OtherName(feed::FoldName(text));
+    feed::NicknamedCity(feed::FoldName(text));
     http::ParseHttpDate(text);
     return 0;
 }

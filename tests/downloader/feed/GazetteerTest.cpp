@@ -2,84 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "SmallGazetteer.h"
+#include "downloader/feed/PlaceSearch.h"
+
 namespace feed {
 namespace {
-
-using Texts = std::vector<std::string>;
-
-std::string Number(std::int64_t number, int size) {
-    std::string bytes;
-    for (int i = 0; i < size; ++i) bytes += static_cast<char>(number >> (8 * i));
-    return bytes;
-}
-
-// A small gazetteer, sorted as its format requires.
-std::string SmallGazetteer() {
-    const std::pair<const char*, const char*> states[] = {
-        {"IL", "Illinois"}, {"MO", "Missouri"}, {"NY", "New York"}, {"PR", "Puerto Rico"}};
-    struct Row {
-        const char* name;
-        int state;
-        const char* code;
-    };
-    const Row rows[] = {{"Mayagüez", 3, "00680"},           {"New York", 2, "10001"},
-                        {"O'Fallon", 1, "63366"},           {"St. Louis", 1, "63101"},
-                        {"Springfield", 0, "62701"},        {"Springfield", 1, "65801"},
-                        {"Springfield Center", 2, "13468"}, {"Winston-Salem", 0, "99999"}};
-    std::string texts, stateTable, places, codes;
-    const auto add = [&](const char* text) {
-        const std::string offset = Number(static_cast<int>(texts.size()), 4);
-        texts.append(text).push_back('\0');
-        return offset;
-    };
-    for (const auto& [code, name] : states) stateTable += code + Number(0, 2) + add(name);
-    const int order[] = {0, 1, 5, 4, 3, 6, 2, 7};  // the index of each place's ZIP code
-    for (int i = 0; i < 8; ++i)
-        places += add(rows[i].name) + Number(rows[i].state, 1) + Number(order[i], 3);
-    for (const int place : {0, 1, 6, 4, 3, 2, 5, 7})
-        codes += rows[place].code + Number(place, 3) + Number(401234, 4) +
-                 Number(-891000 - place, 4) + Number(25, 1);
-    return "SVPLACE2" + Number(4, 4) + Number(8, 4) + Number(8, 4) +
-           Number(static_cast<int>(texts.size()), 4) + stateTable + places + codes + texts;
-}
-
-TEST(Gazetteer, FindsPlacesByName) {
-    const std::string bytes = SmallGazetteer();
-    const auto gazetteer = OpenGazetteer(bytes);
-    ASSERT_TRUE(gazetteer);
-    struct Case {
-        const char* text;
-        Texts found;
-    };
-    const Texts all = {"62701 Springfield, Illinois", "65801 Springfield, Missouri",
-                       "13468 Springfield Center, New York"};
-    const Case cases[] = {
-        {" sPRINGfield ", all},
-        {"spring", all},
-        {"Springfield, IL", {all[0]}},
-        {"Springfield Missouri", {all[1]}},
-        {"Springfield, New", {all[2]}},
-        {"Springfield, Ontario", {}},
-        {"Saint Louis", {"63101 St. Louis, Missouri"}},
-        {"OFALLON", {"63366 O'Fallon, Missouri"}},
-        {"o\xE2\x80\x99 fallon, mo", {"63366 O'Fallon, Missouri"}},
-        {"New York City", {"10001 New York, New York"}},
-        {"N.Y.C., NY", {"10001 New York, New York"}},
-        {"winston salem", {"99999 Winston-Salem, Illinois"}},
-        {"MAYAGÜEZ, pr", {"00680 Mayagüez, Puerto Rico"}},
-        {"New York", {"10001 New York, New York"}},
-        {"", {}},
-        {" . ", {}},
-    };
-    for (const Case& c : cases) {
-        Texts found;
-        for (const Place& place : FindPlaces(*gazetteer, c.text, 50))
-            found.push_back(std::string(place.zipCode) + " " + std::string(place.name) + ", " +
-                            std::string(place.state));
-        EXPECT_EQ(found, c.found) << c.text;
-    }
-    EXPECT_EQ(FindPlaces(*gazetteer, "s", 2).size(), 2u);
-}
 
 TEST(Gazetteer, FindsZipCodes) {
     const std::string bytes = SmallGazetteer();
@@ -88,13 +15,41 @@ TEST(Gazetteer, FindsZipCodes) {
     for (const char* code : {"62701", "62701-1234"}) {
         const auto place = FindZipCode(*gazetteer, code);
         ASSERT_TRUE(place) << code;
+        EXPECT_EQ(place->code, "62701");
         EXPECT_EQ(place->name, "Springfield");
         EXPECT_EQ(place->latitude, 401234);
-        EXPECT_EQ(place->longitude, -891004);
+        EXPECT_EQ(place->longitude, -891005);
         EXPECT_EQ(place->reach, 6.25);
     }
-    for (const char* code : {"", "62700", "999999", "6270", "a"})
+    EXPECT_EQ(FindZipCode(*gazetteer, "00680")->code, "00680");
+    for (const char* code : {"", "62700", "999999", "6270", "680", "000680", "a", "g8", "62701x"})
         EXPECT_FALSE(FindZipCode(*gazetteer, code)) << code;
+}
+
+TEST(Gazetteer, FindsCities) {
+    const std::string bytes = SmallGazetteer();
+    const auto gazetteer = OpenGazetteer(bytes);
+    ASSERT_TRUE(gazetteer);
+    struct Case {
+        const char* code;
+        const char* name;
+        const char* area;
+    };
+    const Case cases[] = {{"g8", "Springfield", "United Kingdom"},
+                          {"g2643743", "London", "United Kingdom"},
+                          {"g6058560", "London", "Ontario, Canada"},
+                          {"g6295532", "Zürich (Kreis 3)", "Switzerland"}};
+    for (const auto& [code, name, area] : cases) {
+        const auto place = FindCity(*gazetteer, code);
+        ASSERT_TRUE(place) << code;
+        EXPECT_EQ(place->code, code);
+        EXPECT_EQ(place->name, name);
+        EXPECT_EQ(AreaOf(*place), area);
+        EXPECT_EQ(place->latitude, 473667);
+        EXPECT_EQ(place->longitude, -85500);
+    }
+    for (const char* code : {"", "g", "g9", "8", "G8", "g8x", "g99999999999999999999", "g-8"})
+        EXPECT_FALSE(FindCity(*gazetteer, code)) << code;
 }
 
 TEST(Gazetteer, SurvivesDamage) {
@@ -105,8 +60,10 @@ TEST(Gazetteer, SurvivesDamage) {
         std::string damaged = whole;
         damaged[at] = '\xFF';
         if (const auto gazetteer = OpenGazetteer(damaged)) {
-            EXPECT_LE(FindPlaces(*gazetteer, "s", 50).size(), 50u);
+            for (const char* text : {"s, ontario", "z", "londres"})
+                EXPECT_LE(FindPlaces(*gazetteer, text, 50, Scope::World).size(), 50u);
             FindZipCode(*gazetteer, "62701");
+            FindCity(*gazetteer, "g8");
         }
     }
 }

@@ -1,0 +1,182 @@
+"""The cities of countries other than the United States."""
+import collections
+import json
+import pathlib
+import re
+
+from folding import fold, name_hash
+from states import BEYOND_STATES, distance
+from tables import number, position
+
+FEWEST_INHABITANTS = 5000
+FEWEST, MOST = 41_000, 45_000  # cities
+# Names of countries that countries-list writes without their accents.
+ACCENTED = {"AX": "Åland", "BL": "Saint Barthélemy", "CW": "Curaçao", "RE": "Réunion", "ST": "São Tomé and Príncipe"}
+# Names that people also look for.
+OTHER_COUNTRY_NAMES = {"AE": "UAE", "CD": "Congo", "CV": "Cape Verde", "CZ": "Czech Republic", "GB": "UK",
+                       "MK": "Macedonia", "MM": "Burma", "NL": "Holland", "SZ": "Swaziland", "TL": "Timor-Leste",
+                       "TR": "Turkey"}
+# Cities of one name in one region are told apart by a city near them with at least so many inhabitants.
+FEWEST_NEAR = 20_000
+WELL_KNOWN = {2988507: ("Paris", "France"), 2657896: ("Zürich", "Switzerland"), 3093133: ("Łódź", "Poland"),
+              3448439: ("São Paulo", "Brazil"), 745044: ("Istanbul", "Türkiye"), 2761369: ("Vienna", "Austria"),
+              6058560: ("London", "Canada"), 1850147: ("Tokyo", "Japan"), 2147714: ("Sydney", "Australia")}
+
+City = collections.namedtuple("City", "number name country region population latitude longitude")
+
+
+def read_fields(message):
+    """Yields the fields of a protocol buffer's message: (number, value), an integer or bytes."""
+    at = 0
+
+    def read_varint():
+        nonlocal at
+        value = shift = 0
+        while True:
+            byte = message[at]
+            value |= (byte & 0x7F) << shift
+            at, shift = at + 1, shift + 7
+            if byte < 0x80:
+                return value
+
+    while at < len(message):
+        key = read_varint()
+        value = read_varint()
+        if key & 7 == 2:  # a length
+            at, value = at + value, message[at:at + value]
+        yield key >> 3, value
+
+
+def read_messages(data):
+    """Yields the messages, each with its length before it."""
+    at = 0
+    while at < len(data):
+        size = shift = 0
+        while True:
+            byte = data[at]
+            size |= (byte & 0x7F) << shift
+            at, shift = at + 1, shift + 7
+            if byte < 0x80:
+                break
+        yield data[at:at + size]
+        at += size
+
+
+def read_cities(path):
+    """Returns the cities of cities.pbf. A position is the difference from the one before it."""
+    def signed(value):
+        return value >> 1 ^ -(value & 1)
+
+    cities, latitude, longitude = [], 0, 0
+    for message in read_messages(pathlib.Path(path).read_bytes()):
+        fields = dict(read_fields(message))
+        longitude, latitude = longitude + signed(fields[10]), latitude + signed(fields[11])
+        name, country, region = (fields[at].decode() for at in (2, 3, 8))
+        cities.append(City(signed(fields[1]), name, country, region, fields.get(9, 0), latitude / 1e5,
+                           longitude / 1e5))
+    return cities
+
+
+def find_populations(cities):
+    """Returns {(folded name, state): inhabitants} for the United States and their territories."""
+    populations = {}
+    for city in cities:
+        if city.country == "US" or city.country in BEYOND_STATES:
+            key = fold(city.name), city.region if city.country == "US" else city.country
+            populations[key] = max(populations.get(key, 0), city.population)
+    return populations
+
+
+def find_cities_abroad(cities):
+    """Returns the cities in the order of their names."""
+    abroad = [city for city in cities if city.country != "US" and city.country not in BEYOND_STATES and
+              city.population >= FEWEST_INHABITANTS]
+    return sorted(abroad, key=lambda city: (fold(city.name).encode(), -city.population, city.number))
+
+
+def read_countries(path):
+    return json.loads(pathlib.Path(path).read_text(encoding="utf-8")) | ACCENTED
+
+
+def read_regions(path):
+    """Returns {(country, code): name}."""
+    rows = json.loads(pathlib.Path(path).read_text(encoding="utf-8"))
+    return {tuple(row["code"].split(".", 1)): row["name"] for row in rows}
+
+
+def find_near(city, cities, taken):
+    """Returns the name of the nearest larger city in the country, but none of those that are taken."""
+    larger = [other for other in cities if other.country == city.country and other.name not in taken and
+              other.population >= max(FEWEST_NEAR, city.population)]
+    return min(larger, key=lambda other: distance((city.latitude, city.longitude), (other.latitude, other.longitude)),
+               default=city).name
+
+
+def name_regions(cities, regions):
+    """Returns {number: (name of the region, whether it is shown)}.
+
+    It is shown if the country has several cities of the name. If even the region has, or if its name is not
+    known, the nearest larger city follows it: "Bavaria near Munich".
+    """
+    named = {city.number: (regions.get((city.country, city.region), ""), False) for city in cities}
+    namesakes = collections.defaultdict(list)
+    for city in cities:
+        namesakes[fold(city.name), city.country].append(city)
+    for group in namesakes.values():
+        counts = collections.Counter(named[city.number][0] for city in group)
+        taken = {city.name for city in group}
+        for city in group if len(group) > 1 else []:
+            region = named[city.number][0]
+            if counts[region] > 1 or not region:
+                near = find_near(city, cities, taken)
+                taken.add(near)
+                region = f"{region} near {near}".strip()
+            named[city.number] = region, True
+    return named
+
+
+def find_other_names(path, cities, fewest_inhabitants):
+    """Returns sorted (hash of the folded name, index of the city) of the larger cities' other names.
+
+    GeoNames also lists codes of airports, and transcripts without capitals that nobody writes.
+    """
+    index_of = {city.number: index for index, city in enumerate(cities)
+                if city.population >= fewest_inhabitants}
+    found = set()
+    for line in pathlib.Path(path).read_text(encoding="utf-8").splitlines():
+        row = line.split("\t")
+        index = index_of.get(int(row[0]))
+        if index is None:
+            continue
+        for name in row[3].split(","):
+            folded = fold(name)
+            if folded and folded != fold(cities[index].name) and not re.match(r"[a-z]|[A-Z]{3,4}$", name):
+                found.add((name_hash(folded), index))
+    return sorted(found)
+
+
+def pack_world(data, cities, country_names, regions, other_names):
+    """Adds the tables of the countries, the regions, the cities, their numbers and their other names."""
+    countries = sorted({city.country for city in cities})
+    region_names = name_regions(cities, regions)
+    keys = [(city.country, region_names[city.number][0]) for city in cities]
+    region_index = {key: index for index, key in enumerate(sorted(set(keys)))}
+    data.add(country.encode() + data.text(country_names[country]) + data.text(OTHER_COUNTRY_NAMES.get(country, ""))
+             for country in countries)
+    data.add(data.text(region) + number(countries.index(country), 1) for country, region in region_index)
+    data.add(data.text(city.name) + number(min(city.population, 0xFFFFFF), 3) +
+             number(region_index[key] | region_names[city.number][1] << 15, 2) + number(city.number, 3) +
+             position(city.latitude, city.longitude) for city, key in zip(cities, keys))
+    data.add(number(index, 2) for index in sorted(range(len(cities)), key=lambda index: cities[index].number))
+    data.add(number(hashed, 4) + number(index, 2) for hashed, index in other_names)
+
+
+def check_world(cities, country_names):
+    """Fails if the data are not plausible."""
+    assert FEWEST <= len(cities) <= MOST, f"{len(cities)} cities"
+    for city in cities:
+        assert fold(city.name) and "\0" not in city.name, city
+        assert abs(city.latitude) <= 90 and abs(city.longitude) <= 180, city
+    known = {city.number: (city.name, country_names[city.country]) for city in cities}
+    for city_number, expected in WELL_KNOWN.items():
+        assert known[city_number] == expected, (known[city_number], expected)
