@@ -3,6 +3,7 @@ import collections
 import json
 import pathlib
 import re
+import unicodedata
 
 from folding import fold, name_hash
 from states import BEYOND_STATES, distance
@@ -16,6 +17,16 @@ ACCENTED = {"AX": "Åland", "BL": "Saint Barthélemy", "CW": "Curaçao", "RE": "
 OTHER_COUNTRY_NAMES = {"AE": "UAE", "CD": "Congo", "CV": "Cape Verde", "CZ": "Czech Republic", "GB": "UK",
                        "MK": "Macedonia", "MM": "Burma", "NL": "Holland", "SZ": "Swaziland", "TL": "Timor-Leste",
                        "TR": "Turkey"}
+# The scripts other than Latin in which countries write names.
+SCRIPTS = {script: countries.split() for script, countries in {
+    "ARABIC": "AE AF BH DJ DZ EG EH IL IQ IR JO KM KW LB LY MA MR OM PK PS QA SA SD SO SY TD TN YE",
+    "ARMENIAN": "AM", "BENGALI": "BD IN", "CJK": "CN HK JP MO SG TW",
+    "CYRILLIC": "BA BG BY KG KZ MD ME MK MN RS RU TJ UA UZ XK", "DEVANAGARI": "IN NP", "ETHIOPIC": "ER ET",
+    "GEORGIAN": "GE", "GREEK": "CY GR", "GUJARATI": "IN", "GURMUKHI": "IN", "HANGUL": "KP KR", "HEBREW": "IL",
+    "HIRAGANA": "JP", "KANNADA": "IN", "KATAKANA": "JP", "KHMER": "KH", "LAO": "LA", "MALAYALAM": "IN",
+    "MYANMAR": "MM", "ORIYA": "IN", "SINHALA": "LK", "TAMIL": "IN LK", "TELUGU": "IN", "THAANA": "MV", "THAI": "TH",
+}.items()}
+FEWEST_NAMES = 35  # of a well-known city
 # Cities of one name in one region are told apart by a city near them with at least so many inhabitants.
 FEWEST_NEAR = 20_000
 WELL_KNOWN = {2988507: ("Paris", "France"), 2657896: ("Zürich", "Switzerland"), 3093133: ("Łódź", "Poland"),
@@ -135,23 +146,32 @@ def name_regions(cities, regions):
     return named
 
 
-def find_other_names(path, cities, fewest_inhabitants):
-    """Returns sorted (hash of the folded name, index of the city) of the larger cities' other names.
+def find_script(name):
+    """Returns the script of the first letter, as Unicode names it."""
+    return next((unicodedata.name(char, "?").split()[0] for char in name if char.isalpha()), "?")
 
-    GeoNames also lists codes of airports, and transcripts without capitals that nobody writes.
+
+def find_other_names(path, cities):
+    """Returns sorted (hash of the folded name, index of the city) of the cities' other names.
+
+    All of them would take too much space. Kept are the names in a script of the country, and, of well-known
+    cities, those in Latin letters. GeoNames also lists codes of airports, and transcripts without capitals
+    that nobody writes.
     """
-    index_of = {city.number: index for index, city in enumerate(cities)
-                if city.population >= fewest_inhabitants}
-    found = set()
+    index_of, found = {city.number: index for index, city in enumerate(cities)}, set()
     for line in pathlib.Path(path).read_text(encoding="utf-8").splitlines():
         row = line.split("\t")
         index = index_of.get(int(row[0]))
         if index is None:
             continue
-        for name in row[3].split(","):
+        city, all_names, names = cities[index], row[3].split(","), {}
+        for name in all_names:
             folded = fold(name)
-            if folded and folded != fold(cities[index].name) and not re.match(r"[a-z]|[A-Z]{3,4}$", name):
-                found.add((name_hash(folded), index))
+            if folded not in ("", fold(city.name)) and not re.match(r"[a-z]|[A-Z]{3,4}$", name):
+                names[folded] = find_script(name)
+        is_known = len(all_names) >= FEWEST_NAMES or row[7] == "PPLC"  # a capital
+        found |= {(name_hash(folded), index) for folded, script in names.items()
+                  if (is_known if script == "LATIN" else city.country in SCRIPTS.get(script, ()))}
     return sorted(found)
 
 
