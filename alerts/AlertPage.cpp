@@ -1,6 +1,7 @@
 #include "alerts/AlertPage.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "alerts/AlertBody.h"
@@ -10,8 +11,10 @@
 namespace alerts {
 namespace {
 
-// What a source returns as an alert where it cannot say whether there are any.
-constexpr std::string_view kNotCovered = "Place not covered";
+// What a source returns as an alert where it cannot say whether there are any, or whether these are
+// all.
+constexpr std::string_view kNotices[] = {"Place not covered", "Alerts unavailable",
+                                         "More alerts than can be read"};
 
 // An outline in a square of 16 units for each severity, so that shapes tell them apart.
 constexpr std::string_view kShapes[] = {
@@ -30,7 +33,7 @@ struct Entry {
 };
 
 bool IsNotice(const Alert& alert) {
-    return alert.title == kNotCovered;
+    return std::ranges::find(kNotices, alert.title) != std::end(kNotices);
 }
 
 // Returns the alerts, the worst first.
@@ -144,6 +147,15 @@ void AppendLink(std::string& html, std::string_view address, std::string_view te
     html += "</a></li>\n";
 }
 
+void AppendLinks(std::string& html, const PagePlace& place) {
+    if (place.forecast.empty() && place.allAlerts.empty()) return;
+    html += "<ul class=\"links\">\n";
+    if (!place.forecast.empty()) AppendLink(html, place.forecast, "Forecast for " + place.name);
+    if (!place.allAlerts.empty())
+        AppendLink(html, place.allAlerts, "All active alerts in the United States");
+    html += "</ul>\n";
+}
+
 void AppendPlace(std::string& html, const PagePlace& place, const PageData& data, bool isOpen) {
     const std::vector<Entry> entries = SortByWorst(place.answer.alerts);
     html.append(isOpen ? "<details open>\n" : "<details>\n").append("<summary>");
@@ -161,10 +173,8 @@ void AppendPlace(std::string& html, const PagePlace& place, const PageData& data
             AppendAlert(html, entry, data.longestStored);
         html += "</section>\n";
     }
-    html += "<ul class=\"links\">\n";
-    if (!place.forecast.empty()) AppendLink(html, place.forecast, "Forecast for " + place.name);
-    AppendLink(html, data.allAlerts, "All active alerts in the United States");
-    html += "</ul>\n</details>\n";
+    AppendLinks(html, place);
+    html += "</details>\n";
 }
 
 }  // namespace

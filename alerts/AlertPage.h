@@ -14,13 +14,13 @@ struct PagePlace {
     bool isOld = false;         // whether the answer is too old to rely on
     std::vector<Alert> stored;  // from an earlier session; shown where no answer is known
     std::string forecast;       // the address of the place's forecast; may be empty
+    std::string allAlerts;      // the address of a page with all alerts of the country; likewise
 };
 
 struct PageData {
     std::vector<PagePlace> places;  // the one that the user chose first
     std::string written;            // the time of writing, as the user writes dates
     std::string source;             // what the source of the alerts is
-    std::string allAlerts;          // the address of a page with all alerts
     std::size_t longestStored = 0;  // a stored text of this length was cut; 0: never
 };
 

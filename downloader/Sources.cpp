@@ -1,11 +1,13 @@
 #include "downloader/Sources.h"
 
 #include "downloader/drill/Source.h"
+#include "downloader/fpas/Source.h"
 #include "downloader/http/Fetch.h"
 #include "downloader/http/ResponseCache.h"
 #include "downloader/http/StatusCodes.h"
 #include "downloader/http/Url.h"
 #include "downloader/live/Route.h"
+#include "downloader/live/Source.h"
 #include "downloader/nws/Source.h"
 
 namespace downloader {
@@ -25,8 +27,9 @@ http::Response FetchDrill(const std::string& url) {
 }
 
 constexpr Source kSources[] = {
-    {"drill", FetchDrill}, {"http", FetchPage},      {"https", FetchPage},
-    {"nws", nws::Fetch},   {"nws+http", nws::Fetch},
+    {"drill", FetchDrill},      {"http", FetchPage},      {"https", FetchPage},
+    {"nws", nws::Fetch},        {"nws+http", nws::Fetch}, {"fpas", fpas::Fetch},
+    {"fpas+http", fpas::Fetch}, {"live", live::Fetch},    {"live+http", live::Fetch},
 };
 
 }  // namespace

@@ -19,11 +19,29 @@ std::string FeedRequest(std::string_view query) {
     return FeedHost().append("GetXml.aspx?partnerid=7e3a90d4").append(query);
 }
 
-// Returns the part of the feed's address before "://" in lower case; empty if there is none.
-std::string FeedScheme() {
+// The feed's address, taken apart.
+struct FeedParts {
+    std::string scheme;     // in lower case; empty if the address has none
+    std::string worldHost;  // the server for places outside the United States; may be empty
+};
+
+FeedParts SplitFeed() {
     const std::string feed = FeedHost();
     const std::size_t end = feed.find("://");
-    return end == std::string::npos ? std::string() : win::AsciiLower(feed.substr(0, end));
+    if (end == std::string::npos) return {};
+    FeedParts parts;
+    parts.scheme = win::AsciiLower(feed.substr(0, end));
+    const std::string hosts = feed.substr(end + 3, feed.find('/', end + 3) - end - 3);
+    if (parts.scheme.starts_with("fpas")) parts.worldHost = hosts;
+    const std::size_t comma = hosts.find(',');
+    if (parts.scheme.starts_with("live") && comma != std::string::npos)
+        parts.worldHost = hosts.substr(comma + 1);
+    return parts;
+}
+
+// Whether the code is that of a place outside the United States.
+bool IsAbroad(std::string_view code) {
+    return code.starts_with('g');
 }
 
 bool IsZipCode(std::string_view code) {
@@ -33,11 +51,11 @@ bool IsZipCode(std::string_view code) {
 }  // namespace
 
 std::string FeedHost() {
-    return Host("Feed", "nws://api.weather.gov/");
+    return Host("Feed", "live://api.weather.gov,alerts.kde.org/");
 }
 
 bool IsOwnSource() {
-    const std::string scheme = FeedScheme();
+    const std::string scheme = SplitFeed().scheme;
     return !scheme.empty() && scheme != "http" && scheme != "https";
 }
 
@@ -46,12 +64,19 @@ bool UsesLocalPage() {
 }
 
 std::string OwnSourceName() {
-    return FeedScheme() == "drill" ? "a drill, whose alert is made up as a test"
-                                   : "US National Weather Service, over the Internet";
+    constexpr char kUnitedStates[] = "US National Weather Service, over the Internet";
+    const FeedParts feed = SplitFeed();
+    if (feed.scheme == "drill") return "a drill, whose alert is made up as a test";
+    if (feed.worldHost.empty()) return kUnitedStates;
+    const std::string world =
+        "the national authorities that each alert names, collected by the public alert server " +
+        feed.worldHost + ", which volunteers run and which is still under development";
+    if (feed.scheme.starts_with("fpas")) return world;
+    return std::string(kUnitedStates) + "; outside the United States, " + world;
 }
 
-std::string AllAlertsPage() {
-    return "https://alerts.weather.gov/";
+std::string AllAlertsPage(std::string_view code) {
+    return IsAbroad(code) ? std::string() : "https://alerts.weather.gov/";
 }
 
 std::string ForecastPage(std::string_view code) {
@@ -60,6 +85,7 @@ std::string ForecastPage(std::string_view code) {
 }
 
 std::string SubstitutePage(std::string_view code) {
+    if (IsAbroad(code)) return "https://" + SplitFeed().worldHost + "/";
     const std::string forecast = ForecastPage(code);
     return forecast.empty() ? "https://www.weather.gov/" : forecast;
 }
@@ -110,7 +136,7 @@ std::string StationPage(std::string_view code) {
 }
 
 std::string NationalMapPage(std::string_view code) {
-    if (UsesLocalPage()) return AllAlertsPage();
+    if (UsesLocalPage()) return AllAlertsPage({});
     std::string page = WeatherHost()
                            .append("/severe-weather/national-alert-map.html?zcode=")
                            .append(kWeatherZone)

@@ -19,11 +19,11 @@ bool IsOwnSource();
 // source and no weather web site is set.
 bool UsesLocalPage();
 
-// Returns what an own source is, for the user.
+// Returns what an own source is, for the user: who issues the alerts, and who passes them on.
 std::string OwnSourceName();
 
-// Returns the public page of all alerts in the area of an own source.
-std::string AllAlertsPage();
+// Returns the public page of all alerts in the United States; empty for a place abroad.
+std::string AllAlertsPage(std::string_view code);
 
 // Returns the source's forecast for a place; empty if the code is not a ZIP code.
 std::string ForecastPage(std::string_view code);

@@ -61,7 +61,6 @@ alerts::PageData Collect(const std::string& chosen) {
     alerts::PageData data;
     data.written = win::GeneralDateNow();
     data.source = settings::OwnSourceName();
-    data.allAlerts = settings::AllAlertsPage();
     if (settings::UseIni == settings::kUseIniStore) data.longestStored = settings::kIniValueLimit;
     for (const std::string& code : CodesInOrder(chosen)) {
         alerts::PagePlace place;
@@ -70,6 +69,7 @@ alerts::PageData Collect(const std::string& chosen) {
         place.isOld = place.answer.isKnown && IsOld(place.answer);
         if (!place.answer.isKnown && section) place.stored = alerts::StoredAlerts(*section, code);
         place.forecast = settings::ForecastPage(code);
+        place.allAlerts = settings::AllAlertsPage(code);
         data.places.push_back(std::move(place));
     }
     return data;

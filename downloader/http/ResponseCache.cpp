@@ -15,8 +15,7 @@ namespace http {
 namespace {
 
 constexpr std::string_view kMark = "skyvane-answer-1";
-constexpr std::size_t kLongestDocument = 2 * 1024 * 1024;        // bytes
-constexpr std::uint64_t kLongestFile = kLongestDocument + 1024;  // with the lines before it
+constexpr std::uint64_t kLongestFile = kLongestCached + 1024;  // with the lines before it
 
 // Returns the path of the slot's cache file; empty when there is no temporary folder.
 std::string FileOfSlot(std::string_view slot) {
@@ -54,8 +53,21 @@ std::optional<CachedDocument> FindCached(std::string_view key, std::string_view 
 void StoreCached(std::string_view key, std::int64_t seconds, std::string_view document,
                  std::string_view slot) {
     const std::string file = CacheFile(key, slot);
-    if (file.empty() || seconds <= 0 || document.size() > kLongestDocument) return;
+    if (file.empty() || seconds <= 0 || document.size() > kLongestCached) return;
     win::WriteFileAtomically(file, PackEntry(key, SecondsNow(), seconds, document));
+}
+
+std::optional<TimedAnswer> FindCachedAnswer(std::string_view key, std::string_view slot) {
+    const auto cached = FindCached(key, slot);
+    if (!cached) return std::nullopt;
+    std::string_view text = cached->text;
+    const std::int64_t served = ParseNumber(win::TakeLine(text));
+    return TimedAnswer{std::string(text), served + cached->age};
+}
+
+void StoreCachedAnswer(std::string_view key, std::int64_t seconds, const TimedAnswer& answer,
+                       std::string_view slot) {
+    StoreCached(key, seconds, win::Decimal(answer.now) + "\n" + answer.body, slot);
 }
 
 void TrimCached(std::string_view prefix, std::size_t mostFiles, std::uint64_t mostBytes) {

@@ -11,6 +11,9 @@ namespace http {
 // Returns the current time.
 std::int64_t SecondsNow();
 
+// Longer documents are not cached.
+inline constexpr std::size_t kLongestCached = 2 * 1024 * 1024;  // bytes
+
 struct CachedDocument {
     std::string text;
     std::int64_t age = 0;  // seconds
@@ -21,10 +24,23 @@ struct CachedDocument {
 // of 1024 slots, however many keys are in use.
 std::optional<CachedDocument> FindCached(std::string_view key, std::string_view slot = {});
 
-// Caches a document for so many seconds. Documents over 2 MB are not cached; failures are ignored.
+// Caches a document for so many seconds; failures are ignored.
 // Several copies of the program may call this at once.
 void StoreCached(std::string_view key, std::int64_t seconds, std::string_view document,
                  std::string_view slot = {});
+
+// A server's answer, and the server's time.
+struct TimedAnswer {
+    std::string body;
+    std::int64_t now = 0;
+};
+
+// Like FindCached, for an answer. Its time is the server's present time.
+std::optional<TimedAnswer> FindCachedAnswer(std::string_view key, std::string_view slot = {});
+
+// Like StoreCached, for an answer and the server's present time.
+void StoreCachedAnswer(std::string_view key, std::int64_t seconds, const TimedAnswer& answer,
+                       std::string_view slot = {});
 
 // Deletes the oldest documents of the slots whose names begin with the prefix, until at most so
 // many files with so many bytes in all remain.

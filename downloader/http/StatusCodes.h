@@ -35,7 +35,7 @@ inline constexpr int kForeignRedirect = 1011;
 inline constexpr int kInternalError = 1012;
 // The place is outside the United States, which the live source does not cover.
 inline constexpr int kOutsideUnitedStates = 1013;
-// The live source does not know the ZIP code.
+// The live source does not know the ZIP code or the place abroad.
 inline constexpr int kUnknownZipCode = 1014;
 // The live source received something other than the document requested: an error page, or an
 // incomplete document.

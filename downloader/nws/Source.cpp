@@ -1,11 +1,11 @@
 #include "downloader/nws/Source.h"
 
-#include <cstdlib>
+#include <utility>
 
 #include "downloader/feed/AlertMemoryFile.h"
 #include "downloader/feed/FeedXml.h"
 #include "downloader/feed/GazetteerFile.h"
-#include "downloader/feed/PlaceSearch.h"
+#include "downloader/feed/LocalAnswers.h"
 #include "downloader/feed/Request.h"
 #include "downloader/http/Fetch.h"
 #include "downloader/http/ResponseCache.h"
@@ -16,7 +16,6 @@
 #include "downloader/nws/Stations.h"
 #include "downloader/nws/Zones.h"
 #include "win/CodePage.h"
-#include "win/Text.h"
 
 namespace nws {
 namespace {
@@ -33,15 +32,6 @@ constexpr char kUnknownPlace[] =
     "The National Weather Service covers the United States and its territories, by ZIP code. This "
     "place is unknown to it, so no alerts can be shown for the place. Remove the station on the "
     "Stations page of the options, and search for a place nearby.";
-
-// Returns a document as a response, or kUnusableAnswer for nullopt.
-Response Success(std::optional<std::string> document) {
-    if (!document) return Failure(http::kUnusableAnswer);
-    Response response;
-    response.status = http::kSuccess;
-    response.body = *std::move(document);
-    return response;
-}
 
 Response FetchJson(const std::string& address) {
     return http::FetchWithRetry(address, {kGeoJson, http::BodyForm::JsonObject});
@@ -96,51 +86,50 @@ int FindZones(const std::string& origin, const feed::Place& place, PlaceZones& z
     return status;
 }
 
-// An answer about alerts, and the service's time.
-struct Alerts {
-    int status = 0;
-    std::string json;
-    std::int64_t now = 0;
-};
+// Builds the alert document from the service's answer, which is parsed in place.
+std::optional<std::string> BuildFrom(http::TimedAnswer& answer, const AlertPlace& place) {
+    feed::AlertMemory memory = feed::LoadAlertMemory();
+    auto document = BuildAlertDocument(std::move(answer.body), place, memory, answer.now);
+    if (document) feed::SaveAlertMemory(std::move(memory), answer.now);
+    return document;
+}
 
-// Returns the alerts for the zones. All stations that lie in them share the cached answer.
-Alerts FetchZoneAlerts(const std::string& address) {
+// Returns the alert document for a place from the alerts for its zones. All stations that lie in
+// them share the cached answer.
+Response FetchZoneAlerts(const std::string& address, const AlertPlace& place) {
     constexpr std::int64_t kLongest = 600;  // seconds, whatever max-age the service states
-    if (auto cached = http::FindCached(address)) {
-        std::string_view text = cached->text;
-        const std::int64_t served =
-            std::strtoll(std::string(win::TakeLine(text)).c_str(), nullptr, 10);
-        return {http::kSuccess, std::string(text), served + cached->age};
-    }
-    Response answer = FetchJson(address);
-    const std::int64_t now = http::ServerTime(answer).value_or(http::SecondsNow());
-    if (answer.status == http::kSuccess)
-        http::StoreCached(address, http::SecondsToCache(answer.cacheControl, kLongest),
-                          win::Decimal(now) + "\n" + answer.body);
-    return {answer.status, std::move(answer.body), now};
+    if (auto cached = http::FindCachedAnswer(address))
+        if (auto document = BuildFrom(*cached, place)) return feed::Success(std::move(document));
+    Response response = FetchJson(address);
+    if (response.status != http::kSuccess) return Failure(response.status);
+    http::TimedAnswer answer{std::move(response.body),
+                             http::ServerTime(response).value_or(http::SecondsNow())};
+    const std::int64_t seconds = http::SecondsToCache(response.cacheControl, kLongest);
+    http::TimedAnswer kept;
+    if (seconds > 0 && answer.body.size() < http::kLongestCached) kept = answer;
+    auto document = BuildFrom(answer, place);
+    // An answer is only cached once it has been read completely.
+    if (document && !kept.body.empty()) http::StoreCachedAnswer(address, seconds, kept);
+    return feed::Success(std::move(document));
 }
 
 Response FetchAlerts(const std::string& origin, const feed::Place& place) {
     PlaceZones zones;
     const int status = FindZones(origin, place, zones);
     if (status != http::kSuccess) return Failure(status);
-    if (zones.all.empty()) return Success(feed::BuildNotCoveredDocument(place.code, kUnknownPlace));
-    Alerts alerts = FetchZoneAlerts(AlertsAddress(origin, zones.all));
-    if (alerts.status != http::kSuccess) return Failure(alerts.status);
+    if (zones.all.empty())
+        return feed::Success(feed::BuildNotCoveredDocument(place.code, kUnknownPlace));
     constexpr double kDegree = 10'000;  // units of a gazetteer's coordinates
     const AlertPlace alertPlace{
         {place.latitude / kDegree, place.longitude / kDegree}, place.reach, zones.own};
-    feed::AlertMemory memory = feed::LoadAlertMemory();
-    auto document = BuildAlertDocument(std::move(alerts.json), alertPlace, memory, alerts.now);
-    if (document) feed::SaveAlertMemory(std::move(memory), alerts.now);
-    return Success(std::move(document));
+    return FetchZoneAlerts(AlertsAddress(origin, zones.all), alertPlace);
 }
 
 Response FetchStations(const std::string& origin, const feed::Place& place) {
     const std::string address = PointAddress(origin, place);
     // The document names the place, and several places can share a point.
     const std::string key = address + " " + place.code;
-    if (auto cached = http::FindCached(key)) return Success(std::move(cached->text));
+    if (auto cached = http::FindCached(key)) return feed::Success(std::move(cached->text));
     Response point = FetchJson(address);
     if (point.status == kNotFound) return Failure(http::kOutsideUnitedStates);
     if (point.status != http::kSuccess) return point;
@@ -151,31 +140,23 @@ Response FetchStations(const std::string& origin, const feed::Place& place) {
     auto document = BuildStationDocument(std::move(stations.body), place);
     if (document && !http::ForbidsCaching(point.cacheControl + "," + stations.cacheControl))
         http::StoreCached(key, kDay, *document);
-    return Success(std::move(document));
+    return feed::Success(std::move(document));
 }
 
 }  // namespace
 
 http::Response Fetch(const std::string& url) {
     using Kind = feed::Request::Kind;
-    constexpr std::size_t kMostLocations = 50;
     const auto request = feed::ParseRequest(win::ToUtf8(win::ToWide(url)), "nws");
     if (!request) return Failure(http::kUnknownRequest);
-    if (request->isAbroad)
-        return request->kind == Kind::Alerts
-                   ? Success(feed::BuildNotCoveredDocument(request->text, kUnknownPlace))
-                   : Failure(http::kOutsideUnitedStates);
+    if (request->isAbroad) return feed::AnswerUnknownPlace(*request, kUnknownPlace);
+    if (request->kind == Kind::Locations)
+        return feed::AnswerLocations(request->text, feed::Scope::UnitedStates);
     const feed::GazetteerFile file(feed::GazetteerPath());
     const auto gazetteer = file.Open();
     if (!gazetteer) return Failure(http::kNoGazetteer);
-    if (request->kind == Kind::Locations)
-        return Success(feed::BuildLocationDocument(feed::FindPlaces(
-            *gazetteer, request->text, kMostLocations, feed::Scope::UnitedStates)));
     const auto place = feed::FindZipCode(*gazetteer, request->text);
-    if (!place)
-        return request->kind == Kind::Alerts
-                   ? Success(feed::BuildNotCoveredDocument(request->text, kUnknownPlace))
-                   : Failure(http::kUnknownZipCode);
+    if (!place) return feed::AnswerUnknownPlace(*request, kUnknownPlace);
     return request->kind == Kind::Alerts ? FetchAlerts(request->origin, *place)
                                          : FetchStations(request->origin, *place);
 }

@@ -6,7 +6,7 @@ namespace alerts {
 namespace {
 
 std::string Page(const PagePlace& place, std::size_t longestStored = 0) {
-    return BuildAlertPage({{place}, "today", "Service", "https://example.org/", longestStored});
+    return BuildAlertPage({{place}, "today", "Service", longestStored});
 }
 
 bool Has(const std::string& text, std::string_view part) {
@@ -34,6 +34,12 @@ TEST(AlertPage, SaysNoAlertsOnlyWhenThatIsCertain) {
           +[](PagePlace& p) { p.answer.lastFailed = true; }, +[](PagePlace& p) { p.isOld = true; },
           +[](PagePlace& p) {
               p.answer.alerts = {{"1", "Place not covered", "Why."}};
+          },
+          +[](PagePlace& p) {
+              p.answer.alerts = {{"1", "Alerts unavailable", "Why."}};
+          },
+          +[](PagePlace& p) {
+              p.answer.alerts = {{"1", "More alerts than can be read", "Why."}};
           }}) {
         place = KnownPlace();
         spoil(place);

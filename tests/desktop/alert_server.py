@@ -33,7 +33,7 @@ def cap(identifier, *infos, **more):
 
 
 class AlertServer:
-    def __init__(self):
+    def __init__(self, us_port):
         self.max_age = 0
         self.clock = 0  # hours by which the server's clock is ahead of this machine's
         self.documents = {}  # by identifier; a document is bytes, or a complete answer as a function
@@ -41,10 +41,13 @@ class AlertServer:
         self.server = Server(self.find_answer)
         self.host = f"127.0.0.1:{self.server.port}"
         self.request = f"fpas+http://{self.host}/GetXml.aspx?partnerid=7e3a90d4&"
+        self.feed = f"live+http://127.0.0.1:{us_port},{self.host}/"
+        self.live = self.feed + "GetXml.aspx?partnerid=7e3a90d4&"
 
     def set(self, *documents):
         """Replaces the alerts; a document that is listed but gone is None."""
         self.documents = {str(uuid.uuid4()): document for document in documents}
+        return list(self.documents)
 
     def find_answer(self, head):
         target = head.split(" ")[1]

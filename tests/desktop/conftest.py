@@ -6,6 +6,7 @@ import pytest
 
 import harness
 import stores
+from alert_server import AlertServer
 from feed import Feed
 from inside import probe
 from weather_service import WeatherService
@@ -88,6 +89,14 @@ def service(temp_folder):
     weather = WeatherService()
     yield weather
     weather.close()
+
+
+@pytest.fixture
+def world(service):
+    """The simulated server for places outside the United States, and the feed of both sources."""
+    server = AlertServer(service.server.port)
+    yield server
+    server.close()
 
 
 @pytest.fixture
