@@ -13,7 +13,9 @@ LOADED_AT_START = {
     "SVAlerts.exe": {"advapi32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "shell32.dll", "user32.dll"},
     "dl.exe": {"advapi32.dll", "kernel32.dll", "msvcrt.dll", "ntdll.dll", "user32.dll", "winhttp.dll"},
 }
-LOADED_LATER = {"atl.dll", "comctl32.dll", "comdlg32.dll", "ole32.dll", "oleaut32.dll", "uxtheme.dll", "winmm.dll"}
+# The thread library of mingw-w64 looks for kernelbase.dll, which every Windows has loaded already.
+LOADED_LATER = {"atl.dll", "comctl32.dll", "comdlg32.dll", "kernelbase.dll", "ole32.dll", "oleaut32.dll",
+                "uxtheme.dll", "winmm.dll"}
 
 
 class Image:

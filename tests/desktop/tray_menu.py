@@ -18,8 +18,9 @@ WEATHER = "https://www.weatherbug.com"
 MAKER = "https://www.quillmark.example"
 MAP = WEATHER + "/severe-weather/national-alert-map.html?zcode=z4172&country=US&country_name=USA"
 
-# Pixels at 96 dpi.
-BORDER, ITEM, SEPARATOR = 3, 16, 9
+# Pixels at 96 dpi. The height of an item depends on the system's fonts.
+BORDER, SEPARATOR = 3, 9
+ITEM_HEIGHTS = (16, 17)
 
 
 def alert_page(code):
@@ -34,8 +35,11 @@ def station_page(code):
 
 def place_of(window, entries, caption):
     """Returns the screen position of an entry; None in `entries` is a separator."""
-    heights = [SEPARATOR if entry is None else ITEM for entry in entries]
-    assert window.bottom - window.top == 2 * BORDER + sum(heights), "the menu has other items"
+    separators = entries.count(None)
+    items = window.bottom - window.top - 2 * BORDER - separators * SEPARATOR
+    item, rest = divmod(items, len(entries) - separators)
+    assert item in ITEM_HEIGHTS and not rest, "the menu has other items"
+    heights = [SEPARATOR if entry is None else item for entry in entries]
     index = entries.index(caption)
     return window.left + 30, window.top + BORDER + sum(heights[:index]) + heights[index] // 2
 
