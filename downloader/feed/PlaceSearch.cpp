@@ -228,15 +228,16 @@ std::vector<Place> FindIn(const Gazetteer& gazetteer, std::string_view name,
 
 std::vector<Place> FindPlaces(const Gazetteer& gazetteer, std::string_view text, std::size_t limit,
                               Scope scope) {
-    if (const std::size_t comma = text.find(','); comma != std::string_view::npos) {
+    std::vector<Place> found;
+    // A few names contain commas themselves.
+    for (std::size_t comma = text.find(','); found.empty() && comma != std::string_view::npos;
+         comma = text.find(',', comma + 1)) {
         std::vector<std::string> areas = win::Split(text.substr(comma + 1), ",");
         for (std::string& area : areas) area = FoldName(area);
         std::erase(areas, "");
-        std::vector<Place> found = FindIn(gazetteer, text.substr(0, comma), areas, limit, scope);
-        // A few names contain a comma.
-        return found.empty() ? FindIn(gazetteer, text, {}, limit, scope) : found;
+        found = FindIn(gazetteer, text.substr(0, comma), areas, limit, scope);
     }
-    std::vector<Place> found = FindIn(gazetteer, text, {}, limit, scope);
+    if (found.empty()) found = FindIn(gazetteer, text, {}, limit, scope);
     text = win::TrimSpaces(text);
     for (std::size_t space = text.rfind(' '); found.empty() && space != std::string_view::npos;
          space = space == 0 ? std::string_view::npos : text.rfind(' ', space - 1))

@@ -1,8 +1,5 @@
-#include "downloader/feed/Gazetteer.h"
-#include "downloader/feed/PlaceSearch.h"
 #include "downloader/feed/Json.h"
 #include "downloader/feed/Request.h"
-#include "downloader/feed/PlaceName.h"
 #include "downloader/http/Retry.h"
 #include "downloader/nws/Endpoints.h"
 #include "downloader/nws/Alerts.h"
@@ -41,14 +38,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         fuzz::Require(address->starts_with("https://h/"));
     if (const auto request = feed::ParseRequest(text, "nws"))
         fuzz::Require(request->origin.find_first_of("@?\\ ", 8) == std::string::npos);
-    if (const auto gazetteer = feed::OpenGazetteer(text)) {
-        fuzz::Require(feed::FindPlaces(*gazetteer, "s", 50, feed::Scope::World).size() <= 50);
-        feed::FindZipCode(*gazetteer, "66044");
-    }
     if (const auto zones = nws::ReadPointZones(json))
         fuzz::Require(nws::AlertsAddress("h", *zones).find_first_of(" &/", 30) ==
                       std::string::npos);
-    feed::NicknamedCity(feed::FoldName(text));
     http::ParseHttpDate(text);
     return 0;
 }
