@@ -6,9 +6,10 @@ import re
 import unicodedata
 
 from folding import fold, name_hash
-from states import BEYOND_STATES, distance
+from states import distance
 from tables import number, position
 
+TERRITORIES = {"AS", "GU", "MP", "PR", "VI"}  # of the United States: their ZIP codes are in the gazetteer
 FEWEST_INHABITANTS = 5000
 FEWEST, MOST = 41_000, 45_000  # cities
 # Names of countries that countries-list writes without their accents.
@@ -92,7 +93,7 @@ def find_populations(cities):
     """Returns {(folded name, state): inhabitants} for the United States and their territories."""
     populations = {}
     for city in cities:
-        if city.country == "US" or city.country in BEYOND_STATES:
+        if city.country == "US" or city.country in TERRITORIES:
             key = fold(city.name), city.region if city.country == "US" else city.country
             populations[key] = max(populations.get(key, 0), city.population)
     return populations
@@ -100,7 +101,7 @@ def find_populations(cities):
 
 def find_cities_abroad(cities):
     """Returns the cities in the order of their names."""
-    abroad = [city for city in cities if city.country != "US" and city.country not in BEYOND_STATES and
+    abroad = [city for city in cities if city.country != "US" and city.country not in TERRITORIES and
               city.population >= FEWEST_INHABITANTS]
     return sorted(abroad, key=lambda city: (fold(city.name).encode(), -city.population, city.number))
 
