@@ -60,7 +60,7 @@ bool IsCode(const Table& table, std::size_t index, std::size_t offset, std::stri
 }
 
 bool IsUnitedStates(std::string_view folded) {
-    return folded == "us" || std::string_view("usa").starts_with(folded) ||
+    return std::string_view("usa").starts_with(folded) ||
            std::string_view("unitedstatesofamerica").starts_with(folded);
 }
 
