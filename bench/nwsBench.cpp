@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <rapidjson/reader.h>
 
+#include "bench/CountedMemory.h"
 #include "bench/Stopwatch.h"
 #include "downloader/feed/GazetteerFile.h"
 #include "downloader/feed/PlaceSearch.h"
@@ -15,10 +16,6 @@
 #include "win/Files.h"
 
 namespace {
-
-constexpr std::size_t kHeader = 16;  // bytes before each allocation, which hold its size
-std::size_t allocated = 0;
-std::size_t peak = 0;
 
 // Every look-up opens the file again, as every run of the program does.
 double SlowestLookUp(const char* file) {
@@ -39,24 +36,6 @@ double SlowestLookUp(const char* file) {
 
 }  // namespace
 
-void* operator new(std::size_t size) {
-    char* const memory = static_cast<char*>(std::malloc(size + kHeader));
-    if (!memory) std::abort();
-    *reinterpret_cast<std::size_t*>(memory) = size;
-    allocated += size;
-    peak = std::max(peak, allocated);
-    return memory + kHeader;
-}
-void operator delete(void* memory) noexcept {
-    if (!memory) return;
-    char* const start = static_cast<char*>(memory) - kHeader;
-    allocated -= *reinterpret_cast<std::size_t*>(start);
-    std::free(start);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    operator delete(memory);
-}
-
 int main(int count, char** arguments) {
     if (count != 3) return 1;
     const auto answer = win::ReadWholeFile(arguments[1]);
@@ -68,7 +47,7 @@ int main(int count, char** arguments) {
     for (int round = -1; round < kRounds; ++round) {
         std::string forDocument = *answer, forParser = *answer;
         feed::AlertMemory memory;
-        before = peak = allocated;
+        before = bench::ResetPeak();
         const double began = bench::Milliseconds();
         const bool isBuilt =
             nws::BuildAlertDocument(std::move(forDocument), place, memory, now).has_value();
@@ -82,7 +61,7 @@ int main(int count, char** arguments) {
         if (round >= 0) std::printf("%.3f %.3f\n", built - began, parsed - built);
     }
     std::printf("%u %u\n", static_cast<unsigned>(answer->size()),
-                static_cast<unsigned>(peak - before));
+                static_cast<unsigned>(bench::Peak() - before));
     std::printf("%.3f\n", SlowestLookUp(arguments[2]));
     return 0;
 }

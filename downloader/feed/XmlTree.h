@@ -1,10 +1,13 @@
 #pragma once
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
 
 // A small XML document from a server, as a tree. The library that parses it is only used here.
 namespace feed {
+
+inline constexpr std::size_t kLongestDocument = std::size_t{4} << 20;
 
 // An element, or none. Valid as long as its tree.
 class XmlElement {
@@ -19,9 +22,10 @@ class XmlElement {
     XmlElement FirstChild() const;
     XmlElement Next() const;
 
-    // Returns the text directly inside, without white space at its ends. Its encoding is not
-    // validated: a character reference can create what UTF-8 does not allow.
-    std::string Text() const;
+    // Returns the text directly inside, at most `longest` bytes of it, without white space at its
+    // ends. Its encoding is not validated: a character reference can create what UTF-8 does not
+    // allow.
+    std::string Text(std::size_t longest = kLongestDocument) const;
 
     // Returns the first piece of that text as it is written. Comments, for example, divide a text.
     std::string_view FirstText() const;
@@ -30,7 +34,8 @@ class XmlElement {
     const void* node_;
 };
 
-// Parses a document. It must be in UTF-8 and well-formed, at most 4 MB, with at most 32 levels and
+// Parses a document. It must be in UTF-8 and well-formed, at most
+// kLongestDocument, with at most 32 levels and
 // 250,000 elements. Document types are rejected, so that no entity can be declared; references to
 // undeclared ones stay as they are written, and nothing outside the document is ever read.
 class XmlTree {

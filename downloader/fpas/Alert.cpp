@@ -64,6 +64,13 @@ void AppendWord(std::string& words, std::string_view word) {
     words.append(words.empty() ? "" : " ").append(word);
 }
 
+// A text that was cut may end inside a character.
+std::size_t StartOfLastCharacter(std::string_view text) {
+    std::size_t start = text.size() - 1;
+    while (start > 0 && (text[start] & 0xC0) == 0x80) --start;
+    return start;
+}
+
 // Reads the elements of a document, and whether all texts are well-formed UTF-8.
 class Reader {
   public:
@@ -75,6 +82,7 @@ class Reader {
         for (XmlElement child = root.FirstChild(); child; child = child.Next()) {
             if (child.Name() == "info") blocks.push_back(child);
             ReadField(child, kAlertFields, alert);
+            if (child.Name() == "references") alert.references = WholeText(child);
         }
         std::map<std::string, int> blocksOf;
         for (const XmlElement block : blocks) {
@@ -88,7 +96,18 @@ class Reader {
     }
 
   private:
+    // Returns the text; only the beginning of one that nobody would read to its end.
     std::string Text(XmlElement element) {
+        constexpr std::size_t kLongest = 32'768;
+        constexpr std::size_t kLongestCharacter = 4;
+        std::string text = element.Text(kLongest);
+        if (text.size() + kLongestCharacter > kLongest)
+            text.replace(StartOfLastCharacter(text), std::string::npos, "...");
+        isUtf8_ &= win::IsUtf8(text);
+        return text;
+    }
+
+    std::string WholeText(XmlElement element) {
         std::string text = element.Text();
         isUtf8_ &= win::IsUtf8(text);
         return text;
@@ -133,7 +152,7 @@ class Reader {
     // The sum of the hashes does not depend on the order of geocodes and shapes. The beginning of a
     // shape is enough to tell it from another.
     Area ReadArea(XmlElement element, std::uint64_t& hash) {
-        constexpr std::size_t kBeginning = 64;
+        constexpr std::size_t kBeginning = 32;
         constexpr std::uint64_t kOdd = 31;
         Area area;
         for (XmlElement child = element.FirstChild(); child; child = child.Next()) {
@@ -155,8 +174,8 @@ class Reader {
         for (XmlElement child = block.FirstChild(); child; child = child.Next()) {
             if (child.Name() != "area") continue;
             for (XmlElement shape = child.FirstChild(); shape; shape = shape.Next()) {
-                if (shape.Name() == "polygon") area->polygons.push_back(Text(shape));
-                if (shape.Name() == "circle") area->circles.push_back(Text(shape));
+                if (shape.Name() == "polygon") area->polygons.push_back(WholeText(shape));
+                if (shape.Name() == "circle") area->circles.push_back(WholeText(shape));
             }
             ++area;
         }

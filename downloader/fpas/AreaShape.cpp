@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 #include <numbers>
+#include <string>
 #include <string_view>
-
-#include "win/Text.h"
 
 namespace fpas {
 namespace {
@@ -15,11 +15,18 @@ namespace {
 constexpr double kFar = std::numeric_limits<double>::infinity();
 constexpr double kFarthest = 5;                // kilometres
 constexpr double kDegreeOfLatitude = 111.195;  // kilometres, on a sphere of 6,371 km
-constexpr double kFullTurn = 360;
 
 bool IsWhite(char c) {
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
+
+// A position in millionths of a degree: integers are read several times as fast.
+struct Point {
+    std::int32_t latitude = 0;
+    std::int32_t longitude = 0;
+};
+constexpr std::int32_t kDegree = 1'000'000;
+constexpr std::int32_t kTurn = 360 * kDegree;
 
 // Reads the numbers of a shape.
 class NumberReader {
@@ -32,41 +39,51 @@ class NumberReader {
         return at_ == end_;
     }
 
-    // Reads a number with at most nine digits on each side of its point.
-    bool ReadNumber(double& number) {
-        static constexpr double kScales[] = {1,    1e-1, 1e-2, 1e-3, 1e-4,
-                                             1e-5, 1e-6, 1e-7, 1e-8, 1e-9};
+    // Reads a decimal number in millionths, which must be smaller than 1000.
+    bool ReadMillionths(std::int32_t& number) {
         if (IsAtEnd()) return false;
         const bool isNegative = *at_ == '-';
         if (isNegative || *at_ == '+') ++at_;
-        std::uint32_t whole = 0;
-        const std::size_t wholeDigits = ReadDigits(whole);
-        std::uint32_t fraction = 0;
-        std::size_t fractionDigits = 0;
+        constexpr int kMostWhole = 3;
+        std::int32_t value = 0;
+        const int whole = ReadDigits(value, kMostWhole);
+        int fraction = 0;
+        constexpr int kMostFraction = 6;
         if (at_ != end_ && *at_ == '.') {
             ++at_;
-            fractionDigits = ReadDigits(fraction);
-            while (at_ != end_ && win::IsDigit(*at_)) ++at_;  // of no consequence
+            fraction = ReadDigits(value, kMostFraction);
+            while (at_ != end_ && IsDigit(*at_)) ++at_;  // of no consequence
         }
-        number = whole + fraction * kScales[fractionDigits];
+        static constexpr std::int32_t kScales[] = {1'000'000, 100'000, 10'000, 1'000, 100, 10, 1};
+        number = value * kScales[fraction];
         if (isNegative) number = -number;
-        return wholeDigits + fractionDigits > 0;
+        return whole + fraction > 0;
     }
 
     // Reads a pair of degrees that can be a position; some senders count on past 180 degrees.
-    bool ReadPosition(feed::Position& position) {
-        if (!ReadNumber(position.latitude) || IsAtEnd() || *at_ != ',') return false;
+    bool ReadPoint(Point& point) {
+        if (!ReadMillionths(point.latitude) || IsAtEnd() || *at_ != ',') return false;
         ++at_;
-        return ReadNumber(position.longitude) && std::abs(position.latitude) <= 90 &&
-               std::abs(position.longitude) <= kFullTurn;
+        return ReadMillionths(point.longitude) && (at_ == end_ || IsWhite(*at_)) &&
+               std::abs(point.latitude) <= 90 * kDegree && std::abs(point.longitude) <= kTurn;
+    }
+
+    // Reads the number of kilometres at the end of a circle.
+    bool ReadRadius(double& radius) {
+        if (IsAtEnd()) return false;
+        const std::string text(at_, end_);
+        char* end = nullptr;
+        radius = std::strtod(text.c_str(), &end);
+        return *end == 0 && radius >= 0;
     }
 
   private:
-    std::size_t ReadDigits(std::uint32_t& number) {
-        constexpr std::size_t kMost = 9;
-        std::size_t count = 0;
-        for (; count < kMost && at_ != end_ && win::IsDigit(*at_); ++count, ++at_)
-            number = number * 10 + static_cast<std::uint32_t>(*at_ - '0');
+    static bool IsDigit(char c) { return static_cast<unsigned char>(c - '0') < 10; }
+
+    int ReadDigits(std::int32_t& value, int most) {
+        int count = 0;
+        for (; count < most && at_ != end_ && IsDigit(*at_); ++count, ++at_)
+            value = value * 10 + (*at_ - '0');
         return count;
     }
 
@@ -74,49 +91,65 @@ class NumberReader {
     const char* end_;
 };
 
-// A ring whose longitudes do not jump at 180 degrees, and its extent.
+// The bounds of a ring.
 struct Extent {
-    feed::Position least{kFar, kFar};
-    feed::Position most{-kFar, -kFar};
+    Point least{INT32_MAX, INT32_MAX};
+    Point most{INT32_MIN, INT32_MIN};
 };
 
-bool ReadRing(std::string_view text, feed::Ring& ring, Extent& extent) {
-    for (NumberReader reader(text); !reader.IsAtEnd();) {
-        feed::Position position;
-        if (!reader.ReadPosition(position)) return false;
-        if (!ring.empty()) {
-            const double jump = position.longitude - ring.back().longitude;
-            if (std::abs(jump) > kFullTurn / 2)
-                position.longitude -= kFullTurn * std::round(jump / kFullTurn);
-        }
-        ring.push_back(position);
-        extent.least.latitude = std::min(extent.least.latitude, position.latitude);
-        extent.least.longitude = std::min(extent.least.longitude, position.longitude);
-        extent.most.latitude = std::max(extent.most.latitude, position.latitude);
-        extent.most.longitude = std::max(extent.most.longitude, position.longitude);
+feed::Position ToPosition(const Point& point) {
+    return {static_cast<double>(point.latitude) / kDegree,
+            static_cast<double>(point.longitude) / kDegree};
+}
+
+// Calls `visit` for each point of a polygon. A longitude does not jump at 180 degrees, but counts
+// on. Returns false if the polygon cannot be read.
+template <class Visit>
+bool ReadRing(std::string_view text, const Visit& visit) {
+    constexpr std::int32_t kFarthestTurn = 3 * kTurn;
+    constexpr int kFewest = 3;
+    int count = 0;
+    Point last;
+    for (NumberReader reader(text); !reader.IsAtEnd(); ++count) {
+        Point point;
+        if (!reader.ReadPoint(point)) return false;
+        while (count > 0 && point.longitude - last.longitude > kTurn / 2) point.longitude -= kTurn;
+        while (count > 0 && point.longitude - last.longitude < -kTurn / 2) point.longitude += kTurn;
+        if (std::abs(point.longitude) > kFarthestTurn) return false;
+        visit(point);
+        last = point;
     }
-    constexpr std::size_t kFewestPositions = 3;
-    return ring.size() >= kFewestPositions;
+    return count >= kFewest;
 }
 
 // Whether the place may be within kFarthest of the extent.
 bool IsNear(const Extent& extent, const feed::Position& place) {
     constexpr double kMargin = kFarthest / kDegreeOfLatitude;
+    constexpr double kFullTurn = 360;
+    const feed::Position least = ToPosition(extent.least);
+    const feed::Position most = ToPosition(extent.most);
     const double shrink = std::cos(place.latitude * std::numbers::pi / 180);
     const double sideMargin = kMargin / std::max(shrink, kMargin);
     const double eastward =
-        std::fmod(place.longitude - extent.least.longitude + sideMargin + 4 * kFullTurn, kFullTurn);
-    return place.latitude >= extent.least.latitude - kMargin &&
-           place.latitude <= extent.most.latitude + kMargin &&
-           eastward <= extent.most.longitude - extent.least.longitude + 2 * sideMargin;
+        std::fmod(place.longitude - least.longitude + sideMargin + 5 * kFullTurn, kFullTurn);
+    return place.latitude >= least.latitude - kMargin &&
+           place.latitude <= most.latitude + kMargin &&
+           eastward <= most.longitude - least.longitude + 2 * sideMargin;
 }
 
-// Reads only as far as needed: most polygons of a large area are nowhere near the place.
+// Most polygons of a large area are nowhere near the place, which their extents show.
 std::optional<double> DistanceToPolygon(std::string_view text, const feed::Position& place) {
-    feed::Ring ring;
     Extent extent;
-    if (!ReadRing(text, ring, extent)) return std::nullopt;
+    const bool isRing = ReadRing(text, [&](const Point& point) {
+        extent.least.latitude = std::min(extent.least.latitude, point.latitude);
+        extent.least.longitude = std::min(extent.least.longitude, point.longitude);
+        extent.most.latitude = std::max(extent.most.latitude, point.latitude);
+        extent.most.longitude = std::max(extent.most.longitude, point.longitude);
+    });
+    if (!isRing) return std::nullopt;
     if (!IsNear(extent, place)) return kFar;
+    feed::Ring ring;
+    ReadRing(text, [&](const Point& point) { ring.push_back(ToPosition(point)); });
     return feed::DistanceTo({{std::move(ring)}}, place);
 }
 
@@ -132,11 +165,10 @@ double DistanceBetween(const feed::Position& left, const feed::Position& right) 
 
 std::optional<double> DistanceToCircle(std::string_view text, const feed::Position& place) {
     NumberReader reader(text);
-    feed::Position centre;
+    Point centre;
     double radius = 0;
-    if (!reader.ReadPosition(centre) || !reader.ReadNumber(radius) || !reader.IsAtEnd())
-        return std::nullopt;
-    const double distance = std::max(DistanceBetween(centre, place) - radius, 0.0);
+    if (!reader.ReadPoint(centre) || !reader.ReadRadius(radius)) return std::nullopt;
+    const double distance = std::max(DistanceBetween(ToPosition(centre), place) - radius, 0.0);
     return distance <= kFarthest ? distance : kFar;
 }
 

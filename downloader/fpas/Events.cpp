@@ -101,7 +101,10 @@ class Chains {
         const Alert& alert = *alerts_[at];
         const feed::KnownEvent event{identity, 0, 0};
         identities_[at] = identity;
-        memory_.Remember(IdentifierKey(alert.sender, alert.identifier), event, now_);
+        const std::string key = IdentifierKey(alert.sender, alert.identifier);
+        memory_.Remember(key, event, now_);
+        // Some senders use an identifier for several alerts at a time.
+        memory_.Remember(key + textKeys_[at], event, now_);
         if (!alert.infos.empty()) memory_.Remember(textKeys_[at], event, now_);
     }
 
@@ -109,7 +112,9 @@ class Chains {
     void Find(std::size_t at) {
         const Alert& alert = *alerts_[at];
         const std::string& textKey = textKeys_[at] = TextKey(alert);
-        const feed::KnownEvent* known = memory_.Find(IdentifierKey(alert.sender, alert.identifier));
+        const std::string key = IdentifierKey(alert.sender, alert.identifier);
+        const feed::KnownEvent* known = memory_.Find(key + textKey);
+        if (!known) known = memory_.Find(key);
         for (const Reference& reference : ReferencesOf(alert))
             if (!known) known = memory_.Find(IdentifierKey(reference.sender, reference.identifier));
         if (!known) known = memory_.Find(textKey);
