@@ -188,10 +188,13 @@ std::string BuildAlertPage(const PageData& data) {
     std::string html =
         "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
-        "style-src 'unsafe-inline'; base-uri 'none'; form-action 'none'\">\n"
+        "style-src 'sha256-";
+    html.append(kPageStyleHash);
+    html +=
+        "'; base-uri 'none'; form-action 'none'\">\n"
         "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
         "<meta name=\"referrer\" content=\"no-referrer\">\n"
-        "<title>Weather alerts - Skyvane Alerts</title>\n<style>\n";
+        "<title>Weather alerts - Skyvane Alerts</title>\n<style>";
     html.append(kPageStyle)
         .append("</style>\n</head>\n<body>\n<header>\n<h1>Weather alerts</h1>\n");
     AppendElement(html, "p",

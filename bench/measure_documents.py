@@ -1,4 +1,4 @@
-"""Reading and creating feed documents."""
+"""Reading and creating feed documents, and writing the alert page."""
 
 import copy
 import json
@@ -7,6 +7,7 @@ import subprocess
 
 from paths import PRODUCT, PROGRAMS, ROOT, SCRATCH
 from report import compare, print_line
+from stopwatch import run_bench
 
 from stores import windows_path
 
@@ -71,3 +72,16 @@ def measure_live(stopwatch, feed):
                peak <= 3 * size)
     print_line("live: slowest look-up of a place", f"{float(look_up):.2f} ms", "", "", "<= 5 ms",
                float(look_up) <= 5)
+
+
+def measure_page(stopwatch, feed):
+    """Collecting, building and writing the page of 60 alerts; the baseline only writes a file of its length."""
+    for store in ("ini", "registry"):
+        times = run_bench("pageBench", store)
+        [length], file = times.pop("bytes"), times.pop("file")
+        for name, what in (("page", "page of 60 alerts written"), ("stored", "same, and stored alerts read")):
+            page, least = statistics.median(times[name]), min(times[name])
+            print_line(f"{what} ({store})", f"{page:.1f} ({least:.1f}) ms",
+                       f"{statistics.median(file):.1f} ({min(file):.1f}) ms",
+                       f"{page / statistics.median(file):.1f} ({least / min(file):.1f})", "<= 20 ms", page <= 20)
+    print(f"    the page has {length:,.0f} bytes; the baseline writes a file of this length")

@@ -65,9 +65,9 @@ def write_store(feed, codes):
         b"".join(station_line(f"Place {code} (Station {code})", code) + b"\r\n" for code in codes))
 
 
-def run_bench(name):
+def run_bench(name, *arguments):
     """Runs a bench program and returns its figures by name."""
-    lines = subprocess.run(["wine", str(PROGRAMS / f"{name}.exe")], check=True, stdout=subprocess.PIPE,
+    lines = subprocess.run(["wine", str(PROGRAMS / f"{name}.exe"), *arguments], check=True, stdout=subprocess.PIPE,
                            text=True).stdout.split("\n")
     figures = {}
     for word, milliseconds in (line.split() for line in lines if line.strip()):

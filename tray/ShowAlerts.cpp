@@ -3,6 +3,8 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -55,9 +57,14 @@ bool IsOld(const alerts::PlaceAnswer& answer) {
 }
 
 alerts::PageData Collect(const std::string& chosen) {
-    // First, because it handles messages.
-    const auto section = settings::ReadSection(settings::kAlerts);
+    // First, because both reads handle messages. The second is slow in a registry of many values.
     const std::string feed = settings::FeedHost();
+    const auto isKnown = [&feed](const std::string& code) {
+        return alerts::FindAnswer(code, feed).isKnown;
+    };
+    std::optional<std::map<std::string, std::string>> section;
+    if (!std::ranges::all_of(CodesInOrder(chosen), isKnown))
+        section = settings::ReadSection(settings::kAlerts);
     alerts::PageData data;
     data.written = win::GeneralDateNow();
     data.source = settings::OwnSourceName();
@@ -77,13 +84,15 @@ alerts::PageData Collect(const std::string& chosen) {
 
 }  // namespace
 
-void ShowAlerts(const std::string& code) {
+bool WriteAlertPage(const std::string& code, const std::string& path) {
     const std::string page = alerts::BuildAlertPage(Collect(code));
-    const std::string path = settings::State().dataFolder + "\\Alerts.html";
+    return win::WriteFileAtomically(path, win::ToUtf8(win::ToWide(page)));
+}
+
+void ShowAlerts(const std::string& code) {
     settings::MakeDataFolder();
-    if (win::WriteFileAtomically(path, win::ToUtf8(win::ToWide(page))) &&
-        win::OpenDocument(TrayWindow(), path))
-        return;
+    const std::string path = settings::State().dataFolder + "\\Alerts.html";
+    if (WriteAlertPage(code, path) && win::OpenDocument(TrayWindow(), path)) return;
     win::OpenInBrowser(TrayWindow(), settings::SubstitutePage(code));
 }
 

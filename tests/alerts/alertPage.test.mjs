@@ -30,6 +30,7 @@ for (const [name, alerts] of [["no-alerts", 0], ["one-alert", 1], ["sixty-alerts
             assert.equal(await page.title(), "Weather alerts - Skyvane Alerts");
             assert.equal(await page.locator("article").count(), alerts);
             assert.equal(await page.evaluate(() => document.documentElement.scrollWidth), 400);
+            assert.equal(await page.evaluate(() => getComputedStyle(document.body).maxWidth), "832px", "no style");
             assert.equal(await page.locator("script, img, [onerror]").count(), 0);
             assert.deepEqual(faults, []);
             // The page allows no scripts, but those of the test's own world run.
