@@ -33,7 +33,10 @@ class BodyWriter {
     explicit BodyWriter(std::string& html) : html_(html) {}
 
     void AddLine(std::string_view line) {
-        if (line.empty()) return Close();
+        if (line.empty()) {
+            if (state_ == State::Paragraph) Close();  // a list ends only with the next text
+            return;
+        }
         const bool isItem = line.starts_with("* ") || line.starts_with("- ");
         if (isItem) {
             if (state_ != State::List) Open(State::List, "<ul>\n");

@@ -25,7 +25,7 @@ std::string_view SeverityWord(Severity severity);
 void AppendText(std::string& html, std::string_view text);
 
 // Appends a body as paragraphs, which an empty line separates, and lists, whose items have lines
-// of their own and begin with "* " or "- ".
+// of their own, begin with "* " or "- ", and may have empty lines between them.
 void AppendBody(std::string& html, std::string_view body);
 
 }  // namespace alerts

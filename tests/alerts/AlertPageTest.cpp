@@ -72,7 +72,7 @@ TEST(AlertPage, ShowsTheWorstAlertFirstAndItsTextInParagraphsAndLists) {
         {{"1", "Watch", "Text.\n\nSeverity: Minor. Urgency: Future. Certainty: Possible."},
          {"2", "Odd", "No facts."},
          {"3", "Warning",
-          "One.\nTwo.\n* First\n- Second\nAfter.\n\nSeverity: Extreme. Urgency: Immediate. "
+          "One.\nTwo.\n* First\n\n- Second\nAfter.\n\nSeverity: Extreme. Urgency: Immediate. "
           "Certainty: Observed."}}));
     EXPECT_TRUE(Has(page, "3 alerts, the worst: Extreme"));
     EXPECT_TRUE(page.find("Warning</h3>") < page.find("Watch</h3>") &&

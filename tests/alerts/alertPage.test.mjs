@@ -30,9 +30,14 @@ for (const [name, alerts] of [["no-alerts", 0], ["one-alert", 1], ["sixty-alerts
             assert.equal(await page.title(), "Weather alerts - Skyvane Alerts");
             assert.equal(await page.locator("article").count(), alerts);
             assert.equal(await page.evaluate(() => document.documentElement.scrollWidth), 400);
-            assert.equal(await page.evaluate(() => getComputedStyle(document.body).maxWidth), "832px", "no style");
+            assert.equal(await page.evaluate(() => getComputedStyle(document.body).maxWidth), "736px", "no style");
             assert.equal(await page.locator("script, img, [onerror]").count(), 0);
             assert.deepEqual(faults, []);
+            if (alerts === 1) {
+                const alert = page.locator("main > details:first-child[open] > article:first-of-type");
+                assert.match(await alert.innerText(), /Second\n+Last\. (Long\. ?){300}/);
+                assert.ok((await alert.boundingBox()).y < 500);
+            }
             // The page allows no scripts, but those of the test's own world run.
             await page.evaluate(() => document.querySelectorAll("details").forEach((place) => { place.open = true; }));
             await page.evaluate(require("axe-core").source);

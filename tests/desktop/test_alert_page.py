@@ -46,10 +46,12 @@ def start(program, service):
 @pytest.mark.parametrize("registry", [False, True], ids=["ini", "registry"])
 def test_the_chosen_place_comes_first_with_the_whole_text(make_watcher, service, opened, registry):
     service.alerts = collection(HOSTILE)
-    program = make_watcher(*PLACES, registry=registry, options={"RetrieveAlertsOnStartup": "True"})
+    program = make_watcher(*PLACES, registry=registry,
+                           options={"RetrieveAlertsOnStartup": "True", "DisplayTrayAlert": "True"})
     user = user_name() if registry else "Default"
     start(program, service)
     program.wait_for_picture("new alerts")
+    wait_until(program.balloons, "the balloon")
     alerts = ["Tornado", *NOT_COVERED]
     choose(program, "Tornado", alerts=alerts, stations=NAMES)
     page = opened(program, user)

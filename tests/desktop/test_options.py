@@ -3,7 +3,7 @@
 import pytest
 
 from feed import LAWRENCE, PARIS, TORNADO
-from dialog import DIALOG, message_boxes
+from dialog import DIALOG, message_boxes, press, wait_for_message_box
 from harness import LEFT, find_windows, wait_until
 from options_dialog import OPTIONS, Options, answer_yes
 from stores import windows_path
@@ -62,6 +62,12 @@ def test_apply_during_a_retrieval(make_watcher, feed, browser):
     wait_until(lambda: feed.codes() == ["66044"], "the first station is requested")
     choose(program, "Options", stations=stations)
     options = Options()
+    options.click("Remove Station")
+    wait_for_message_box().answer("No")
+    options.press("alt+e")  # with the keyboard at Remove Station: Remove All
+    assert "all saved" in wait_for_message_box().text
+    press("Return")  # answers No
+    wait_until(lambda: not message_boxes(), "the question closes")
     options.click("Remove Station")
     answer_yes()
     options.click("Apply")

@@ -11,6 +11,7 @@ import stores
 from feed import FLOOD, LAWRENCE, TORNADO
 from harness import WM_CLOSE, click, processes, settled, station_line, visible_windows, wait_until
 from prefix import snapshot
+from tray_menu import choose
 
 ROOT = pathlib.Path(__file__).parents[2]
 ENTRY = r"\Software\Microsoft\Windows\CurrentVersion\Uninstall\SkyvaneAlerts"
@@ -350,7 +351,7 @@ def test_portable_in_a_read_only_and_a_writable_folder(package, tmp_path, make_p
     assert (folder / "Users" / "Default" / "Sounds" / "Bell.wav").exists()
 
 
-def test_drill(package, tmp_path, make_program):
+def test_drill(package, tmp_path, make_program, browser):
     with zipfile.ZipFile(only(package, ".zip")) as archive:
         archive.extractall(tmp_path / "stick")
     [folder] = (tmp_path / "stick").iterdir()
@@ -361,4 +362,8 @@ def test_drill(package, tmp_path, make_program):
     assert [(title, code) for _, title, code, _ in program.store.alerts()] == [("TEST: Tornado Warning", "66044")]
     wait_until(program.balloons, "the balloon")
     assert (folder / "Sounds" / program.store.read("Options", "TrayAlertSound")).exists()
+    choose(program, "TEST", alerts=["TEST"], stations=["Lawrence"])
+    page = folder / "Users" / "Drill" / "Alerts.html"
+    browser.wait_for(stores.windows_path(page))
+    assert "THIS IS ONLY A TEST." in page.read_text(encoding="utf-8")
     close(program)
