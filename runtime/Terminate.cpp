@@ -3,13 +3,14 @@
 #include <cstdlib>
 #include <exception>
 #include <new>
+#include <utility>
 
 // Replaces the parts of the C++ library that report exceptions, which these programs are built
-// without: its terminate handler prints to a console that they do not have, and its throwing
-// functions and operator new link the exception runtime, locales and old string classes, some
-// 150 KB in each program. Here everything that would throw ends the process. The file is linked
-// into each program as an object, so that its definitions precede those of the library, whose names
-// they have.
+// without: its terminate handler prints to a console that they do not have, and std::terminate, its
+// throwing functions and operator new link the exception runtime, locales and old string classes,
+// some 200 KB in each program. Here everything that would throw ends the process. The file is
+// linked into each program as an object, so that its definitions precede those of the library,
+// whose names they have.
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-redundant-declaration)
 namespace __gnu_cxx {
 
@@ -19,6 +20,25 @@ void __verbose_terminate_handler() {
 }
 
 }  // namespace __gnu_cxx
+
+namespace std {
+namespace {
+
+terminate_handler handler = nullptr;
+
+}  // namespace
+
+terminate_handler set_terminate(terminate_handler next) noexcept {
+    return exchange(handler, next);
+}
+
+void terminate() noexcept {
+    if (handler) handler();
+    TerminateProcess(GetCurrentProcess(), 3);
+    for (;;) Sleep(INFINITE);
+}
+
+}  // namespace std
 
 // Any other of the library's throwing functions must be added here when something calls it: it
 // would link the library's object with all of them, and the linker would report duplicate
@@ -67,6 +87,9 @@ void* operator new(std::size_t size) {
     void* const memory = std::malloc(size > 0 ? size : 1);
     if (!memory) std::terminate();
     return memory;
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return std::malloc(size > 0 ? size : 1);
 }
 void operator delete(void* memory) noexcept {
     std::free(memory);
