@@ -56,6 +56,32 @@ def make_answer(count, size):
     return json.dumps(answer).encode()
 
 
+def make_cap_document(part, size):
+    """Returns a recorded CAP document, made as long as `size` bytes by repeating one part of it."""
+    recorded = (ROOT / "tests/downloader/recorded/cap-ru-date-line.xml").read_bytes()
+    begin, end = recorded.index(b"<" + part + b">"), recorded.index(b"</" + part + b">") + len(part) + 3
+    repeated = recorded[begin:end] * ((size - len(recorded)) // (end - begin))
+    return recorded[:end] + repeated + recorded[end:]
+
+
+def measure_cap(stopwatch, feed):
+    """Answering with a long CAP document, and the memory needed for it; the baseline only parses the XML."""
+    file = SCRATCH / "alert.xml"
+    for part in (b"area", b"info"):
+        file.write_bytes(make_cap_document(part, 1_700_000))
+        *rounds, memory = subprocess.run(
+            ["wine", str(PROGRAMS / "capBench.exe"), windows_path(file)],
+            check=True, stdout=subprocess.PIPE, text=True).stdout.strip().split("\n")
+        made, parsed = zip(*(map(float, line.split()) for line in rounds))
+        name = {b"area": "areas", b"info": "blocks"}[part]
+        compare(f"CAP document of 1.7 MB, many {name}", [1000 * ms for ms in made],
+                [1000 * ms for ms in parsed], "us", 1.5)
+        size, peak = map(int, memory.split())
+        peak += size  # the document itself
+        print_line("    memory needed", f"{peak / 1e6:.2f} MB", f"{size / 1e6:.2f} MB", f"{peak / size:.2f}", "<= 4",
+                   peak <= 4 * size)
+
+
 def measure_live(stopwatch, feed):
     """Converting the live feed's longest answer, and the memory needed for it; the baseline only parses the
     JSON."""

@@ -1,7 +1,9 @@
 #include "downloader/fpas/Alert.h"
 
 #include <charconv>
+#include <cstring>
 #include <map>
+#include <set>
 #include <type_traits>
 #include <utility>
 
@@ -71,7 +73,8 @@ std::size_t StartOfLastCharacter(std::string_view text) {
     return start;
 }
 
-// Reads the elements of a document, and whether all texts are well-formed UTF-8.
+// Reads the elements of a document, and whether all texts are well-formed
+// UTF-8.
 class Reader {
   public:
     bool IsUtf8() const { return isUtf8_; }
@@ -84,19 +87,21 @@ class Reader {
             ReadField(child, kAlertFields, alert);
             if (child.Name() == "references") alert.references = WholeText(child);
         }
-        std::map<std::string, int> blocksOf;
+        std::map<std::string, std::set<std::string>> areasOf;  // by language
         for (const XmlElement block : blocks) {
             alert.infos.push_back(ReadInfo(block));
-            ++blocksOf[win::AsciiLower(alert.infos.back().language)];
+            areasOf[win::AsciiLower(alert.infos.back().language)].insert(
+                alert.infos.back().areaKey);
         }
         for (std::size_t at = 0; at < blocks.size(); ++at)
-            if (blocksOf[win::AsciiLower(alert.infos[at].language)] > 1)
+            if (areasOf[win::AsciiLower(alert.infos[at].language)].size() > 1)
                 ReadShapes(blocks[at], alert.infos[at]);
         return alert;
     }
 
   private:
-    // Returns the text; only the beginning of one that nobody would read to its end.
+    // Returns the text; only the beginning of one that nobody would read to its
+    // end.
     std::string Text(XmlElement element) {
         constexpr std::size_t kLongest = 32'768;
         constexpr std::size_t kLongestCharacter = 4;
@@ -149,17 +154,26 @@ class Reader {
         return info;
     }
 
-    // The sum of the hashes does not depend on the order of geocodes and shapes. The beginning of a
-    // shape is enough to tell it from another.
+    // Returns a hash of the shape: its length and both ends are enough to tell it
+    // from another.
+    static std::uint64_t HashOfShape(std::string_view shape) {
+        std::uint64_t words[4];
+        constexpr std::size_t kEnd = sizeof words / 2;
+        if (shape.size() < 2 * kEnd) return http::HashOf(shape);
+        std::memcpy(words, shape.data(), kEnd);
+        std::memcpy(words + 2, shape.data() + shape.size() - kEnd, kEnd);
+        std::uint64_t hash = shape.size();
+        for (const std::uint64_t word : words) hash = (hash ^ word) * kOdd;
+        return hash ^ hash >> 32;
+    }
+
+    // The sum of the hashes does not depend on the order of geocodes and shapes.
     Area ReadArea(XmlElement element, std::uint64_t& hash) {
-        constexpr std::size_t kBeginning = 32;
-        constexpr std::uint64_t kOdd = 31;
         Area area;
         for (XmlElement child = element.FirstChild(); child; child = child.Next()) {
             const std::string_view name = child.Name();
             if (name == "areaDesc") area.description = Text(child);
-            if (name == "polygon" || name == "circle")
-                hash += http::HashOf(child.FirstText().substr(0, kBeginning));
+            if (name == "polygon" || name == "circle") hash += HashOfShape(child.FirstText());
             if (name != "geocode") continue;
             std::uint64_t pair = 0;
             for (XmlElement part = child.FirstChild(); part; part = part.Next())
@@ -181,10 +195,13 @@ class Reader {
         }
     }
 
+    static constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;
+
     bool isUtf8_ = true;
 };
 
-// Calls `act` for each text of the owner in the tables, in the order in which they are packed.
+// Calls `act` for each text of the owner in the tables, in the order in which
+// they are packed.
 template <class Act, class Owner, std::size_t... sizes>
 void ForEachText(const Act& act, Owner& owner,
                  const Field<std::remove_const_t<Owner>> (&... tables)[sizes]) {
@@ -194,7 +211,8 @@ void ForEachText(const Act& act, Owner& owner,
     (visit(tables), ...);
 }
 
-// A number is its digits and ";"; a text is its length as a number, then its bytes.
+// A number is its digits and ";"; a text is its length as a number, then its
+// bytes.
 class Packer {
   public:
     explicit Packer(std::string& packed) : packed_(packed) {}

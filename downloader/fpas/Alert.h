@@ -9,7 +9,7 @@
 // cache. All texts are well-formed UTF-8 without white space at their ends; missing ones are empty.
 namespace fpas {
 
-// An area. Its shapes are only kept if the alert has several blocks of one language, because only
+// An area. Its shapes are only kept if blocks of one language have different areas, because only
 // then do they decide anything. An area without a shape is known by its geocodes to the server.
 struct Area {
     std::string description;

@@ -19,7 +19,8 @@ namespace {
 
 using Blocks = std::vector<const Info*>;
 
-// The blocks of one event in an alert. They may differ in area, time or severity.
+// The blocks of one event in an alert. They may differ in area, time or
+// severity.
 struct Entry {
     const Alert* alert = nullptr;
     Blocks blocks;  // the most severe first
@@ -29,7 +30,8 @@ int SeverityRank(const Info* info) {
     return feed::SeverityRank(info->severity, info->urgency);
 }
 
-// The distance from the place to the block: 0 if it has an area without a readable shape.
+// The distance from the place to the block: 0 if it has an area without a
+// readable shape.
 double DistanceTo(const Info& info, const feed::Position& place) {
     if (info.areas.empty()) return 0;
     double nearest = DistanceTo(info.areas.front(), place).value_or(0);
@@ -38,11 +40,12 @@ double DistanceTo(const Info& info, const feed::Position& place) {
     return nearest;
 }
 
-// Returns the blocks that concern the place, of several in one language. If the place is in none of
-// them, it is those that the server has found near it, within a box of about 1 km to each side.
+// Returns the blocks that concern the place, of all in one language: those that
+// hold it or have no shapes, as blocks for one area. If none does, it is those
+// that the server has found near the place, within a box of about 1 km to each
+// side.
 Blocks ChooseByPlace(const Blocks& blocks, const feed::Position& place) {
     constexpr double kToCorner = 1.6;  // kilometres
-    if (blocks.size() == 1) return blocks;
     Blocks holding;
     Blocks near;
     for (const Info* const block : blocks) {
@@ -53,8 +56,9 @@ Blocks ChooseByPlace(const Blocks& blocks, const feed::Position& place) {
     return holding.empty() ? near : holding;
 }
 
-// Returns the blocks that are shown. If no block of the best language is in force at the place,
-// blocks of others may be: an alert in a foreign language is better than none.
+// Returns the blocks that are shown. If no block of the best language is in
+// force at the place, blocks of others may be: an alert in a foreign language
+// is better than none.
 Choice ChooseBlocks(const Alert& alert, const feed::Position& place, std::string_view language,
                     std::int64_t now) {
     std::vector<Blocks> languages;
@@ -93,7 +97,8 @@ bool SaySame(const Info& left, const Info& right) {
            left.instruction == right.instruction && left.senderName == right.senderName;
 }
 
-// Returns the texts of the entry, paragraph by paragraph. Blocks that say the same are one.
+// Returns the texts of the entry, paragraph by paragraph. Blocks that say the
+// same are one.
 std::string Body(const Entry& entry, std::string_view title) {
     std::string body;
     const Info& worst = *entry.blocks.front();
@@ -131,8 +136,9 @@ const std::string& FirstEvent(const Alert& alert, std::string_view language) {
         ->event;
 }
 
-// Returns the entries of the choices, one for each event that an alert names. The first event of an
-// alert has the identity of the alert, the others have their own.
+// Returns the entries of the choices, one for each event that an alert names.
+// The first event of an alert has the identity of the alert, the others have
+// their own.
 std::vector<feed::RankedAlert> MakeEntries(const std::vector<const Alert*>& alerts,
                                            const std::vector<Choice>& choices,
                                            std::vector<Entry>& entries) {
@@ -165,14 +171,17 @@ void AddUnreadable(feed::AlertDocument& xml, const Document& document) {
     std::string body = "An alert for this place cannot be read. It comes from ";
     body.append(document.alert && !document.alert->sender.empty() ? document.alert->sender
                                                                   : document.address);
-    body.append(".\n\nRead the news of your weather service, or look at the alert itself: ");
+    body.append(
+        ".\n\nRead the news of your weather service, or look at the "
+        "alert itself: ");
     xml.Add(feed::ShortIdentity("unreadable " + document.uuid), "Unreadable alert",
             body.append(document.address));
 }
 
 void AddMore(feed::AlertDocument& xml, std::string_view code) {
     xml.Add(feed::ShortIdentity("more alerts " + std::string(code)), "More alerts than can be read",
-            "There are more alerts for this place than the program reads. The newest " +
+            "There are more alerts for this place than the program reads. The "
+            "newest " +
                 win::Decimal(static_cast<long long>(kMostDocuments)) +
                 " have been read. Read the news of your weather service too.");
 }

@@ -6,8 +6,9 @@
 #include <cstdlib>
 #include <limits>
 #include <numbers>
-#include <string>
 #include <string_view>
+
+#include "win/Text.h"
 
 namespace fpas {
 namespace {
@@ -20,7 +21,8 @@ bool IsWhite(char c) {
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
 
-// A position in millionths of a degree: integers are read several times as fast.
+// A position in millionths of a degree: integers are read several times as
+// fast.
 struct Point {
     std::int32_t latitude = 0;
     std::int32_t longitude = 0;
@@ -60,7 +62,8 @@ class NumberReader {
         return whole + fraction > 0;
     }
 
-    // Reads a pair of degrees that can be a position; some senders count on past 180 degrees.
+    // Reads a pair of degrees that can be a position; some senders count on past
+    // 180 degrees.
     bool ReadPoint(Point& point) {
         if (!ReadMillionths(point.latitude) || IsAtEnd() || *at_ != ',') return false;
         ++at_;
@@ -71,19 +74,23 @@ class NumberReader {
     // Reads the number of kilometres at the end of a circle.
     bool ReadRadius(double& radius) {
         if (IsAtEnd()) return false;
-        const std::string text(at_, end_);
-        char* end = nullptr;
-        radius = std::strtod(text.c_str(), &end);
-        return *end == 0 && radius >= 0;
+        const std::string_view text(at_, static_cast<std::size_t>(end_ - at_));
+        radius = win::LeadingNumber(text);
+        return win::IsNumeric(text) && radius >= 0;
     }
 
   private:
     static bool IsDigit(char c) { return static_cast<unsigned char>(c - '0') < 10; }
 
+    // Works on copies, which the compiler keeps in registers.
     int ReadDigits(std::int32_t& value, int most) {
-        int count = 0;
-        for (; count < most && at_ != end_ && IsDigit(*at_); ++count, ++at_)
-            value = value * 10 + (*at_ - '0');
+        const char* at = at_;
+        const char* const last = end_ - at < most ? end_ : at + most;
+        std::int32_t read = value;
+        for (; at != last && IsDigit(*at); ++at) read = read * 10 + (*at - '0');
+        value = read;
+        const auto count = static_cast<int>(at - at_);
+        at_ = at;
         return count;
     }
 
@@ -102,8 +109,8 @@ feed::Position ToPosition(const Point& point) {
             static_cast<double>(point.longitude) / kDegree};
 }
 
-// Calls `visit` for each point of a polygon. A longitude does not jump at 180 degrees, but counts
-// on. Returns false if the polygon cannot be read.
+// Calls `visit` for each point of a polygon. A longitude does not jump at 180
+// degrees, but counts on. Returns false if the polygon cannot be read.
 template <class Visit>
 bool ReadRing(std::string_view text, const Visit& visit) {
     constexpr std::int32_t kFarthestTurn = 3 * kTurn;
@@ -137,7 +144,8 @@ bool IsNear(const Extent& extent, const feed::Position& place) {
            eastward <= most.longitude - least.longitude + 2 * sideMargin;
 }
 
-// Most polygons of a large area are nowhere near the place, which their extents show.
+// Most polygons of a large area are nowhere near the place, which their extents
+// show.
 std::optional<double> DistanceToPolygon(std::string_view text, const feed::Position& place) {
     Extent extent;
     const bool isRing = ReadRing(text, [&](const Point& point) {
@@ -153,7 +161,8 @@ std::optional<double> DistanceToPolygon(std::string_view text, const feed::Posit
     return feed::DistanceTo({{std::move(ring)}}, place);
 }
 
-// The distance along the surface, which is also accurate for the large circles of earthquakes.
+// The distance along the surface, which is also accurate for the large circles
+// of earthquakes.
 double DistanceBetween(const feed::Position& left, const feed::Position& right) {
     constexpr double kRadian = std::numbers::pi / 180;
     const double north = std::sin((right.latitude - left.latitude) * kRadian / 2);

@@ -25,11 +25,13 @@ TEST(PackAlert, KeepsWhatWasRead) {
     EXPECT_FALSE(UnpackAlert("skyvane-cap-1;1;\xFF" + packed.substr(17)));
 }
 
-TEST(ReadAlert, CutsLongTexts) {
+TEST(ReadAlert, CutsLongTextsButNoReferences) {
     std::string words;
     for (int i = 0; i < 20'000; ++i) words += "ж";
-    const auto alert = ReadAlert(Document({}, Block({{"description", words}})));
+    const auto alert =
+        ReadAlert(Document({{"references", words}}, Block({{"description", words}})));
     ASSERT_TRUE(alert);
+    EXPECT_EQ(alert->references, words);
     EXPECT_EQ(alert->infos[0].description.substr(32'760), "жжж...");
 }
 

@@ -180,10 +180,14 @@ TEST(BuildAlertDocument, ChoosesTheBlocksOfThePlace) {
         EXPECT_EQ(All("title", {document}, {.place = c.place}), c.isShown ? Texts{"Snow"} : Texts{})
             << c.area;
     }
-    // The server has found the area of a block that is alone.
+    // The server has found the area of a block that is alone, and of blocks for
+    // one area.
     EXPECT_EQ(All("title", {Document({}, Block({{"area", far}}))}), Texts{"Storm"});
+    const std::string same = Block({{"area", far}}) + Block({{"event", "Snow"}, {"area", far}});
+    EXPECT_EQ(All("id", {Document({}, same)}).size(), 2u);
     // An alert in another language is better than none.
-    EXPECT_EQ(All("title", {Document({}, Block({{"area", far}}) + Block({{"area", far}}) +
+    const std::string alsoFar = polygon("0,0 0,1 1,1 1,-1");
+    EXPECT_EQ(All("title", {Document({}, Block({{"area", far}}) + Block({{"area", alsoFar}}) +
                                              Block({{"language", "de"}, {"event", "Sturm"}}))}),
               Texts{"Sturm"});
 }
@@ -224,10 +228,16 @@ TEST(BuildAlertDocument, KeepsTheIdentifierOfAnEvent) {
     // Issued again without a reference.
     EXPECT_EQ(identify({Document({{"identifier", "d"}, {"sent", later}})}), first);
     EXPECT_EQ(identify({Document({}), Document({{"identifier", "d"}, {"sent", later}})}), first);
+    EXPECT_EQ(identify({Document({{"identifier", "g"}}, Block({{"event", "Update"}}))}), first);
     // The same words for another event.
     EXPECT_NE(
         identify({Document({{"identifier", "e"}}, Block({{"onset", "2026-07-15T18:30:00Z"}}))}),
         first);
+    // The same event in another language, from a document that was sent before
+    // the known one.
+    const std::string french = Document({{"identifier", "h"}, {"sent", "2026-07-15T15:00:00Z"}},
+                                        Block({{"language", "fr"}, {"event", "Orage"}}));
+    EXPECT_EQ(identify({french, Document({})}), first);
     // Two updates divide the area of an alert.
     const std::string half = Document({{"identifier", "f"},
                                        {"msgType", "Update"},
