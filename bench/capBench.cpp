@@ -18,7 +18,7 @@ int main(int count, char** arguments) {
     if (count != 2) return 1;
     const auto bytes = win::ReadWholeFile(arguments[1]);
     if (!bytes) return 1;
-    constexpr std::int64_t kNow = 1740909600;  // 2 March 2025, when the recorded alert is in force
+    constexpr std::int64_t kNow = 1740787200;  // 1 March 2025, when the recorded alert is in force
     constexpr int kRounds = 15;
     std::size_t before = 0;
     for (int round = -1; round < kRounds; ++round) {

@@ -58,7 +58,7 @@ def make_answer(count, size):
 
 def make_cap_document(part, size):
     """Returns a recorded CAP document, made as long as `size` bytes by repeating one part of it."""
-    recorded = (ROOT / "tests/downloader/recorded/cap-ru-date-line.xml").read_bytes()
+    recorded = (ROOT / "tests/downloader/recorded/cap-us-polygons.xml").read_bytes()
     begin, end = recorded.index(b"<" + part + b">"), recorded.index(b"</" + part + b">") + len(part) + 3
     repeated = recorded[begin:end] * ((size - len(recorded)) // (end - begin))
     return recorded[:end] + repeated + recorded[end:]

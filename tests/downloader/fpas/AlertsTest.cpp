@@ -55,6 +55,7 @@ TEST(BuildAlertDocument, ReadsRecordedAlerts) {
         {"cap-ie-geocodes.xml", "2025-04-14T18:59:59Z", {"Small Craft"}},
         {"cap-ie-geocodes.xml", "2025-04-14T19:00:00Z", {}},
         {"cap-ru-date-line.xml", "2025-03-02T10:00:00Z", {"Ветер"}},
+        {"cap-us-polygons.xml", "2025-03-01T00:00:00Z", {"Special Weather Statement"}},
         {"cap-mo-all-clear.xml", "2025-04-13T06:00:00Z", {}},
         {"cap-gdacs-past.xml", "2025-03-01T23:00:00Z", {}},
     };
