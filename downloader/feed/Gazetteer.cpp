@@ -68,7 +68,6 @@ std::optional<Gazetteer> OpenGazetteer(std::string_view bytes) {
         {&gazetteer.countries, CountryRecord::kSize},
         {&gazetteer.regions, RegionRecord::kSize},
         {&gazetteer.cities, CityRecord::kSize},
-        {&gazetteer.cityNumbers, CityNumberRecord::kSize},
         {&gazetteer.otherNames, OtherNameRecord::kSize},
         {&texts, 1},
     };
@@ -110,17 +109,12 @@ std::optional<Place> FindZipCode(const Gazetteer& gazetteer, std::string_view zi
 std::optional<Place> FindCity(const Gazetteer& gazetteer, std::string_view code) {
     if (!IsCityCode(code)) return std::nullopt;
     const auto number = ParseNumber(code.substr(1));
-    const auto cityAt = [&](std::size_t index) {
-        return gazetteer.cityNumbers.Number(index, 0, CityNumberRecord::kSize);
-    };
-    const auto numberAt = [&](std::size_t index) {
-        return gazetteer.cities.Number(cityAt(index), CityRecord::kNumber, 3);
-    };
-    const std::size_t count = gazetteer.cityNumbers.Count();
-    const std::size_t index =
-        PartitionPoint(0, count, [&](std::size_t middle) { return numberAt(middle) < *number; });
-    if (index == count || numberAt(index) != *number) return std::nullopt;
-    return CityAt(gazetteer, cityAt(index));
+    // They are sorted by name. A table of their order by number would take more space than it is
+    // worth: this takes less than a millisecond.
+    for (std::size_t index = 0; index < gazetteer.cities.Count(); ++index)
+        if (gazetteer.cities.Number(index, CityRecord::kNumber, 3) == *number)
+            return CityAt(gazetteer, index);
+    return std::nullopt;
 }
 
 Place TownAt(const Gazetteer& gazetteer, std::size_t index) {

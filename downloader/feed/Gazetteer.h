@@ -29,7 +29,6 @@ struct Gazetteer {
     Table countries;  // the others
     Table regions;
     Table cities;
-    Table cityNumbers;
     Table otherNames;
     std::string_view texts;
 };

@@ -2,28 +2,28 @@
 #include <cstddef>
 
 // The records of the gazetteer: the offset of each number in its record. Every text is an offset
-// of 3 bytes in the texts; populations and coordinates have 3 bytes, indexes 2, if nothing else is
+// of 3 bytes in the texts; coordinates have 3 bytes, populations and indexes 2, if nothing else is
 // said.
 namespace feed {
 
 // Of towns and cities alike.
 struct PlaceRecord {
     static constexpr std::size_t kName = 0;
-    static constexpr std::size_t kPopulation = 3;
+    static constexpr std::size_t kPopulation = 3;  // only fit for comparison
 };
 
 struct TownRecord : PlaceRecord {
-    static constexpr std::size_t kZipCode = 6;  // index of one of its ZIP codes
-    static constexpr std::size_t kState = 8;    // 1 byte
-    static constexpr std::size_t kSize = 9;
+    static constexpr std::size_t kZipCode = 5;  // index of one of its ZIP codes
+    static constexpr std::size_t kState = 7;    // 1 byte
+    static constexpr std::size_t kSize = 8;
 };
 
 struct CityRecord : PlaceRecord {
-    static constexpr std::size_t kRegion = 6;  // and kIsRegionShown
-    static constexpr std::size_t kNumber = 8;  // of GeoNames, 3 bytes
-    static constexpr std::size_t kLatitude = 11;
-    static constexpr std::size_t kLongitude = 14;
-    static constexpr std::size_t kSize = 17;
+    static constexpr std::size_t kRegion = 5;  // and kIsRegionShown
+    static constexpr std::size_t kNumber = 7;  // of GeoNames, 3 bytes
+    static constexpr std::size_t kLatitude = 10;
+    static constexpr std::size_t kLongitude = 13;
+    static constexpr std::size_t kSize = 16;
     // The highest bit of the region: the country has several cities of the name.
     static constexpr unsigned kIsRegionShown = 0x8000;
 };
@@ -54,11 +54,6 @@ struct ZipCodeRecord {
     static constexpr std::size_t kLongitude = 8;
     static constexpr std::size_t kReach = 11;  // in quarters of a kilometre, 1 byte
     static constexpr std::size_t kSize = 12;
-};
-
-// The order of the cities by number: an index.
-struct CityNumberRecord {
-    static constexpr std::size_t kSize = 2;
 };
 
 struct OtherNameRecord {

@@ -200,7 +200,7 @@ class Search {
         const Table& places = isCity ? gazetteer_.cities : gazetteer_.towns;
         if (isCity ? filter_.AllowsCity(index) : filter_.AllowsTown(index))
             candidates_.push_back(
-                {match, places.Number(index, PlaceRecord::kPopulation, 3), isCity, index});
+                {match, places.Number(index, PlaceRecord::kPopulation, 2), isCity, index});
     }
 
     const Gazetteer& gazetteer_;

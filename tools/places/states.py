@@ -12,7 +12,7 @@ import pathlib
 import re
 
 from folding import fold
-from tables import number, position
+from tables import number, population, position
 
 # The reach of a ZIP code is a part of the distance to its nearest neighbour, within bounds in kilometres. By
 # bench/run area, this part misses few towns of a warned area and warns few others.
@@ -41,7 +41,6 @@ ISLAND_CODES = {
     "AS": {"96799": "Pago Pago"},
     "MP": {"96950": "Saipan", "96951": "Rota", "96952": "Tinian"},
 }
-
 
 
 def read_centres(path):
@@ -140,7 +139,7 @@ def find_reaches(joined):
 
 
 def find_towns(joined, census_spellings, populations):
-    """Returns (folded name, state, name, population, ZIP codes) of each town, in the order of their names.
+    """Returns (folded name, state, name, inhabitants, ZIP codes) of each town, in the order of their names.
 
     Names that compare equal share one entry, in the Census's spelling or the most frequent one.
     """
@@ -152,8 +151,8 @@ def find_towns(joined, census_spellings, populations):
     for (folded, state), codes in groups.items():
         used = max((joined[code][:2] for code in codes), key=lambda named: spellings[named])[0]
         name = census_spellings.get((folded, state), used)
-        population = populations.get((folded, state)) or populations.get((folded + "city", state), 0)
-        towns.append((folded, state, name, population, codes))
+        inhabitants = populations.get((folded, state)) or populations.get((folded + "city", state), 0)
+        towns.append((folded, state, name, inhabitants, codes))
     return sorted(towns, key=lambda town: (town[0].encode(), -town[3], -len(town[4]), town[1]))
 
 
@@ -163,8 +162,8 @@ def pack_states(data, joined, state_names, towns):
     index_of = {code: index for index, code in enumerate(codes)}
     town_of = {code: index for index, town in enumerate(towns) for code in town[4]}
     data.add(state.encode() + data.text(state_names[state]) for state in states)
-    data.add(data.text(name) + number(population, 3) + number(index_of[town_codes[0]], 2) +
-             number(states.index(state), 1) for _, state, name, population, town_codes in towns)
+    data.add(data.text(name) + population(inhabitants) + number(index_of[town_codes[0]], 2) +
+             number(states.index(state), 1) for _, state, name, inhabitants, town_codes in towns)
     data.add(number(int(code), 3) + number(town_of[code], 2) + position(*joined[code][2:]) +
              number(round(reaches[code] * 4), 1) for code in codes)
 

@@ -13,6 +13,12 @@ def position(latitude, longitude):
     return b"".join(round(degrees * 10000).to_bytes(3, "little", signed=True) for degrees in (latitude, longitude))
 
 
+def population(inhabitants):
+    """Returns a population for comparison, in 2 bytes: its first 11 bits and by how much they are shifted."""
+    shift = max(inhabitants.bit_length() - 11, 0)
+    return number(shift << 11 | inhabitants >> shift, 2)
+
+
 class Tables:
     def __init__(self):
         self.texts, self.offsets, self.tables = bytearray(), {}, []

@@ -7,7 +7,7 @@ import unicodedata
 
 from folding import fold, name_hash
 from states import distance
-from tables import number, position
+from tables import number, population, position
 
 TERRITORIES = {"AS", "GU", "MP", "PR", "VI"}  # of the United States: their ZIP codes are in the gazetteer
 FEWEST_INHABITANTS = 5000
@@ -177,7 +177,7 @@ def find_other_names(path, cities):
 
 
 def pack_world(data, cities, country_names, regions, other_names):
-    """Adds the tables of the countries, the regions, the cities, their numbers and their other names."""
+    """Adds the tables of the countries, the regions, the cities and their other names."""
     countries = sorted({city.country for city in cities})
     region_names = name_regions(cities, regions)
     keys = [(city.country, region_names[city.number][0]) for city in cities]
@@ -185,10 +185,9 @@ def pack_world(data, cities, country_names, regions, other_names):
     data.add(country.encode() + data.text(country_names[country]) + data.text(OTHER_COUNTRY_NAMES.get(country, ""))
              for country in countries)
     data.add(data.text(region) + number(countries.index(country), 1) for country, region in region_index)
-    data.add(data.text(city.name) + number(min(city.population, 0xFFFFFF), 3) +
+    data.add(data.text(city.name) + population(city.population) +
              number(region_index[key] | region_names[city.number][1] << 15, 2) + number(city.number, 3) +
              position(city.latitude, city.longitude) for city, key in zip(cities, keys))
-    data.add(number(index, 2) for index in sorted(range(len(cities)), key=lambda index: cities[index].number))
     data.add(number(hashed, 4) + number(index, 2) for hashed, index in other_names)
 
 

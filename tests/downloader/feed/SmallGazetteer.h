@@ -23,14 +23,14 @@ inline std::string SmallGazetteer() {
         return offset;
     };
     const auto town = [&](const char* name, int population, int zipCode, int state) {
-        return add(name) + Number(population, 3) + Number(zipCode, 2) + Number(state, 1);
+        return add(name) + Number(population, 2) + Number(zipCode, 2) + Number(state, 1);
     };
     const auto zipCode = [](int code, int town) {
         return Number(code, 3) + Number(town, 2) + Number(401234, 3) + Number(-891000 - town, 3) +
                Number(25, 1);
     };
     const auto city = [&](const char* name, int population, int region, bool isShown, int number) {
-        return add(name) + Number(population, 3) + Number(region | (isShown ? 0x8000 : 0), 2) +
+        return add(name) + Number(population, 2) + Number(region | (isShown ? 0x8000 : 0), 2) +
                Number(number, 3) + Number(473667, 3) + Number(-85500, 3);
     };
     const auto otherName = [](const char* folded, int city) {
@@ -52,7 +52,6 @@ inline std::string SmallGazetteer() {
         {city("London", 7556, 2, false, 2643743), city("London", 346, 0, true, 6058560),
          city("Springfield", 130, 2, false, 8), city("Zug", 2, 1, false, 5),
          city("Zürich", 341, 1, false, 2657896), city("Zürich (Kreis 3)", 46, 1, false, 6295532)},
-        {Number(3, 2), Number(2, 2), Number(0, 2), Number(4, 2), Number(1, 2), Number(5, 2)},
         {otherName("londres", 0)},
     };
     std::string counts, records;
