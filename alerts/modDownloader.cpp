@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "settings/ProgramState.h"
+#include "win/CodePage.h"
 #include "win/Files.h"
 #include "win/MessageLoop.h"
 #include "win/NeverDestroyed.h"
@@ -23,7 +24,7 @@ std::vector<const Download*>& downloads = win::NeverDestroyed<std::vector<const 
 // A job that ends its downloaders when this program ends, however it ends.
 HANDLE DownloaderJob() {
     static const HANDLE job = [] {
-        const HANDLE created = CreateJobObjectA(nullptr, nullptr);
+        const HANDLE created = CreateJobObjectW(nullptr, nullptr);
         JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
         limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
         SetInformationJobObject(created, JobObjectExtendedLimitInformation, &limits, sizeof limits);
@@ -59,16 +60,17 @@ win::KernelHandle StartDownloader(const std::string& address, const std::string&
                                   const std::string& statusFile) {
     const std::string& folder = settings::State().programFolder;
     const std::string program = folder + "\\dl.exe";
-    std::string commandLine = program + " " + DownloadArgument(address, dataFile, statusFile);
-    STARTUPINFOA startup{};
+    std::wstring commandLine =
+        win::ToWide(program + " " + DownloadArgument(address, dataFile, statusFile));
+    STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW | STARTF_FORCEOFFFEEDBACK;
     startup.wShowWindow = SW_SHOWMINIMIZED;
     PROCESS_INFORMATION process{};
     // The program is passed separately: in the command line alone, a space in its path would end
     // its name.
-    if (CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                       folder.c_str(), &startup, &process)) {
+    if (CreateProcessW(win::ToWide(program).c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0,
+                       nullptr, win::ToWide(folder).c_str(), &startup, &process)) {
         CloseHandle(process.hThread);
         AssignProcessToJobObject(DownloaderJob(), process.hProcess);
         return win::KernelHandle(process.hProcess);

@@ -4,6 +4,7 @@
 #include "settings/ProgramState.h"
 #include "tray/TrayCommands.h"
 #include "tray/frmTray.h"
+#include "win/CodePage.h"
 #include "win/CommandLine.h"
 #include "win/NeverDestroyed.h"
 #include "win/Process.h"
@@ -24,8 +25,9 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     settings::State().isFirstCopy = IsFirstCopy();
     if (!tray::LoadTrayWindow()) return 1;
     // A second copy exits silently and does not affect the first one.
+    const std::string commandLine = win::FromWide(GetCommandLineW());
     if (settings::State().isFirstCopy)
-        app::StartUp(win::ArgumentText(GetCommandLineA(), "SVAlerts.exe"));
+        app::StartUp(win::ArgumentText(commandLine, "SVAlerts.exe"));
     else
         tray::mnuExit_Click();
     MSG message;

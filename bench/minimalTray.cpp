@@ -28,7 +28,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
     icon.uID = 1;
     icon.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
     icon.uCallbackMessage = WM_APP;
-    icon.hIcon = LoadIconA(nullptr, IDI_APPLICATION);
+    icon.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
     Shell_NotifyIconA(NIM_ADD, &icon);
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {

@@ -77,7 +77,7 @@ double TimeSearch(const std::string& path) {
 LRESULT CALLBACK FormProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* note = reinterpret_cast<NMHDR*>(lParam);
     if (message == WM_NOTIFY && note->code == static_cast<UINT>(LVN_GETDISPINFOA))
-        search::ProvideStationCell(reinterpret_cast<NMLVDISPINFOA&>(*note));
+        search::ProvideStationCell(reinterpret_cast<NMLVDISPINFOW&>(*note));
     return DefWindowProcA(window, message, wParam, lParam);
 }
 

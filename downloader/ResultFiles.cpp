@@ -6,6 +6,7 @@
 #include <atomic>
 
 #include "downloader/http/StatusCodes.h"
+#include "win/CodePage.h"
 #include "win/Files.h"
 #include "win/Handle.h"
 #include "win/NeverDestroyed.h"
@@ -29,7 +30,7 @@ std::atomic_flag isEnding;
 std::atomic_flag isReporting;
 
 win::FileHandle CreateEmptyFile(const std::string& path) {
-    return win::FileHandle(CreateFileA(path.c_str(), GENERIC_WRITE,
+    return win::FileHandle(CreateFileW(win::ToWide(path).c_str(), GENERIC_WRITE,
                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                        nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
 }

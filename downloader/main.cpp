@@ -8,6 +8,7 @@
 #include "downloader/http/Fetch.h"
 #include "downloader/http/StatusCodes.h"
 #include "settings/IniOpenSave.h"
+#include "win/CodePage.h"
 #include "win/CommandLine.h"
 #include "win/Process.h"
 
@@ -28,7 +29,8 @@ void EndQuietlyAfterCrashes() {
 }
 
 int Run() {
-    const std::optional<Job> job = ParseArgument(win::ArgumentText(GetCommandLineA(), "dl.exe"));
+    const std::string commandLine = win::FromWide(GetCommandLineW());
+    const std::optional<Job> job = ParseArgument(win::ArgumentText(commandLine, "dl.exe"));
     if (!job) return http::kBadArguments;
     if (const int status = OpenResultFiles(*job); status == http::kCannotWriteStatusFile)
         return status;

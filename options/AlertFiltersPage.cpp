@@ -37,7 +37,7 @@ void FitScrollRange(HWND page) {
     int widest = 0;
     for (int i = 0; i < win::CountItems(list); ++i)
         widest = std::max(widest, meter.Width(win::ItemText(list, i) + "  "));
-    SendMessageA(list.window, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
+    SendMessageW(list.window, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
 }
 
 void UpdateList(HWND page) {
@@ -63,7 +63,7 @@ void Command10_Click(HWND page) {
         return;
     const win::ListControl list = List2(page);
     for (int i = win::CountItems(list) - 1; i >= 0; --i)
-        if (SendMessageA(list.window, LB_GETSEL, static_cast<WPARAM>(i), 0) > 0)
+        if (SendMessageW(list.window, LB_GETSEL, static_cast<WPARAM>(i), 0) > 0)
             win::RemoveItem(list, i);
     MarkChanged(page);
     UpdateList(page);
@@ -72,7 +72,7 @@ void Command10_Click(HWND page) {
 // Lets Enter in the word box add the word instead of closing the dialog.
 void SetAddAsDefault(HWND page, bool isDefault) {
     const HWND dialog = GetParent(page);
-    SendMessageA(dialog, DM_SETDEFID, isDefault ? frmOptions_Command9 : IDOK, 0);
+    SendMessageW(dialog, DM_SETDEFID, isDefault ? frmOptions_Command9 : IDOK, 0);
 }
 
 INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
@@ -102,10 +102,10 @@ INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
 
 void Load(HWND page) {
     const win::ListControl list = List2(page);
-    SendMessageA(list.window, WM_SETREDRAW, FALSE, 0);
+    SendMessageW(list.window, WM_SETREDRAW, FALSE, 0);
     for (const std::string& word : win::Split(ReadSetting(kAlertFilters), kFilterSeparator))
         win::AddItem(list, QuoteWord(word));
-    SendMessageA(list.window, WM_SETREDRAW, TRUE, 0);
+    SendMessageW(list.window, WM_SETREDRAW, TRUE, 0);
     UpdateList(page);
     CheckRadioButton(page, frmOptions_Option6, frmOptions_OptionIgnore,
                      ReadFlag(kShowFilteredWords) ? frmOptions_Option6 : frmOptions_OptionIgnore);

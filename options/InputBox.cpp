@@ -13,14 +13,14 @@ struct InputBox {
 };
 
 INT_PTR CALLBACK InputBoxProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* box = reinterpret_cast<InputBox*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    auto* box = reinterpret_cast<InputBox*>(GetWindowLongPtrW(dialog, DWLP_USER));
     switch (message) {
         case WM_INITDIALOG:
             box = reinterpret_cast<InputBox*>(lParam);
-            SetWindowLongPtrA(dialog, DWLP_USER, lParam);
+            SetWindowLongPtrW(dialog, DWLP_USER, lParam);
             win::SetControlText(dialog, InputBox_Prompt, box->prompt);
             win::SetControlText(dialog, InputBox_Text, box->text);
-            SendDlgItemMessageA(dialog, InputBox_Text, EM_SETSEL, 0, -1);
+            SendDlgItemMessageW(dialog, InputBox_Text, EM_SETSEL, 0, -1);
             SetFocus(GetDlgItem(dialog, InputBox_Text));
             return FALSE;
         case WM_COMMAND:
@@ -39,8 +39,7 @@ INT_PTR CALLBACK InputBoxProcedure(HWND dialog, UINT message, WPARAM wParam, LPA
 std::string ShowInputBox(HWND owner, const std::string& prompt, const std::string& text) {
     InputBox box{prompt, text};
     const HWND dialog =
-        CreateDialogParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_InputBox), owner,
-                           InputBoxProcedure, reinterpret_cast<LPARAM>(&box));
+        win::CreateForm(IDD_InputBox, owner, InputBoxProcedure, reinterpret_cast<LPARAM>(&box));
     ShowWindow(dialog, SW_SHOW);
     win::RunModal(dialog);
     return box.accepted ? box.text : std::string();

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <iterator>
+
 #include "options/Pages.h"
 #include "settings/IniOpenSave.h"
 #include "win/Dialog.h"
@@ -14,9 +16,9 @@ using namespace settings;
 namespace {
 
 bool IsComboBox(HWND page, int control) {
-    char name[16] = "";
-    GetClassNameA(GetDlgItem(page, control), name, sizeof name);
-    return lstrcmpiA(name, WC_COMBOBOXA) == 0;
+    wchar_t name[16] = L"";
+    GetClassNameW(GetDlgItem(page, control), name, std::size(name));
+    return lstrcmpiW(name, WC_COMBOBOXW) == 0;
 }
 
 bool IsTicked(const PlainControl& control) {

@@ -35,11 +35,11 @@ void EnableStationButtons(HWND page) {
 
 void ShowLines(HWND page, int selected) {
     const win::ListControl combo = Combo1(page);
-    SendMessageA(combo.window, WM_SETREDRAW, FALSE, 0);
+    SendMessageW(combo.window, WM_SETREDRAW, FALSE, 0);
     win::ClearItems(combo);
     for (const std::string& line : lines)
         win::AddItem(combo, std::string(stations::DisplayText(line)));
-    SendMessageA(combo.window, WM_SETREDRAW, TRUE, 0);
+    SendMessageW(combo.window, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(combo.window, nullptr, TRUE);
     win::SelectItem(combo, selected);
     EnableStationButtons(page);

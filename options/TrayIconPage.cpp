@@ -36,7 +36,7 @@ IconChoice& alert =
     win::NeverDestroyed<IconChoice>(frmOptions_Image8, kIcon2, tray::kNewAlertsIcon);
 
 void ShowPreview(HWND page, IconChoice& choice, win::Icon icon) {
-    SendDlgItemMessageA(page, choice.preview, STM_SETICON, reinterpret_cast<WPARAM>(icon.Get()), 0);
+    SendDlgItemMessageW(page, choice.preview, STM_SETICON, reinterpret_cast<WPARAM>(icon.Get()), 0);
     choice.shown = std::move(icon);
 }
 

@@ -48,12 +48,7 @@ HWND Tabs() {
 }
 
 void AddTabs() {
-    TCITEMA item{};
-    item.mask = TCIF_TEXT;
-    for (std::size_t i = 0; i < kPages.size(); ++i) {
-        item.pszText = const_cast<char*>(kPages[i]->tabText);
-        SendMessageA(Tabs(), TCM_INSERTITEMA, i, reinterpret_cast<LPARAM>(&item));
-    }
+    for (std::size_t i = 0; i < kPages.size(); ++i) win::InsertTab(Tabs(), i, kPages[i]->tabText);
 }
 
 // Creates the frames, in place of the existing ones if there are any.
@@ -61,12 +56,10 @@ void CreateFrames() {
     RECT area;
     GetWindowRect(Tabs(), &area);
     MapWindowPoints(nullptr, form.window, reinterpret_cast<POINT*>(&area), 2);
-    SendMessageA(Tabs(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&area));
+    SendMessageW(Tabs(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&area));
     for (std::size_t i = 0; i < kPages.size(); ++i) {
         if (form.frames[i]) DestroyWindow(form.frames[i]);
-        form.frames[i] =
-            CreateDialogParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kPages[i]->frame),
-                               form.window, kPages[i]->procedure, 0);
+        form.frames[i] = win::CreateForm(kPages[i]->frame, form.window, kPages[i]->procedure);
         win::late::EnableThemeDialogTexture(form.frames[i], ETDT_ENABLETAB);
         // After the tabs in the Tab order, before the buttons.
         SetWindowPos(form.frames[i], Tabs(), area.left, area.top, area.right - area.left,
@@ -117,7 +110,7 @@ void LoadPages() {
     if (!form.window) return;
     const std::size_t first = FindPage(stored.value_or(std::string()));
     const std::string key = MakePageKey(kPages[first]->tabText);
-    SendMessageA(Tabs(), TCM_SETCURSEL, first, 0);
+    SendMessageW(Tabs(), TCM_SETCURSEL, first, 0);
     ShowPage(key);
     if (stored) {
         LoadFrame(first);
@@ -156,7 +149,7 @@ void Apply() {
         std::find(form.changed.begin(), form.changed.end(), true) != form.changed.end();
     const HWND apply = GetDlgItem(form.window, frmOptions_ApplyButton);
     if (!form.anythingChanged && GetFocus() == apply)
-        SendMessageA(form.window, WM_NEXTDLGCTL,
+        SendMessageW(form.window, WM_NEXTDLGCTL,
                      reinterpret_cast<WPARAM>(GetDlgItem(form.window, frmOptions_Command1)), TRUE);
     win::EnableControl(form.window, frmOptions_ApplyButton, form.anythingChanged);
 }
@@ -172,7 +165,7 @@ void OpenHelp() {
 }
 
 void SelectTab(std::size_t page) {
-    SendMessageA(Tabs(), TCM_SETCURSEL, page, 0);
+    SendMessageW(Tabs(), TCM_SETCURSEL, page, 0);
     ShowPage(kPages[page]->tabText);
 }
 
@@ -185,7 +178,7 @@ bool TurnPage(const MSG& message) {
         return false;
     const bool isBackward = key == VK_PRIOR || (key == VK_TAB && GetKeyState(VK_SHIFT) < 0);
     const std::size_t step = isBackward ? kPages.size() - 1 : 1;
-    SendMessageA(form.window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Tabs()), TRUE);
+    SendMessageW(form.window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Tabs()), TRUE);
     SelectTab((form.activeFrame + step) % kPages.size());
     return true;
 }
@@ -202,7 +195,7 @@ void RunCommand(int control) {
             return OpenHelp();
         case frmOptions_Command9: {  // the default button while a filter word is typed
             const HWND page = form.frames[IndexOf(&kAlertFiltersPage)];
-            SendMessageA(page, WM_COMMAND, frmOptions_Command9, 0);
+            SendMessageW(page, WM_COMMAND, frmOptions_Command9, 0);
             return;
         }
         default:
@@ -225,7 +218,7 @@ INT_PTR CALLBACK OptionsProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
             const auto* notification = reinterpret_cast<const NMHDR*>(lParam);
             if (notification->idFrom == frmOptions_Tabs &&
                 notification->code == static_cast<UINT>(TCN_SELCHANGE))
-                ShowPage(kPages[static_cast<std::size_t>(SendMessageA(Tabs(), TCM_GETCURSEL, 0, 0))]
+                ShowPage(kPages[static_cast<std::size_t>(SendMessageW(Tabs(), TCM_GETCURSEL, 0, 0))]
                              ->tabText);
             return TRUE;
         }

@@ -10,8 +10,8 @@
 namespace search {
 namespace {
 
-constexpr char kControlClass[] = "Shell.Explorer.2";
-constexpr char kHostClass[] = "AtlAxWin";
+constexpr wchar_t kControlClass[] = L"Shell.Explorer.2";
+constexpr wchar_t kHostClass[] = L"AtlAxWin";
 constexpr UINT kForwardMessage = 0x37F;  // the host window passes the message to its control
 constexpr char kInnerHtml[] = "innerHTML";
 
@@ -48,7 +48,8 @@ constexpr IID kAmbientDispatchId{
     0xB6EA2051, 0x048A, 0x11D1, {0x82, 0xB9, 0x00, 0xC0, 0x4F, 0xB9, 0x94, 0x2E}};
 
 HMODULE LoadHostLibrary() {
-    static const HMODULE library = LoadLibraryExA("atl.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    static const HMODULE library =
+        LoadLibraryExW(L"atl.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     return library;
 }
 
@@ -110,10 +111,10 @@ bool MapBrowser::Create(HWND parent, int control) {
     win::EnsureCom();
     if (!RegisterHostClass()) return false;
     // The host window creates the control that its text names.
-    window_ = CreateWindowExA(WS_EX_CLIENTEDGE, kHostClass, kControlClass,
+    window_ = CreateWindowExW(WS_EX_CLIENTEDGE, kHostClass, kControlClass,
                               WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPCHILDREN, 0, 0, 0, 0,
                               parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(control)),
-                              GetModuleHandleA(nullptr), nullptr);
+                              GetModuleHandleW(nullptr), nullptr);
     browser_ = FindControl(window_);
     if (!browser_ && window_) DestroyWindow(std::exchange(window_, nullptr));
     EnablePageScaling(window_);
@@ -176,7 +177,7 @@ bool MapBrowser::HandleKey(const MSG& message) const {
         const KeyTarget target = FindKeyTarget(message.wParam, GetKeyState(VK_CONTROL) < 0);
         if (target != KeyTarget::Map) return target == KeyTarget::None;
     }
-    if (SendMessageA(window_, kForwardMessage, 0, reinterpret_cast<LPARAM>(&message))) return true;
+    if (SendMessageW(window_, kForwardMessage, 0, reinterpret_cast<LPARAM>(&message))) return true;
     // After the page's last link Tab moves on to the dialog. Other keys must not, or the arrows
     // would.
     if (message.wParam == VK_TAB) return false;

@@ -22,12 +22,12 @@ HWND Control(int control) {
 }
 
 void SetStatus(const std::string& text) {
-    SetWindowTextA(Control(frmSearch_Label1), text.c_str());
+    if (Form().window) win::SetControlText(Form().window, frmSearch_Label1, text);
 }
 
 void SetWaitPointer(bool wait) {
     Form().isWaitPointer = wait;
-    SetCursor(LoadCursorA(nullptr, wait ? IDC_WAIT : IDC_ARROW));
+    SetCursor(LoadCursorW(nullptr, wait ? IDC_WAIT : IDC_ARROW));
 }
 
 void SelectStation(int row) {

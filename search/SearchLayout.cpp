@@ -42,7 +42,7 @@ SIZE GetClientSize(HWND dialog) {
 RECT GetWorkArea(HWND dialog) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
-    GetMonitorInfoA(MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor);
+    GetMonitorInfoW(MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor);
     return monitor.rcWork;
 }
 
@@ -112,8 +112,8 @@ void SearchLayout::LimitSize(MINMAXINFO& limits) const {
     if (!dialog_) return;
     const SIZE least = ScaleClient();
     RECT frame{0, 0, least.cx, least.cy};
-    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongA(dialog_, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongA(dialog_, GWL_EXSTYLE)));
+    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongW(dialog_, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongW(dialog_, GWL_EXSTYLE)));
     const RECT work = GetWorkArea(dialog_);
     limits.ptMinTrackSize = {std::min(frame.right - frame.left, work.right - work.left),
                              std::min(frame.bottom - frame.top, work.bottom - work.top)};

@@ -45,7 +45,7 @@ void BeginSearch() {
     EnableForm(false);
     form.stations = StationTable();
     const HWND list = Control(frmSearch_StationList);
-    SendMessageA(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(form.images.Get()));
+    SendMessageW(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(form.images.Get()));
     SetStatus("Searching for available locations...");
     ShowStationRows({});
 }

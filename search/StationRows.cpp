@@ -47,26 +47,24 @@ void ShowStationRows(std::vector<ListRow> rows) {
     SetRows(list, std::move(rows));
 }
 
-void ProvideStationCell(NMLVDISPINFOA& request) {
-    LVITEMA& item = request.item;
+void ProvideStationCell(NMLVDISPINFOW& request) {
+    LVITEMW& item = request.item;
     const auto row = static_cast<std::size_t>(item.iItem);
     const auto column = static_cast<std::size_t>(item.iSubItem);
     if (row >= Form().rows.size() || column >= std::size(kColumns)) return;
-    if (item.mask & LVIF_TEXT)
-        item.pszText = const_cast<char*>((Form().rows[row].*kColumns[column]).c_str());
+    if (item.mask & LVIF_TEXT) win::SetCellText(request, Form().rows[row].*kColumns[column]);
     if (item.mask & LVIF_IMAGE) item.iImage = Form().rows[row].icon - 1;
 }
 
 int FindStationRow(const NMHDR& request) {
-    // Some systems send the wide request to an ANSI dialog. The two differ only in the text.
-    const auto& ansi = reinterpret_cast<const NMLVFINDITEMA&>(request);
-    const auto& wide = reinterpret_cast<const NMLVFINDITEMW&>(request);
-    const bool isWide = request.code == static_cast<UINT>(LVN_ODFINDITEMW);
-    if (!(ansi.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) || !ansi.lvfi.psz) return -1;
-    const std::string wanted = win::ToLower(isWide ? win::FromWide(wide.lvfi.psz) : ansi.lvfi.psz);
+    const auto text = win::FindRequestText(request);
+    if (!text) return -1;
+    const std::string wanted = win::ToLower(*text);
+    const auto start =
+        static_cast<std::size_t>(reinterpret_cast<const NMLVFINDITEMW&>(request).iStart);
     const std::size_t count = Form().rows.size();
     for (std::size_t i = 0; i < count; ++i) {
-        const std::size_t row = (static_cast<std::size_t>(ansi.iStart) + i) % count;
+        const std::size_t row = (start + i) % count;
         if (win::ToLower(Form().rows[row].name).starts_with(wanted)) return static_cast<int>(row);
     }
     return -1;

@@ -15,9 +15,9 @@ namespace search {
 void ShowStationRows(std::vector<ListRow> rows);
 
 // Answers the list's request for a cell.
-void ProvideStationCell(NMLVDISPINFOA& request);
+void ProvideStationCell(NMLVDISPINFOW& request);
 
-// Returns the row that the letters typed in the list search for (LVN_ODFINDITEM), or -1 for none.
+// Returns the row that the letters typed in the list search for (LVN_ODFINDITEMW), or -1 for none.
 int FindStationRow(const NMHDR& request);
 
 }  // namespace search

@@ -22,6 +22,7 @@ HWND StationList() {
 }
 
 void AddColumns() {
+    win::UseListUnicode(StationList());
     RECT client;
     GetClientRect(StationList(), &client);
     const struct {
@@ -46,9 +47,9 @@ void Form_Load(HWND dialog) {
         form.browser.Navigate("about:blank");
     }
     form.layout.Apply(form.browser.Window());
-    SendMessageA(Control(frmSearch_Text1), EM_LIMITTEXT, kLongestText, 0);
+    SendMessageW(Control(frmSearch_Text1), EM_LIMITTEXT, kLongestText, 0);
     AddColumns();
-    SendMessageA(StationList(), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT,
+    SendMessageW(StationList(), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT,
                  LVS_EX_FULLROWSELECT);
 }
 
@@ -73,7 +74,7 @@ void RunCommand(int control, int code) {
         case frmSearch_Text1:
             // Enter searches from here and adds from the list.
             if (code == EN_SETFOCUS)
-                SendMessageA(Form().window, DM_SETDEFID, frmSearch_Command1, 0);
+                SendMessageW(Form().window, DM_SETDEFID, frmSearch_Command1, 0);
             return;
         default:
             return;
@@ -83,18 +84,17 @@ void RunCommand(int control, int code) {
 void HandleListNotification(NMHDR& notification) {
     switch (notification.code) {
         case static_cast<UINT>(NM_SETFOCUS):
-            SendMessageA(Form().window, DM_SETDEFID, frmSearch_Command3, 0);
+            SendMessageW(Form().window, DM_SETDEFID, frmSearch_Command3, 0);
             return;
         case static_cast<UINT>(NM_CLICK):  // also on the selected row
             if (reinterpret_cast<const NMITEMACTIVATE&>(notification).iItem >= 0) CenterMap();
             return;
         case static_cast<UINT>(NM_DBLCLK):
             return Command3_Click();
-        case static_cast<UINT>(LVN_GETDISPINFOA):
-            return ProvideStationCell(reinterpret_cast<NMLVDISPINFOA&>(notification));
-        case static_cast<UINT>(LVN_ODFINDITEMA):
+        case static_cast<UINT>(LVN_GETDISPINFOW):
+            return ProvideStationCell(reinterpret_cast<NMLVDISPINFOW&>(notification));
         case static_cast<UINT>(LVN_ODFINDITEMW):
-            SetWindowLongPtrA(Form().window, DWLP_MSGRESULT, FindStationRow(notification));
+            SetWindowLongPtrW(Form().window, DWLP_MSGRESULT, FindStationRow(notification));
             return;
         case static_cast<UINT>(LVN_ITEMCHANGED): {
             const auto& change = reinterpret_cast<const NMLISTVIEW&>(notification);
@@ -111,8 +111,8 @@ void HandleListNotification(NMHDR& notification) {
 // Sets the wait pointer over the whole dialog while a search runs. Returns whether it did.
 bool ShowWaitPointer(HWND dialog) {
     if (!Form().isWaitPointer) return false;
-    SetCursor(LoadCursorA(nullptr, IDC_WAIT));
-    SetWindowLongPtrA(dialog, DWLP_MSGRESULT, TRUE);
+    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    SetWindowLongPtrW(dialog, DWLP_MSGRESULT, TRUE);
     return true;
 }
 

@@ -35,8 +35,9 @@ void Command2_Click() {
 
 void Form_Load() {
     const HWND list = LocationList();
-    SendMessageA(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
-    SendMessageA(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(chooser.images));
+    SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+    SendMessageW(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(chooser.images));
+    win::UseListUnicode(list);
     win::AddListColumn(list, "Location Name", 0);
     for (const std::string& row : chooser.rows) win::AddListRow(list, kPlaceIcon - 1, {row});
     win::ResizeListViewColumns(list);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "win/CodePage.h"
 #include "win/Files.h"
 #include "win/Handle.h"
 #include "win/MessageLoop.h"
@@ -26,9 +27,10 @@ struct OpenedIni {
 };
 
 OpenedIni Open(const std::string& path) {
-    OpenedIni file{win::FileHandle(CreateFileA(
-        path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr))};
+    OpenedIni file{
+        win::FileHandle(CreateFileW(win::ToWide(path).c_str(), GENERIC_READ,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr))};
     if (!file.handle) {
         const DWORD error = GetLastError();
         file.missing = win::IsMissingError(error);
@@ -88,7 +90,8 @@ std::string DropPartialCharacter(std::string value) {
 std::string ReadSectionBySystem(const std::string& path, std::string_view section) {
     std::string lines(32767, '\0');
     lines.resize(GetPrivateProfileSectionA(std::string(section).c_str(), lines.data(),
-                                           static_cast<DWORD>(lines.size()), path.c_str()));
+                                           static_cast<DWORD>(lines.size()),
+                                           win::ToAnsiPath(path).c_str()));
     std::replace(lines.begin(), lines.end(), '\0', '\n');
     return std::string("[").append(section).append("]\n").append(lines);
 }
@@ -103,7 +106,7 @@ std::optional<std::string> ReadIniValue(const std::string& path, std::string_vie
     char buffer[kIniValueLimit * kLongestCharacter + 1] = {};
     const DWORD length =
         GetPrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(), "", buffer,
-                                 sizeof buffer, path.c_str());
+                                 sizeof buffer, win::ToAnsiPath(path).c_str());
     return std::string(win::FirstChars(DropPartialCharacter({buffer, length}), kIniValueLimit));
 }
 
@@ -123,10 +126,10 @@ bool WriteIniValues(const std::string& path, std::string_view section, const Key
     if (file.form == Form::Unreadable) return false;
     bool stored = true;
     for (const auto& [key, value] : values)
-        stored =
-            WritePrivateProfileStringA(std::string(section).c_str(), win::AsciiUpper(key).c_str(),
-                                       IniSafeValue(value).c_str(), path.c_str()) &&
-            stored;
+        stored = WritePrivateProfileStringA(
+                     std::string(section).c_str(), win::AsciiUpper(key).c_str(),
+                     win::ToAnsi(IniSafeValue(value)).c_str(), win::ToAnsiPath(path).c_str()) &&
+                 stored;
     return stored;
 }
 

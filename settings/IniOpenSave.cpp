@@ -133,7 +133,7 @@ void WriteFlag(const Setting& setting, bool value) {
 }
 
 void DeleteSettingSection(std::string_view section) {
-    RegDeleteTreeA(HKEY_CURRENT_USER, RegistryPath(section).c_str());
+    DeleteRegistryTexts(RegistryPath(section));
 }
 
 void HoldSettings(std::string_view section, const KeyValues& values) {
@@ -181,7 +181,7 @@ void IniWriteValue(std::string_view section, std::string_view key, std::string_v
 }
 
 void ExportStoreChoice() {
-    SetEnvironmentVariableA(kStoreVariable, UseIni == kUseIniStore ? IniUserName.c_str() : nullptr);
+    win::SetEnvironment(kStoreVariable, UseIni == kUseIniStore ? IniUserName : std::string());
 }
 
 void ImportStoreChoice() {

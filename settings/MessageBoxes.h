@@ -4,6 +4,7 @@
 #include <string>
 
 #include "settings/Product.h"
+#include "win/Dialog.h"
 
 namespace settings {
 
@@ -11,13 +12,13 @@ namespace settings {
 // foreground.
 inline void ShowMessage(HWND owner, const std::string& text, UINT icon,
                         const char* title = SKYVANE_NAME) {
-    MessageBoxA(owner, text.c_str(), title, MB_OK | icon | MB_SETFOREGROUND);
+    win::ShowMessageBox(owner, text, title, MB_OK | icon | MB_SETFOREGROUND);
 }
 
 // Shows the same box with the buttons Yes and No. `style` is an icon, MB_DEFBUTTON2, both or 0.
 // Returns whether Yes was chosen.
 inline bool Confirm(HWND owner, const std::string& text, UINT style) {
-    return MessageBoxA(owner, text.c_str(), SKYVANE_NAME, MB_YESNO | style | MB_SETFOREGROUND) ==
+    return win::ShowMessageBox(owner, text, SKYVANE_NAME, MB_YESNO | style | MB_SETFOREGROUND) ==
            IDYES;
 }
 

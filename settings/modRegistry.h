@@ -34,4 +34,7 @@ KeyValues ReadRegistryTexts(const std::string& path);
 // Writes text values; creates the key if needed.
 void WriteRegistryTexts(const std::string& path, const KeyValues& values);
 
+// Deletes the key with everything in it.
+void DeleteRegistryTexts(const std::string& path);
+
 }  // namespace settings

@@ -7,6 +7,7 @@
 #include "settings/ProgramState.h"
 #include "stations/StationLine.h"
 #include "stations/StationList.h"
+#include "win/CodePage.h"
 #include "win/Files.h"
 #include "win/Handle.h"
 #include "win/modRandomFile.h"
@@ -24,8 +25,8 @@ inline std::string ScratchIniPath() {
 
 // Locks a file, as a virus scanner or a backup does.
 inline win::FileHandle HoldFile(const std::string& path) {
-    return win::FileHandle(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
-                                       OPEN_EXISTING, 0, nullptr));
+    return win::FileHandle(CreateFileW(win::ToWide(path).c_str(), GENERIC_READ | GENERIC_WRITE, 0,
+                                       nullptr, OPEN_EXISTING, 0, nullptr));
 }
 
 class ScratchStore : public testing::TestWithParam<std::int16_t> {

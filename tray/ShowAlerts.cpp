@@ -86,7 +86,7 @@ alerts::PageData Collect(const std::string& chosen) {
 
 bool WriteAlertPage(const std::string& code, const std::string& path) {
     const std::string page = alerts::BuildAlertPage(Collect(code));
-    return win::WriteFileAtomically(path, win::ToUtf8(win::ToWide(page)));
+    return win::WriteFileAtomically(path, win::FromWide(win::ToWide(page)));
 }
 
 void ShowAlerts(const std::string& code) {

@@ -42,7 +42,7 @@ void FollowLink(UINT_PTR control) {
 
 // Sets the picture of the logo's button, and deletes the one before it.
 void ReplaceLogo(HWND dialog, HANDLE picture) {
-    const LRESULT old = SendDlgItemMessageA(dialog, frmAbout_Image2, BM_SETIMAGE, IMAGE_BITMAP,
+    const LRESULT old = SendDlgItemMessageW(dialog, frmAbout_Image2, BM_SETIMAGE, IMAGE_BITMAP,
                                             reinterpret_cast<LPARAM>(picture));
     if (old) DeleteObject(reinterpret_cast<HGDIOBJ>(old));
 }
@@ -60,7 +60,7 @@ void Initialize(HWND dialog) {
     ShowLink(frmAbout_Label3, settings::MakerHost());
     ShowLink(frmAbout_Label4, settings::MakerMail());
     const HANDLE icon = win::LoadSharedIcon(win::kProgramIcon, win::LargeIconSize());
-    SendDlgItemMessageA(dialog, frmAbout_Image1, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
+    SendDlgItemMessageW(dialog, frmAbout_Image1, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
     ShowLogo(dialog);
 }
 
@@ -84,8 +84,8 @@ INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM
         }
         case WM_SETCURSOR:
             if (GetDlgCtrlID(reinterpret_cast<HWND>(wParam)) != frmAbout_Image2) return FALSE;
-            SetCursor(LoadCursorA(nullptr, IDC_HAND));
-            SetWindowLongPtrA(dialog, DWLP_MSGRESULT, TRUE);
+            SetCursor(LoadCursorW(nullptr, IDC_HAND));
+            SetWindowLongPtrW(dialog, DWLP_MSGRESULT, TRUE);
             return TRUE;
         case WM_DESTROY:
             ReplaceLogo(dialog, nullptr);

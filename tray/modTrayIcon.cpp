@@ -10,6 +10,7 @@
 #include "settings/Product.h"
 #include "tray/TrayTip.h"
 #include "tray/TrayWindow.h"
+#include "win/CodePage.h"
 #include "win/Dates.h"
 #include "win/Images.h"
 #include "win/NeverDestroyed.h"
@@ -34,7 +35,8 @@ NOTIFYICONDATAA TrayIconData;
 
 template <std::size_t size>
 void SetText(char (&field)[size], std::string_view text) {
-    const std::string_view fitting = win::FitBytes(text, size - 1);
+    const std::string ansi = win::ToAnsi(text);
+    const std::string_view fitting = win::FitBytes(ansi, size - 1);
     std::memset(field, 0, size);
     std::memcpy(field, fitting.data(), fitting.size());
 }

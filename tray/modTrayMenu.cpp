@@ -16,6 +16,7 @@
 #include "tray/ShowAlerts.h"
 #include "tray/TrayWindow.h"
 #include "tray/resource.h"
+#include "win/CodePage.h"
 #include "win/Handle.h"
 #include "win/MessageLoop.h"
 #include "win/NeverDestroyed.h"
@@ -153,7 +154,7 @@ void BuildStationMenu() {
     for (std::size_t i = 0; i < state.stations.size(); ++i) {
         const std::string caption = MenuText(stations::DisplayText(state.stations[i]));
         if (caption.empty()) break;
-        AppendMenuA(StationMenuHandle, MF_STRING, kFirstStation + i, caption.c_str());
+        AppendMenuA(StationMenuHandle, MF_STRING, kFirstStation + i, win::ToAnsi(caption).c_str());
     }
     if (AlertItemsCollide()) BuildAlertsMenu();
 }
@@ -189,7 +190,7 @@ void BuildAlertsMenu() {
         const std::uint32_t identifier = CreateAlertIdentifier(taken, unusable);
         if (identifier == 0) break;
         if (!InsertMenuA(TrayMenuHandle, static_cast<UINT>(AlertItemCount + 1), MF_BYPOSITION,
-                         identifier, MenuText(caption).c_str()))
+                         identifier, win::ToAnsi(MenuText(caption)).c_str()))
             break;
         ++AlertItemCount;
         AddToAlertMap(AlertMenuMap, identifier, code);

@@ -1,5 +1,6 @@
 #include "win/Dialog.h"
 
+#include "win/CodePage.h"
 #include "win/Images.h"
 #include "win/LateFunctions.h"
 #include "win/MessageLoop.h"
@@ -30,7 +31,7 @@ void EndModal(HWND dialog) {
 
 static void PresentDialog(HWND dialog) {
     const auto setIcon = [&](WPARAM kind, int size) {
-        SendMessageA(dialog, WM_SETICON, kind,
+        SendMessageW(dialog, WM_SETICON, kind,
                      reinterpret_cast<LPARAM>(LoadSharedIcon(kProgramIcon, size)));
     };
     setIcon(ICON_BIG, LargeIconSize());
@@ -42,20 +43,27 @@ static void PresentDialog(HWND dialog) {
 bool ShowModal(const DialogForm& form, HWND owner, bool (*translate)(const MSG&)) {
     INITCOMMONCONTROLSEX controls{sizeof controls, form.controlClasses | ICC_STANDARD_CLASSES};
     late::InitCommonControlsEx(&controls);
-    const HWND dialog = CreateDialogParamA(
-        GetModuleHandleA(nullptr), MAKEINTRESOURCEA(form.resource), owner, form.procedure, 0);
+    const HWND dialog = CreateForm(form.resource, owner, form.procedure);
     if (!dialog) return false;
     PresentDialog(dialog);
     RunModal(dialog, translate);
     return true;
 }
 
+HWND CreateForm(int resource, HWND owner, DLGPROC procedure, LPARAM parameter) {
+    return CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(resource), owner,
+                              procedure, parameter);
+}
+
+int ShowMessageBox(HWND owner, const std::string& text, const std::string& title, UINT style) {
+    return MessageBoxW(owner, ToWide(text).c_str(), ToWide(title).c_str(), style);
+}
+
 std::string WindowText(HWND window) {
-    // In a UTF-8 process the length may count fewer units than the text has bytes.
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) * 4 + 1, '\0');
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
     text.resize(static_cast<std::size_t>(
-        GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
-    return text;
+        GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return FromWide(text);
 }
 
 std::string ControlText(HWND dialog, int control) {
@@ -63,7 +71,7 @@ std::string ControlText(HWND dialog, int control) {
 }
 
 void SetControlText(HWND dialog, int control, const std::string& text) {
-    SetDlgItemTextA(dialog, control, text.c_str());
+    SetDlgItemTextW(dialog, control, ToWide(text).c_str());
 }
 
 bool IsChecked(HWND dialog, int control) {
@@ -78,8 +86,16 @@ void EnableControl(HWND dialog, int control, bool enable) {
     const HWND window = GetDlgItem(dialog, control);
     // A disabled control with the focus would swallow the keyboard.
     if (!enable && GetFocus() == window)
-        SendMessageA(GetAncestor(dialog, GA_ROOT), WM_NEXTDLGCTL, TRUE, FALSE);
+        SendMessageW(GetAncestor(dialog, GA_ROOT), WM_NEXTDLGCTL, TRUE, FALSE);
     EnableWindow(window, enable);
+}
+
+void InsertTab(HWND tabs, std::size_t place, const std::string& text) {
+    std::wstring wide = ToWide(text);
+    TCITEMW item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = wide.data();
+    SendMessageW(tabs, TCM_INSERTITEMW, place, reinterpret_cast<LPARAM>(&item));
 }
 
 }  // namespace win

@@ -1,12 +1,13 @@
 #include "win/Files.h"
 
+#include "win/CodePage.h"
 #include "win/Handle.h"
 
 namespace win {
 namespace {
 
 DWORD Attributes(const std::string& path) {
-    return GetFileAttributesA(path.c_str());
+    return GetFileAttributesW(ToWide(path).c_str());
 }
 
 std::uint64_t Join64(DWORD high, DWORD low) {
@@ -28,8 +29,8 @@ bool RetryWhileLocked(Attempt attempt, int triesLeft = 5) {
 }
 
 bool WriteNewFile(const std::string& path, std::string_view text) {
-    const FileHandle file(CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+    const FileHandle file(CreateFileW(ToWide(path).c_str(), GENERIC_WRITE, 0, nullptr,
+                                      CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     return WriteAll(file.Get(), text) && FlushFileBuffers(file.Get());
 }
 
@@ -37,7 +38,7 @@ bool WriteNewFile(const std::string& path, std::string_view text) {
 FileHandle OpenShared(const std::string& path, DWORD access, DWORD disposition, DWORD flags) {
     FileHandle file;
     RetryWhileLocked([&] {
-        file.Reset(CreateFileA(path.c_str(), access,
+        file.Reset(CreateFileW(ToWide(path).c_str(), access,
                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                disposition, flags, nullptr));
         return static_cast<bool>(file);
@@ -48,13 +49,13 @@ FileHandle OpenShared(const std::string& path, DWORD access, DWORD disposition, 
 // Calls `visit(name, entry)` for every entry except "." and "..".
 template <class Visit>
 void ForEachEntry(const std::string& pattern, Visit visit) {
-    WIN32_FIND_DATAA entry;
-    const FindHandle find(FindFirstFileA(pattern.c_str(), &entry));
+    WIN32_FIND_DATAW entry;
+    const FindHandle find(FindFirstFileW(ToWide(pattern).c_str(), &entry));
     if (!find) return;
     do {
-        const std::string name = entry.cFileName;
+        const std::string name = FromWide(entry.cFileName);
         if (name != "." && name != "..") visit(name, entry);
-    } while (FindNextFileA(find.Get(), &entry));
+    } while (FindNextFileW(find.Get(), &entry));
 }
 
 bool IsRealFolder(DWORD attributes) {
@@ -83,7 +84,7 @@ bool FolderExists(const std::string& path) {
 
 bool FileHasContent(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data;
-    return GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) &&
+    return GetFileAttributesExW(ToWide(path).c_str(), GetFileExInfoStandard, &data) &&
            Join64(data.nFileSizeHigh, data.nFileSizeLow) > 0;
 }
 
@@ -113,13 +114,13 @@ bool WriteFileAtomically(const std::string& path, std::string_view text) {
         return false;
     const std::string newPath = path + ".new";
     const auto replace = [&] {
-        return MoveFileExA(newPath.c_str(), path.c_str(),
+        return MoveFileExW(ToWide(newPath).c_str(), ToWide(path).c_str(),
                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
     };
     // Half a second, because a failed write loses data.
     constexpr int kRetries = 50;
     if (WriteNewFile(newPath, text) && RetryWhileLocked(replace, kRetries)) return true;
-    DeleteFileA(newPath.c_str());
+    DeleteFileW(ToWide(newPath).c_str());
     return false;
 }
 
@@ -130,12 +131,12 @@ bool OverwriteFile(const std::string& path, std::string_view text) {
 }
 
 void DeleteFileQuietly(const std::string& path) {
-    DeleteFileA(path.c_str());
+    DeleteFileW(ToWide(path).c_str());
 }
 
 std::vector<FileEntry> FindFiles(const std::string& pattern) {
     std::vector<FileEntry> files;
-    ForEachEntry(pattern, [&](const std::string& name, const WIN32_FIND_DATAA& entry) {
+    ForEachEntry(pattern, [&](const std::string& name, const WIN32_FIND_DATAW& entry) {
         if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) return;
         files.push_back(
             {name, Join64(entry.nFileSizeHigh, entry.nFileSizeLow),
@@ -157,18 +158,18 @@ bool IsFolderWritable(const std::string& path) {
 }
 
 void MakeFolder(const std::string& path) {
-    CreateDirectoryA(path.c_str(), nullptr);
+    CreateDirectoryW(ToWide(path).c_str(), nullptr);
 }
 
 static void CopyOneFile(const std::string& from, const std::string& to) {
     // A copy of a read-only file must be replaceable.
-    if (CopyFileA(from.c_str(), to.c_str(), FALSE))
-        SetFileAttributesA(to.c_str(), FILE_ATTRIBUTE_NORMAL);
+    if (CopyFileW(ToWide(from).c_str(), ToWide(to).c_str(), FALSE))
+        SetFileAttributesW(ToWide(to).c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
 void CopyFolder(const std::string& from, const std::string& to) {
     MakeFolder(to);
-    ForEachEntry(from + "\\*", [&](const std::string& name, const WIN32_FIND_DATAA& data) {
+    ForEachEntry(from + "\\*", [&](const std::string& name, const WIN32_FIND_DATAW& data) {
         const DWORD attributes = data.dwFileAttributes;
         const std::string source = from + "\\" + name;
         const std::string target = to + "\\" + name;
@@ -181,43 +182,43 @@ void CopyFolder(const std::string& from, const std::string& to) {
 
 void DeleteFolder(const std::string& path) {
     if (Attributes(path) & FILE_ATTRIBUTE_REPARSE_POINT) {  // also a path that does not exist
-        RemoveDirectoryA(path.c_str());
+        RemoveDirectoryW(ToWide(path).c_str());
         return;
     }
-    ForEachEntry(path + "\\*", [&](const std::string& name, const WIN32_FIND_DATAA& data) {
+    ForEachEntry(path + "\\*", [&](const std::string& name, const WIN32_FIND_DATAW& data) {
         const DWORD attributes = data.dwFileAttributes;
         const std::string entry = path + "\\" + name;
         if (IsRealFolder(attributes)) {
             DeleteFolder(entry);
         } else if (attributes & FILE_ATTRIBUTE_DIRECTORY) {
-            RemoveDirectoryA(entry.c_str());
+            RemoveDirectoryW(ToWide(entry).c_str());
         } else {
-            SetFileAttributesA(entry.c_str(), FILE_ATTRIBUTE_NORMAL);
-            DeleteFileA(entry.c_str());
+            SetFileAttributesW(ToWide(entry).c_str(), FILE_ATTRIBUTE_NORMAL);
+            DeleteFileW(ToWide(entry).c_str());
         }
     });
-    RemoveDirectoryA(path.c_str());
+    RemoveDirectoryW(ToWide(path).c_str());
 }
 
 std::uint64_t LastModified(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data;
-    if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data)) return 0;
+    if (!GetFileAttributesExW(ToWide(path).c_str(), GetFileExInfoStandard, &data)) return 0;
     return Join64(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime);
 }
 
 std::string ExecutableFolder() {
-    std::string path(MAX_PATH, '\0');
+    std::wstring path(MAX_PATH, L'\0');
     for (;;) {
         const DWORD length =
-            GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+            GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
         if (length < path.size()) {
             path.resize(length);
             break;
         }
         path.resize(path.size() * 2);
     }
-    const std::size_t slash = path.find_last_of('\\');
-    return slash == std::string::npos ? std::string() : path.substr(0, slash);
+    const std::size_t slash = path.find_last_of(L'\\');
+    return slash == std::wstring::npos ? std::string() : FromWide(path.substr(0, slash));
 }
 
 }  // namespace win

@@ -1,15 +1,17 @@
 #include "win/Images.h"
 
+#include "win/CodePage.h"
+
 namespace win {
 
 static HANDLE LoadResourceImage(int identifier, UINT type, int pixels, UINT flags) {
-    return LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(identifier), type, pixels, pixels,
+    return LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(identifier), type, pixels, pixels,
                       flags);
 }
 
 Icon LoadIconFile(const std::string& path, int pixels) {
     return Icon(static_cast<HICON>(
-        LoadImageA(nullptr, path.c_str(), IMAGE_ICON, pixels, pixels, LR_LOADFROMFILE)));
+        LoadImageW(nullptr, ToWide(path).c_str(), IMAGE_ICON, pixels, pixels, LR_LOADFROMFILE)));
 }
 
 Icon LoadIconResource(int identifier, int pixels) {

@@ -15,10 +15,10 @@ namespace win {
 
 // Returns a function of a system library and loads the library if needed. The process ends when the
 // library or the function is missing, as it would for an ordinary import.
-inline void* FindLateFunction(const char* library, const char* name) {
+inline void* FindLateFunction(const wchar_t* library, const char* name) {
     // Without a path, the manifest chooses the library's version (comctl32). The library stays
     // loaded.
-    const HMODULE module = LoadLibraryExA(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    const HMODULE module = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     void* const function = reinterpret_cast<void*>(module ? GetProcAddress(module, name) : nullptr);
     if (!function) std::terminate();
     return function;
@@ -30,7 +30,7 @@ template <class Function>
 class LateFunction {
   public:
     // Both texts must outlive the object.
-    constexpr LateFunction(const char* library, const char* name)
+    constexpr LateFunction(const wchar_t* library, const char* name)
         : library_(library), name_(name) {}
     operator Function*() {
         if (!function_) function_ = reinterpret_cast<Function*>(FindLateFunction(library_, name_));
@@ -38,7 +38,7 @@ class LateFunction {
     }
 
   private:
-    const char* library_;
+    const wchar_t* library_;
     const char* name_;
     Function* function_ = nullptr;
 };
@@ -50,7 +50,7 @@ namespace late {
 // NOLINTBEGIN(bugprone-macro-parentheses): the argument is a name
 #define LATE_FUNCTION(library, function)                           \
     inline constinit LateFunction<decltype(::function)> function { \
-        library, #function                                         \
+        L##library, #function                                      \
     }
 // NOLINTEND(bugprone-macro-parentheses)
 

@@ -1,11 +1,13 @@
 #include "win/ListItems.h"
 
+#include "win/CodePage.h"
+
 namespace win {
 namespace {
 
 LRESULT Send(const ListControl& control, UINT comboMessage, UINT listMessage, WPARAM wParam = 0,
              LPARAM lParam = 0) {
-    return SendMessageA(control.window, control.isListBox ? listMessage : comboMessage, wParam,
+    return SendMessageW(control.window, control.isListBox ? listMessage : comboMessage, wParam,
                         lParam);
 }
 
@@ -24,8 +26,8 @@ void ClearItems(const ListControl& control) {
 }
 
 int AddItem(const ListControl& control, const std::string& text) {
-    return static_cast<int>(
-        Send(control, CB_ADDSTRING, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str())));
+    return static_cast<int>(Send(control, CB_ADDSTRING, LB_ADDSTRING, 0,
+                                 reinterpret_cast<LPARAM>(ToWide(text).c_str())));
 }
 
 void RemoveItem(const ListControl& control, int index) {
@@ -40,13 +42,12 @@ std::string ItemText(const ListControl& control, int index) {
     const auto item = static_cast<WPARAM>(index);
     const LRESULT length = Send(control, CB_GETLBTEXTLEN, LB_GETTEXTLEN, item);
     if (length <= 0) return {};
-    // In a UTF-8 process the length may count fewer units than the text has bytes.
-    std::string text(static_cast<std::size_t>(length) * 4 + 1, '\0');
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
     const LRESULT copied =
         Send(control, CB_GETLBTEXT, LB_GETTEXT, item, reinterpret_cast<LPARAM>(text.data()));
     if (copied < 0) return {};
-    text.resize(text.find('\0'));
-    return text;
+    text.resize(static_cast<std::size_t>(copied));
+    return FromWide(text);
 }
 
 int FindItem(const ListControl& control, std::string_view text) {

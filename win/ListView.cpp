@@ -2,24 +2,26 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "win/CodePage.h"
 
 namespace win {
 namespace {
 
 int CountColumns(HWND list) {
-    const auto header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
-    return static_cast<int>(SendMessageA(header, HDM_GETITEMCOUNT, 0, 0));
+    const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+    return static_cast<int>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
 }
 
 // Suspends painting during a change.
 class WithoutRedraw {
   public:
-    explicit WithoutRedraw(HWND list) : list_(list) { SendMessageA(list, WM_SETREDRAW, FALSE, 0); }
+    explicit WithoutRedraw(HWND list) : list_(list) { SendMessageW(list, WM_SETREDRAW, FALSE, 0); }
     WithoutRedraw(const WithoutRedraw&) = delete;
     WithoutRedraw& operator=(const WithoutRedraw&) = delete;
     ~WithoutRedraw() {
-        SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
+        SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
         InvalidateRect(list_, nullptr, TRUE);
     }
 
@@ -30,52 +32,73 @@ class WithoutRedraw {
 }  // namespace
 
 void AddListColumn(HWND list, const char* header, int width) {
-    LVCOLUMNA column{};
+    std::wstring text = ToWide(header);
+    LVCOLUMNW column{};
     column.mask = LVCF_TEXT | LVCF_SUBITEM | LVCF_WIDTH;
     column.cx = width;
-    column.pszText = const_cast<char*>(header);
+    column.pszText = text.data();
     column.iSubItem = CountColumns(list);
-    SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(column.iSubItem),
+    SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(column.iSubItem),
                  reinterpret_cast<LPARAM>(&column));
 }
 
 void AddListRow(HWND list, int icon, std::initializer_list<std::string> texts) {
-    LVITEMA item{};
+    LVITEMW item{};
     item.iItem = CountListRows(list);
     item.iImage = icon;
     for (const std::string& text : texts) {
-        item.pszText = const_cast<char*>(text.c_str());
+        std::wstring wide = ToWide(text);
+        item.pszText = wide.data();
         if (item.iSubItem == 0) {
             item.mask = LVIF_TEXT | LVIF_IMAGE;
-            SendMessageA(list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+            SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
         } else {
-            SendMessageA(list, LVM_SETITEMTEXTA, static_cast<WPARAM>(item.iItem),
+            SendMessageW(list, LVM_SETITEMTEXTW, static_cast<WPARAM>(item.iItem),
                          reinterpret_cast<LPARAM>(&item));
         }
         ++item.iSubItem;
     }
 }
 
+void UseListUnicode(HWND list) {
+    SendMessageW(list, LVM_SETUNICODEFORMAT, TRUE, 0);
+}
+
+void SetCellText(NMLVDISPINFOW& request, const std::string& text) {
+    if (request.item.cchTextMax <= 0) return;
+    const std::wstring wide = ToWide(text);
+    const std::size_t length =
+        wide.copy(request.item.pszText, static_cast<std::size_t>(request.item.cchTextMax) - 1);
+    request.item.pszText[length] = L'\0';
+}
+
+std::optional<std::string> FindRequestText(const NMHDR& notification) {
+    const auto& request = reinterpret_cast<const NMLVFINDITEMW&>(notification);
+    if (!(request.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) || !request.lvfi.psz)
+        return std::nullopt;
+    return FromWide(request.lvfi.psz);
+}
+
 void SetListCount(HWND list, std::size_t rows) {
-    SendMessageA(list, LVM_SETITEMCOUNT, rows, 0);
+    SendMessageW(list, LVM_SETITEMCOUNT, rows, 0);
     InvalidateRect(list, nullptr, TRUE);
 }
 
 int CountListRows(HWND list) {
-    return static_cast<int>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
+    return static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
 }
 
 int SelectedListRow(HWND list) {
     return static_cast<int>(
-        SendMessageA(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+        SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
 }
 
 void SelectListRow(HWND list, int row) {
-    LVITEMA item{};
+    LVITEMW item{};
     item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
     item.state = LVIS_SELECTED | LVIS_FOCUSED;
-    SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-    SendMessageA(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+    SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
 void FitListColumns(HWND list) {
@@ -85,26 +108,26 @@ void FitListColumns(HWND list) {
     // more. With a temporary column after it, it is not the last.
     AddListColumn(list, "", 0);
     for (int i = 0; i < count; ++i)
-        SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i), LVSCW_AUTOSIZE_USEHEADER);
-    SendMessageA(list, LVM_DELETECOLUMN, static_cast<WPARAM>(count), 0);
+        SendMessageW(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i), LVSCW_AUTOSIZE_USEHEADER);
+    SendMessageW(list, LVM_DELETECOLUMN, static_cast<WPARAM>(count), 0);
 }
 
 void FillLastListColumn(HWND list, std::size_t rows) {
     const auto width = [&](int column) {
         return static_cast<int>(
-            SendMessageA(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
+            SendMessageW(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
     };
     RECT client{};
     GetClientRect(list, &client);
-    const auto rowsInView = static_cast<std::size_t>(SendMessageA(list, LVM_GETCOUNTPERPAGE, 0, 0));
-    const bool hasScrollBar = GetWindowLongA(list, GWL_STYLE) & WS_VSCROLL;
+    const auto rowsInView = static_cast<std::size_t>(SendMessageW(list, LVM_GETCOUNTPERPAGE, 0, 0));
+    const bool hasScrollBar = GetWindowLongW(list, GWL_STYLE) & WS_VSCROLL;
     if (rows > rowsInView && !hasScrollBar) client.right -= GetSystemMetrics(SM_CXVSCROLL);
     const int last = CountColumns(list) - 1;
     int others = 0;
     for (int i = 0; i < last; ++i) others += width(i);
     if (others + width(last) >= client.right) return;
     const WithoutRedraw pause(list);
-    SendMessageA(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(last), client.right - others);
+    SendMessageW(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(last), client.right - others);
 }
 
 void ResizeListViewColumns(HWND list) {
@@ -116,7 +139,7 @@ TextMeter::TextMeter(HWND control)
     : control_(control),
       device_(GetDC(control)),
       previousFont_(SelectObject(
-          device_, reinterpret_cast<HGDIOBJ>(SendMessageA(control, WM_GETFONT, 0, 0)))) {
+          device_, reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)))) {
     GetCharWidth32W(device_, 0, asciiWidths_.size() - 1, asciiWidths_.data());
 }
 

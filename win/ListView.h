@@ -1,18 +1,30 @@
 #pragma once
 #include <windows.h>
+#include <commctrl.h>
 
 #include <array>
 #include <initializer_list>
+#include <optional>
 #include <string>
 
 // List views in report style, whose rows start with a small icon, and the width of texts.
 namespace win {
+
+// Has the list send its requests in UTF-16, which SetCellText and FindRequestText read, whatever
+// its dialog prefers.
+void UseListUnicode(HWND list);
 
 // Adds a column with this width in pixels.
 void AddListColumn(HWND list, const char* header, int width);
 
 // Appends a row; `icon` is an index into the list's small icons.
 void AddListRow(HWND list, int icon, std::initializer_list<std::string> texts);
+// Answers a virtual list's request for the text of a cell (LVN_GETDISPINFOW); the list shows no
+// more than its buffer holds.
+void SetCellText(NMLVDISPINFOW& request, const std::string& text);
+// Returns the letters that a virtual list's request (LVN_ODFINDITEMW) searches for; nullopt if it
+// searches for something else.
+std::optional<std::string> FindRequestText(const NMHDR& notification);
 // Sets the number of rows of a virtual list and redraws it.
 void SetListCount(HWND list, std::size_t rows);
 int CountListRows(HWND list);

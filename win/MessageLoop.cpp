@@ -25,7 +25,7 @@ bool IsForDialog(MSG& message) {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
     const HWND window = GetAncestor(message.hwnd, GA_ROOT);
     constexpr ULONG_PTR kDialogClass = 32770;
-    return window && GetClassLongPtrA(window, GCW_ATOM) == kDialogClass &&
+    return window && GetClassLongPtrW(window, GCW_ATOM) == kDialogClass &&
            IsDialogMessageW(window, &message);
 }
 

@@ -1,31 +1,38 @@
 #include "win/Process.h"
 
+#include "win/CodePage.h"
+
 namespace win {
 
 void HardenProcess() {
     HeapSetInformation(nullptr, HeapEnableTerminationOnCorruption, nullptr, 0);
     SetErrorMode(SEM_FAILCRITICALERRORS);
-    SetDllDirectoryA("");
+    SetDllDirectoryW(L"");
     // Windows 7 lacks this function without an update of 2011, so it is looked up by name.
     using SetDirectories = BOOL(WINAPI*)(DWORD);
     constexpr DWORD kSearchSystem32 = 0x800;
-    const HMODULE kernel = GetModuleHandleA("kernel32.dll");
+    const HMODULE kernel = GetModuleHandleW(L"kernel32.dll");
     const auto setDirectories = reinterpret_cast<SetDirectories>(
         reinterpret_cast<void*>(GetProcAddress(kernel, "SetDefaultDllDirectories")));
     if (setDirectories) setDirectories(kSearchSystem32);
 }
 
 std::string Environment(const char* name) {
-    std::string value;
+    const std::wstring wideName = ToWide(name);
+    std::wstring value;
     for (DWORD size = 256;;) {
         value.resize(size);
-        const DWORD length = GetEnvironmentVariableA(name, value.data(), size);
+        const DWORD length = GetEnvironmentVariableW(wideName.c_str(), value.data(), size);
         if (length < size) {
             value.resize(length);
-            return value;
+            return FromWide(value);
         }
         size = length;
     }
+}
+
+void SetEnvironment(const char* name, const std::string& value) {
+    SetEnvironmentVariableW(ToWide(name).c_str(), value.empty() ? nullptr : ToWide(value).c_str());
 }
 
 NamedMutex MakeNamedMutex(const char* name) {

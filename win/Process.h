@@ -13,6 +13,9 @@ void HardenProcess();
 // Returns the value of an environment variable; empty when it is not set.
 std::string Environment(const char* name);
 
+// Sets an environment variable for this process and those it starts; an empty value removes it.
+void SetEnvironment(const char* name, const std::string& value);
+
 struct NamedMutex {
     KernelHandle handle;
     bool existed = false;  // another process, perhaps one with more rights, had created it

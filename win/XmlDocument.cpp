@@ -94,7 +94,7 @@ XmlAttributes NodeAttributes(const XmlNode& node) {
 std::optional<std::string> DocumentUtf8(const XmlDocument& document) {
     Bstr text;
     if (FAILED(document->get_xml(text.Receive()))) return std::nullopt;
-    return ToUtf8({text.Get(), late::SysStringLen(text.Get())});
+    return FromWide({text.Get(), late::SysStringLen(text.Get())});
 }
 
 std::string BaseName(const XmlNode& node) {

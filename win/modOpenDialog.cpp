@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "win/CodePage.h"
 #include "win/Com.h"
 #include "win/LateFunctions.h"
 
@@ -19,7 +20,7 @@ LRESULT CALLBACK CentreOnActivation(int code, WPARAM wParam, LPARAM lParam) {
         monitor.cbSize = sizeof monitor;
         RECT frame;
         if (GetWindowRect(dialog, &frame) &&
-            GetMonitorInfoA(MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor)) {
+            GetMonitorInfoW(MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor)) {
             const RECT& work = monitor.rcWork;
             const int width = frame.right - frame.left;
             const int height = frame.bottom - frame.top;
@@ -40,7 +41,9 @@ std::string ShowOpenFileDialog(HWND owner, const OpenFileRequest& request) {
     constexpr DWORD kRecordSize = 76;
     static_assert(offsetof(OPENFILENAMEA, pvReserved) == kRecordSize);
     EnsureCom();
-    std::string filter = request.filter + "||";
+    std::string filter = ToAnsi(request.filter) + "||";
+    const std::string title = ToAnsi(request.title);
+    const std::string startFolder = ToAnsiPath(request.startFolder);
     std::replace(filter.begin(), filter.end(), '|', '\0');
     char path[2048] = {};
     OPENFILENAMEA dialog{};
@@ -49,14 +52,14 @@ std::string ShowOpenFileDialog(HWND owner, const OpenFileRequest& request) {
     dialog.lpstrFilter = filter.c_str();
     dialog.lpstrFile = path;
     dialog.nMaxFile = sizeof path;
-    dialog.lpstrTitle = request.title.c_str();
-    dialog.lpstrInitialDir = request.startFolder.c_str();
+    dialog.lpstrTitle = title.c_str();
+    dialog.lpstrInitialDir = startFolder.c_str();
     dialog.Flags =
         OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
     centringHook = SetWindowsHookExA(WH_CBT, CentreOnActivation, nullptr, GetCurrentThreadId());
     const bool chosen = late::GetOpenFileNameA(&dialog);
     if (centringHook) UnhookWindowsHookEx(std::exchange(centringHook, nullptr));
-    return chosen ? std::string(path) : std::string();
+    return chosen ? FromAnsi(path) : std::string();
 }
 
 }  // namespace win

@@ -147,7 +147,7 @@ Response FetchStations(const std::string& origin, const feed::Place& place) {
 
 http::Response Fetch(const std::string& url) {
     using Kind = feed::Request::Kind;
-    const auto request = feed::ParseRequest(win::ToUtf8(win::ToWide(url)), "nws");
+    const auto request = feed::ParseRequest(win::FromWide(win::ToWide(url)), "nws");
     if (!request) return Failure(http::kUnknownRequest);
     if (request->isAbroad) return feed::AnswerUnknownPlace(*request, kUnknownPlace);
     if (request->kind == Kind::Locations)

@@ -85,13 +85,14 @@ BOOL CALLBACK PrintWindow(HWND window, LPARAM top) {
     RECT place{};
     GetWindowRect(window, &place);
     const bool ticked = !std::wcscmp(className, L"Button") && Ask(window, BM_GETCHECK);
-    const std::string name = win::ToUtf8(className);
+    const std::string name = win::FromWide(className);
     const bool isIcon = std::ranges::count(tests::kTrayIconClasses, name) > 0;
     char numbers[160];
     std::snprintf(numbers, sizeof numbers, "%ld\t%ld\t%ld\t%ld\t%ld\t%d\t%d\t%d\t%d\t",
                   static_cast<long>(top), place.left, place.top, place.right, place.bottom,
                   IsWindowEnabled(window), ticked, isIcon, GetDlgCtrlID(window));
-    Print(numbers + Escaped(name) + "\t" + Escaped(win::ToUtf8(TextOf(window, className))) + "\n");
+    Print(numbers + Escaped(name) + "\t" + Escaped(win::FromWide(TextOf(window, className))) +
+          "\n");
     if (!top) EnumChildWindows(window, PrintWindow, reinterpret_cast<LPARAM>(window));
     return TRUE;
 }
@@ -177,7 +178,7 @@ void PrintRows(const char* title) {
             SendMessageW(list, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&remote->item));
             ReadProcessMemory(process, remote, &exchange, sizeof exchange, nullptr);
             if (column == 0) line += "\t" + std::to_string(exchange.item.iImage + 1);
-            line += "\t" + Escaped(win::ToUtf8(exchange.text));
+            line += "\t" + Escaped(win::FromWide(exchange.text));
         }
         Print(line + "\n");
     }
@@ -209,8 +210,8 @@ void PrintTexts(const char* path) {
                               reinterpret_cast<BYTE*>(text.data()), &size) != ERROR_SUCCESS)
                 break;
             if (type == REG_SZ)
-                Print(Escaped(win::ToUtf8(section)) + "\t" + Escaped(win::ToUtf8(name)) + "\t" +
-                      Escaped(win::ToUtf8(text.data())) + "\n");
+                Print(Escaped(win::FromWide(section)) + "\t" + Escaped(win::FromWide(name)) + "\t" +
+                      Escaped(win::FromWide(text.data())) + "\n");
         }
     }
 }
@@ -219,7 +220,7 @@ void PrintTexts(const char* path) {
 void Catch() {
     const std::wstring commandLine = GetCommandLineW();
     const std::string line =
-        win::ToUtf8(commandLine.substr(commandLine.find(L" catch ") + 7)) + "\n";
+        win::FromWide(commandLine.substr(commandLine.find(L" catch ") + 7)) + "\n";
     const HANDLE file =
         CreateFileA((win::ExecutableFolder() + "\\opened.txt").c_str(), FILE_APPEND_DATA,
                     FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS, 0, nullptr);

@@ -26,12 +26,14 @@ TEST_P(OptionsDialogTest, WritesOnlyTheChangedPage) {
     };
     const Case cases[] = {
         {[](HWND dialog) {
-             for (const char* word : {" wind storm ", "Łódź", "Łódź", "a|b", ""}) {
+             for (const char* word :
+                  {" wind storm ", "Łódź", "Łódź", "天気", "🌪", "ירושלים", "a|b", ""}) {
                  Type(dialog, frmOptions_Text3, word);
                  Click(dialog, frmOptions_Command9);
              }
          },
-         {{"alertfilters", "wind storm|||||Łódź|||||a|b"}, {"showfilteredwords", "False"}}},
+         {{"alertfilters", "wind storm|||||Łódź|||||天気|||||🌪|||||ירושלים|||||a|b"},
+          {"showfilteredwords", "False"}}},
         {[](HWND dialog) { Click(dialog, frmOptions_Command11); },
          {{"icon2", "default"}, {"singleclickaction", "a"}, {"doubleclickaction", "b"}}},
         {[](HWND dialog) {
@@ -124,7 +126,7 @@ TEST_P(OptionsDialogTest, StoresEachChangedOption) {
         {kShowFilteredWords, "True", click(frmOptions_Option6)},
         {kAlertFilters, "b",
          [](HWND dialog) {
-             SendMessageA(Find(dialog, frmOptions_List2), LB_SETSEL, TRUE, 0);
+             SendMessageW(Find(dialog, frmOptions_List2), LB_SETSEL, TRUE, 0);
              ClickAndAnswer(dialog, frmOptions_Command10, IDYES);
          }},
         {kIcon, "default", click(frmOptions_Command4)},
@@ -156,7 +158,7 @@ TEST_F(OptionsFormTest, RemovesNothingAfterNoOrCancel) {
     UseStations({"1", "2"});
     WriteSetting(kAlertFilters, "a");
     WithDialog([](HWND dialog) {
-        SendMessageA(Find(dialog, frmOptions_List2), LB_SETSEL, TRUE, 0);
+        SendMessageW(Find(dialog, frmOptions_List2), LB_SETSEL, TRUE, 0);
         for (const int button : {frmOptions_Command7, frmOptions_Command5, frmOptions_Command10})
             ClickAndAnswer(dialog, button, IDNO);
         ClickAndAnswer(dialog, frmOptions_Command23, IDCANCEL);
@@ -228,7 +230,7 @@ TEST_F(OptionsFormTest, WaitsForUnreadSettings) {
 TEST_P(OptionsDialogTest, WorksWithoutADataFolder) {
     UseStations({"1", "2"});
     const std::string appData = win::Environment("APPDATA");
-    SetEnvironmentVariableA("APPDATA", "Z:\\no\\such");
+    win::SetEnvironment("APPDATA", "Z:\\no\\such");
     WithDialog([](HWND dialog) {
         Click(dialog, frmOptions_Check4);
         ClickAndAnswer(dialog, frmOptions_Command7, IDYES);
@@ -237,7 +239,7 @@ TEST_P(OptionsDialogTest, WorksWithoutADataFolder) {
         Click(dialog, frmOptions_Command1);
         EXPECT_FALSE(IsWindow(dialog));
     });
-    SetEnvironmentVariableA("APPDATA", appData.c_str());
+    win::SetEnvironment("APPDATA", appData);
     EXPECT_EQ(State().dataFolder, "Z:\\no\\such\\SkyvaneAlerts");
     EXPECT_EQ(State().stationCount, 2u);
     EXPECT_EQ(ReadSetting(kRetrieveAlertsOnStartup), "True");

@@ -12,6 +12,7 @@
 #include "tray/frmTray.h"
 #include "tray/MinuteClock.h"
 #include "tray/TrayWindow.h"
+#include "win/CodePage.h"
 #include "win/Dialog.h"
 #include "win/ListItems.h"
 #include "win/MessageLoop.h"
@@ -31,7 +32,7 @@ inline HWND Find(HWND dialog, int control) {
 }
 
 inline void Click(HWND dialog, int control) {
-    SendMessageA(Find(dialog, control), BM_CLICK, 0, 0);
+    SendMessageW(Find(dialog, control), BM_CLICK, 0, 0);
 }
 
 inline void Choose(HWND dialog, int control, const std::string& text) {
@@ -40,12 +41,12 @@ inline void Choose(HWND dialog, int control, const std::string& text) {
     const int index = win::FindItem(choice, text);
     ASSERT_GE(index, 0) << text;
     win::SelectItem(choice, index);
-    SendMessageA(GetParent(combo), WM_COMMAND, MAKEWPARAM(control, CBN_SELCHANGE),
+    SendMessageW(GetParent(combo), WM_COMMAND, MAKEWPARAM(control, CBN_SELCHANGE),
                  reinterpret_cast<LPARAM>(combo));
 }
 
 inline void Type(HWND dialog, int control, const std::string& text) {
-    SetWindowTextA(Find(dialog, control), text.c_str());
+    SetWindowTextW(Find(dialog, control), win::ToWide(text).c_str());
 }
 
 inline bool CanApply(HWND dialog) {
@@ -69,7 +70,7 @@ inline int answer = 0;
 
 inline BOOL CALLBACK AnswerQuestion(HWND window, LPARAM owner) {
     if (GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner) && IsWindowVisible(window))
-        SendMessageA(window, WM_COMMAND, static_cast<WPARAM>(answer), 0);
+        SendMessageW(window, WM_COMMAND, static_cast<WPARAM>(answer), 0);
     return TRUE;
 }
 

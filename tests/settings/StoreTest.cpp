@@ -94,9 +94,9 @@ TEST_F(Store, DoesNothingWithAnInvalidStore) {
 TEST_F(Store, KeepsAUtf16IniFile) {
     const std::string wide("\xFF\xFE[\0A\0]\0\r\0\n\0", 12);
     ASSERT_TRUE(win::WriteFileAtomically(tests::ScratchIniPath(), wide));
-    HoldSettings("A", {{"k", "v"}});
+    HoldSettings("A", {{"k", "天 v"}});
     StoreHeldSettings();
-    EXPECT_EQ(ReadSetting("A", "k"), "v");
+    EXPECT_EQ(ReadSetting("A", "k"), win::ToAnsi("天 v"));
     EXPECT_TRUE(win::ReadWholeFile(tests::ScratchIniPath()).value_or("").starts_with(wide));
 }
 
@@ -150,6 +150,16 @@ TEST_F(Store, WaitsForALockedIniFileAndNeverOverwritesIt) {
     EXPECT_EQ(ReadSetting("Misc", "Other"), "8");
 }
 
+TEST_F(Store, KeepsTextsOfEveryScript) {
+    const std::string text = "Łódź, Ελλάδα, 天気, 🌪, ירושלים";
+    for (const std::int16_t store : {kUseIniStore, kUseRegistryStore}) {
+        Use(store);
+        WriteSetting("Options", "k", text);
+        EXPECT_EQ(ReadSetting("Options", "k"), text);
+        EXPECT_EQ(ReadSection("Options")->at("k"), text);
+    }
+}
+
 TEST_F(Store, ExpandsVariablesInRegistryValues) {
     Use(kUseRegistryStore);
     WriteSetting("Options", "k", "v");
@@ -169,7 +179,7 @@ TEST_F(Store, WritesFindsAndDeletesRegistryValues) {
     EXPECT_EQ(RegistryReadValue(kCurrentUser, key, "name"), "");
     RegistryDeleteValue(kCurrentUser, key, "Name");
     EXPECT_EQ(RegistryReadValue(kCurrentUser, key, "Name"), "");
-    RegDeleteTreeA(HKEY_CURRENT_USER, key.c_str());
+    RegDeleteTreeW(HKEY_CURRENT_USER, win::ToWide(key).c_str());
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "tray/frmTray.h"
 #include "tray/modExplorerMonitor.h"
 #include "tray/modTrayMenu.h"
+#include "win/CodePage.h"
 #include "win/Text.h"
 
 namespace tray {
@@ -65,9 +66,9 @@ TEST_F(TrayMenuTest, ListsStationsUpToTheFirstEmptyOne) {
     ListStations({});
     EXPECT_EQ(GetMenuItemCount(StationMenu()), 1);
     EXPECT_EQ(TextAt(StationMenu(), 0), "Add New Station...");
-    ListStations({"1", "2"});
+    ListStations({"1", "天気"});
     EXPECT_EQ(GetMenuItemCount(StationMenu()), 4);
-    EXPECT_EQ(TextAt(StationMenu(), 3), "Place 2");
+    EXPECT_EQ(TextAt(StationMenu(), 3), win::ToAnsi("Place 天気"));
     EXPECT_EQ(GetMenuItemID(StationMenu(), 3), 8002u);
     for (const std::string& nameless :
          {std::string(), std::string(100, ' ') + "S1***66044***1***2"}) {

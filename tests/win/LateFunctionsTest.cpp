@@ -12,7 +12,7 @@ TEST(LateFunctions, FindEachFunction) {
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES};
     EXPECT_TRUE(late::InitCommonControlsEx(&controls));
     const HIMAGELIST images = late::ImageList_Create(16, 16, ILC_COLOR32, 1, 0);
-    EXPECT_EQ(late::ImageList_ReplaceIcon(images, -1, LoadIconA(nullptr, IDI_APPLICATION)), 0);
+    EXPECT_EQ(late::ImageList_ReplaceIcon(images, -1, LoadIconW(nullptr, IDI_APPLICATION)), 0);
     EXPECT_TRUE(late::ImageList_Destroy(images));
     EXPECT_TRUE(FAILED(late::EnableThemeDialogTexture(nullptr, ETDT_ENABLETAB)));
 
@@ -48,7 +48,7 @@ TEST(LateFunctions, FindEachFunction) {
 
 // Only a load that honours the program's manifest finds the version with visual styles.
 TEST(LateFunctions, LoadTheCommonControlsOfTheManifest) {
-    FindLateFunction("comctl32.dll", "ImageList_Create");
+    FindLateFunction(L"comctl32.dll", "ImageList_Create");
     char path[MAX_PATH] = {};
     GetModuleFileNameA(GetModuleHandleA("comctl32.dll"), path, sizeof path);
     EXPECT_TRUE(AsciiLower(path).find(

@@ -47,7 +47,7 @@ std::wstring Read(const std::wstring& name) {
 }
 
 void Write(const std::wstring& name, const std::wstring& text) {
-    win::OverwriteFile(PathOf(name), win::ToUtf8(text));
+    win::OverwriteFile(PathOf(name), win::FromWide(text));
 }
 
 // What an object stands for; elements have their file's name.

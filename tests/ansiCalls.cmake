@@ -1,0 +1,76 @@
+# cmake -D NM=... -D FILES=... -D ROOT=... -P: checks that only the listed sources call functions of
+# Windows that take or return text in the process's code page. Such a call cannot carry every character
+# on all systems. A source that passes texts of the user on must convert them with win::ToAnsi.
+cmake_policy(VERSION 3.22)
+set(allowed
+  settings/IniFile:GetPrivateProfileSectionA
+  settings/IniFile:GetPrivateProfileStringA
+  settings/IniFile:WritePrivateProfileStringA
+  settings/modRegistry:RegCreateKeyA
+  settings/modRegistry:RegDeleteValueA
+  settings/modRegistry:RegEnumValueA
+  settings/modRegistry:RegOpenKeyA
+  settings/modRegistry:RegOpenKeyExA
+  settings/modRegistry:RegSetValueExA
+  tray/TrayWindow:CreateWindowExA
+  tray/TrayWindow:GetModuleHandleA
+  tray/TrayWindow:RegisterClassA
+  tray/frmTray:DefWindowProcA
+  tray/modExplorerMonitor:CallWindowProcA
+  tray/modExplorerMonitor:GetPropA
+  tray/modExplorerMonitor:GetWindowLongA
+  tray/modExplorerMonitor:RegisterWindowMessageA
+  tray/modExplorerMonitor:RemovePropA
+  tray/modExplorerMonitor:SetPropA
+  tray/modExplorerMonitor:SetWindowLongA
+  tray/modTrayIcon:Shell_NotifyIconA
+  tray/modTrayMenu:AppendMenuA
+  tray/modTrayMenu:CallWindowProcA
+  tray/modTrayMenu:GetWindowLongA
+  tray/modTrayMenu:InsertMenuA
+  tray/modTrayMenu:PostMessageA
+  tray/modTrayMenu:SetWindowLongA
+  win/LateFunctions:GetOpenFileNameA
+  win/LateFunctions:sndPlaySoundA
+  win/Process:CreateMutexA
+  win/Shell:ShellExecuteA
+  win/modOpenDialog:SetWindowsHookExA
+  win/modRandomFile:GetTempFileNameA
+  win/modRandomFile:GetTempPathA)
+
+# Imported functions, by object file.
+execute_process(COMMAND ${NM} -A -u ${FILES} OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
+string(REPLACE "\n" ";" calls "${symbols}")
+list(FILTER calls INCLUDE REGEX " U __imp__[A-Za-z0-9_]+A@")
+list(TRANSFORM calls REPLACE "^.*\\.dir/(.*)\\.cpp\\.obj: *U __imp__(.*)@[0-9]*$" "\\1:\\2")
+
+# Functions loaded later, and messages, which no object file shows.
+set(sources)
+foreach(folder app options search tray alerts stations settings win downloader runtime)
+  file(GLOB_RECURSE found RELATIVE ${ROOT} ${ROOT}/${folder}/*.cpp ${ROOT}/${folder}/*.h)
+  list(APPEND sources ${found})
+endforeach()
+foreach(source ${sources})
+  string(REGEX REPLACE "\\.(cpp|h)$" "" name ${source})
+  file(STRINGS ${ROOT}/${source} lines REGEX "A[^A-Za-z0-9_]")
+  foreach(line ${lines})
+    if(line MATCHES "LATE_FUNCTION\\(.*, ([A-Za-z]+A)\\)")
+      list(APPEND calls ${name}:${CMAKE_MATCH_1})
+    elseif(line MATCHES "[^A-Z_]((CB|HD|LB|LV|TC|TT|TV)[MN]_[A-Z]+A)[^A-Za-z0-9_]")
+      list(APPEND calls ${name}:${CMAKE_MATCH_1})
+    endif()
+  endforeach()
+endforeach()
+
+list(REMOVE_DUPLICATES calls)
+set(unlisted ${calls})
+list(REMOVE_ITEM unlisted ${allowed})
+list(REMOVE_ITEM allowed ${calls})
+list(JOIN unlisted "\n  " unlistedLines)
+list(JOIN allowed "\n  " unusedLines)
+if(unlisted)
+  message(FATAL_ERROR "Not in the list of calls in the process's code page:\n  ${unlistedLines}")
+endif()
+if(allowed)
+  message(FATAL_ERROR "Listed, but not called:\n  ${unusedLines}")
+endif()
