@@ -144,7 +144,7 @@ Response FetchAlerts(const std::string& origin, const feed::Place& place) {
 
 http::Response Fetch(const std::string& url) {
     using Kind = feed::Request::Kind;
-    const auto request = feed::ParseRequest(win::ToUtf8(win::ToWide(url)), "fpas");
+    const auto request = feed::ParseRequest(win::FromWide(win::ToWide(url)), "fpas");
     if (!request) return Failure(http::kUnknownRequest);
     if (request->kind == Kind::Locations)
         return feed::AnswerLocations(request->text, feed::Scope::Abroad);

@@ -10,7 +10,7 @@
 namespace live {
 
 http::Response Fetch(const std::string& url) {
-    const auto route = ParseUrl(win::ToUtf8(win::ToWide(url)));
+    const auto route = ParseUrl(win::FromWide(win::ToWide(url)));
     if (!route) return http::Failure(http::kUnknownRequest);
     if (route->kind == Kind::Locations)
         return feed::AnswerLocations(route->searchText, feed::Scope::World);
