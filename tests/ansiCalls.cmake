@@ -42,7 +42,7 @@ set(allowed
 execute_process(COMMAND ${NM} -A -u ${FILES} OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE "\n" ";" calls "${symbols}")
 list(FILTER calls INCLUDE REGEX " U __imp__[A-Za-z0-9_]+A@")
-list(TRANSFORM calls REPLACE "^.*\\.dir/(.*)\\.cpp\\.obj: *U __imp__(.*)@[0-9]*$" "\\1:\\2")
+list(TRANSFORM calls REPLACE "^.*\\.dir/(\\./)?(.*)\\.cpp\\.obj: *U __imp__(.*)@[0-9]*$" "\\2:\\3")
 
 # Functions loaded later, and messages, which no object file shows.
 set(sources)
