@@ -1,6 +1,7 @@
 #include "downloader/feed/AlertList.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "win/Text.h"
@@ -50,6 +51,15 @@ void PutWorstFirst(std::vector<RankedAlert>& alerts) {
                          return left.sent > right.sent;
                      });
     PutTitleEndingsFirst(alerts);
+}
+
+std::vector<std::size_t> StableOrder(const std::vector<std::int64_t>& numbers) {
+    std::vector<std::size_t> order(numbers.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+        return numbers[left] < numbers[right];
+    });
+    return order;
 }
 
 std::string ShortTitle(std::string_view title) {

@@ -28,6 +28,9 @@ void KeepOnePerEvent(std::vector<RankedAlert>& alerts);
 // title.
 void PutWorstFirst(std::vector<RankedAlert>& alerts);
 
+// Returns the indexes of the numbers, the smallest number's first. Equal numbers keep their order.
+std::vector<std::size_t> StableOrder(const std::vector<std::int64_t>& numbers);
+
 // Returns the title, shortened to at most 30 characters, because a caption of the menu is cut at 40
 // and the place follows the title.
 std::string ShortTitle(std::string_view title);

@@ -1,9 +1,8 @@
 #include "downloader/fpas/Alert.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <map>
-#include <set>
 #include <type_traits>
 #include <utility>
 
@@ -73,11 +72,11 @@ std::size_t StartOfLastCharacter(std::string_view text) {
     return start;
 }
 
-// Reads the elements of a document, and whether all texts are well-formed
-// UTF-8.
+// Reads the elements of a document, and whether there are not too many blocks, and all texts are
+// well-formed UTF-8.
 class Reader {
   public:
-    bool IsUtf8() const { return isUtf8_; }
+    bool IsSound() const { return isSound_; }
 
     Alert ReadAlert(XmlElement root) {
         Alert alert;
@@ -87,15 +86,20 @@ class Reader {
             ReadField(child, kAlertFields, alert);
             if (child.Name() == "references") alert.references = WholeText(child);
         }
-        std::map<std::string, std::set<std::string>> areasOf;  // by language
-        for (const XmlElement block : blocks) {
-            alert.infos.push_back(ReadInfo(block));
-            areasOf[win::AsciiLower(alert.infos.back().language)].insert(
-                alert.infos.back().areaKey);
-        }
-        for (std::size_t at = 0; at < blocks.size(); ++at)
-            if (areasOf[win::AsciiLower(alert.infos[at].language)].size() > 1)
+        // There is one for each language, or a few.
+        constexpr std::size_t kMostBlocks = 1000;
+        isSound_ &= blocks.size() <= kMostBlocks;
+        if (!isSound_) return alert;
+        for (const XmlElement block : blocks) alert.infos.push_back(ReadInfo(block));
+        for (std::size_t at = 0; at < blocks.size(); ++at) {
+            const Info& info = alert.infos[at];
+            const auto isElsewhere = [&](const Info& other) {
+                return win::EqualIgnoringCase(other.language, info.language) &&
+                       other.areaKey != info.areaKey;
+            };
+            if (std::any_of(alert.infos.begin(), alert.infos.end(), isElsewhere))
                 ReadShapes(blocks[at], alert.infos[at]);
+        }
         return alert;
     }
 
@@ -108,13 +112,13 @@ class Reader {
         std::string text = element.Text(kLongest);
         if (text.size() + kLongestCharacter > kLongest)
             text.replace(StartOfLastCharacter(text), std::string::npos, "...");
-        isUtf8_ &= win::IsUtf8(text);
+        isSound_ &= win::IsUtf8(text);
         return text;
     }
 
     std::string WholeText(XmlElement element) {
         std::string text = element.Text();
-        isUtf8_ &= win::IsUtf8(text);
+        isSound_ &= win::IsUtf8(text);
         return text;
     }
 
@@ -197,7 +201,7 @@ class Reader {
 
     static constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;
 
-    bool isUtf8_ = true;
+    bool isSound_ = true;
 };
 
 // Calls `act` for each text of the owner in the tables, in the order in which
@@ -281,7 +285,7 @@ std::optional<Alert> ReadAlert(std::string document) {
     if (!root || root.Name() != "alert") return std::nullopt;
     Reader reader;
     Alert alert = reader.ReadAlert(root);
-    if (!reader.IsUtf8()) return std::nullopt;
+    if (!reader.IsSound()) return std::nullopt;
     return alert;
 }
 

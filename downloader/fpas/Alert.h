@@ -51,8 +51,8 @@ struct Alert {
     std::vector<Info> infos;
 };
 
-// Reads a document. Returns nullopt unless it is one well-formed alert in UTF-8, at most 4 MB. Its
-// elements may be missing.
+// Reads a document. Returns nullopt unless it is one well-formed alert in UTF-8, at most 4 MB and
+// 1,000 blocks. Its elements may be missing.
 std::optional<Alert> ReadAlert(std::string document);
 
 // The alert in a compact form for the cache; and back, nullopt if the text is damaged.

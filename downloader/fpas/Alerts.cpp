@@ -1,7 +1,6 @@
 #include "downloader/fpas/Alerts.h"
 
 #include <algorithm>
-#include <map>
 
 #include "downloader/feed/AlertList.h"
 #include "downloader/feed/FeedXml.h"
@@ -23,7 +22,8 @@ using Blocks = std::vector<const Info*>;
 // severity.
 struct Entry {
     const Alert* alert = nullptr;
-    Blocks blocks;  // the most severe first
+    Blocks blocks;
+    const Info* worst = nullptr;  // of the blocks
 };
 
 int SeverityRank(const Info* info) {
@@ -61,29 +61,26 @@ Blocks ChooseByPlace(const Blocks& blocks, const feed::Position& place) {
 // is better than none.
 Choice ChooseBlocks(const Alert& alert, const feed::Position& place, std::string_view language,
                     std::int64_t now) {
-    std::vector<Blocks> languages;
-    std::map<std::string, std::size_t> indexes;
-    for (const Info& info : alert.infos) {
-        const auto [found, isNew] =
-            indexes.try_emplace(win::AsciiLower(info.language), languages.size());
-        if (isNew) languages.emplace_back();
-        languages[found->second].push_back(&info);
-    }
-    const auto rank = [&](const Blocks& blocks) {
-        return LanguageRank(blocks.front()->language, language);
+    const auto isSameLanguage = [](const Info& left, const Info& right) {
+        return win::EqualIgnoringCase(left.language, right.language);
     };
-    std::stable_sort(
-        languages.begin(), languages.end(),
-        [&](const Blocks& left, const Blocks& right) { return rank(left) > rank(right); });
-    for (const Blocks& all : languages) {
-        Choice choice;
-        choice.languageRank = rank(all);
-        choice.blocks = ChooseByPlace(all, place);
-        std::erase_if(choice.blocks,
-                      [&](const Info* info) { return !IsInForce(*info, alert, now); });
-        if (!choice.blocks.empty()) return choice;
+    Choice choice;
+    for (choice.languageRank = kBestLanguage; choice.languageRank >= 0; --choice.languageRank) {
+        for (auto first = alert.infos.begin(); first != alert.infos.end(); ++first) {
+            const auto isAlso = [&](const Info& info) { return isSameLanguage(info, *first); };
+            if (LanguageRank(first->language, language) != choice.languageRank ||
+                std::any_of(alert.infos.begin(), first, isAlso))
+                continue;
+            Blocks all;
+            for (auto info = first; info != alert.infos.end(); ++info)
+                if (isAlso(*info)) all.push_back(&*info);
+            choice.blocks = ChooseByPlace(all, place);
+            std::erase_if(choice.blocks,
+                          [&](const Info* info) { return !IsInForce(*info, alert, now); });
+            if (!choice.blocks.empty()) return choice;
+        }
     }
-    return {};
+    return choice;
 }
 
 void AppendUnlessHeld(std::string& list, std::string_view text, std::string_view separator) {
@@ -101,7 +98,7 @@ bool SaySame(const Info& left, const Info& right) {
 // same are one.
 std::string Body(const Entry& entry, std::string_view title) {
     std::string body;
-    const Info& worst = *entry.blocks.front();
+    const Info& worst = *entry.worst;
     if (worst.event != title && worst.headline.find(worst.event) == std::string::npos &&
         worst.description.find(worst.event) == std::string::npos)
         body = worst.event;
@@ -145,23 +142,25 @@ std::vector<feed::RankedAlert> MakeEntries(const std::vector<const Alert*>& aler
     std::vector<feed::RankedAlert> ranked;
     for (const Choice& choice : choices) {
         const Alert* const alert = alerts[choice.alert];
-        const std::int64_t sent = feed::ParseTime(alert->sent).value_or(INT64_MIN);
-        Blocks left = choice.blocks;
-        std::stable_sort(left.begin(), left.end(), [](const Info* one, const Info* other) {
-            return SeverityRank(one) > SeverityRank(other);
-        });
-        while (!left.empty()) {
-            const Info& worst = *left.front();
-            const auto others =
-                std::stable_partition(left.begin(), left.end(),
-                                      [&](const Info* info) { return info->event == worst.event; });
+        const std::size_t first = entries.size();
+        for (const Info* const block : choice.blocks) {
+            const auto same = std::find_if(
+                entries.begin() + static_cast<std::ptrdiff_t>(first), entries.end(),
+                [&](const Entry& entry) { return entry.worst->event == block->event; });
+            Entry& entry = same == entries.end() ? entries.emplace_back() : *same;
+            entry.alert = alert;
+            entry.blocks.push_back(block);
+            if (!entry.worst || SeverityRank(block) > SeverityRank(entry.worst))
+                entry.worst = block;
+        }
+        for (std::size_t at = first; at < entries.size(); ++at) {
+            const Info& worst = *entries[at].worst;
             std::string identity = choice.identity;
             if (worst.event != FirstEvent(*alert, worst.language))
                 identity = feed::ShortIdentity(identity + "\n" + worst.event);
-            ranked.push_back({entries.size(), std::move(identity), Title(worst), sent, true,
+            ranked.push_back({at, std::move(identity), Title(worst),
+                              feed::ParseTime(alert->sent).value_or(INT64_MIN), true,
                               SeverityRank(&worst)});
-            entries.push_back({alert, Blocks(left.begin(), others)});
-            left.erase(left.begin(), others);
         }
     }
     return ranked;

@@ -1,10 +1,9 @@
 #include "downloader/fpas/Events.h"
 
 #include <algorithm>
-#include <map>
-#include <set>
 #include <utility>
 
+#include "downloader/feed/AlertList.h"
 #include "downloader/feed/IsoTime.h"
 #include "downloader/feed/Paragraphs.h"
 #include "downloader/fpas/InForce.h"
@@ -82,14 +81,12 @@ class Chains {
           memory_(memory),
           now_(now),
           identities_(alerts.size()),
+          textKeys_(alerts.size()),
           wasKnown_(alerts.size()) {
-        std::vector<std::size_t> order;
-        for (std::size_t at = 0; at < alerts.size(); ++at)
-            if (alerts[at]) order.push_back(at);
-        std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
-            return SentTime(*alerts[left]) < SentTime(*alerts[right]);
-        });
-        for (const std::size_t at : order) Find(at);
+        std::vector<std::int64_t> sent;
+        for (const Alert* const alert : alerts) sent.push_back(alert ? SentTime(*alert) : 0);
+        for (const std::size_t at : feed::StableOrder(sent))
+            if (alerts[at]) Find(at);
     }
 
     const std::string& Identity(std::size_t alert) const { return identities_[alert]; }
@@ -119,8 +116,8 @@ class Chains {
             if (!known) known = memory_.Find(IdentifierKey(reference.sender, reference.identifier));
         if (!known) known = memory_.Find(textKey);
         const std::string identity = known ? known->identity : feed::ShortIdentity(textKey);
-        if (!known) fresh_.insert(identity);
-        wasKnown_[at] = !fresh_.contains(identity);
+        if (!known) fresh_.push_back(identity);
+        wasKnown_[at] = std::find(fresh_.begin(), fresh_.end(), identity) == fresh_.end();
         Remember(at, identity);
     }
 
@@ -128,56 +125,64 @@ class Chains {
     AlertMemory& memory_;
     std::int64_t now_;
     std::vector<std::string> identities_;
+    std::vector<std::string> textKeys_;
     std::vector<bool> wasKnown_;
-    std::map<std::size_t, std::string> textKeys_;
-    std::set<std::string> fresh_;  // identities that are new in this answer
+    std::vector<std::string> fresh_;  // identities that are new in this answer
 };
 
-// Returns lists of choices, by index, that are one event in several languages. Of two choices in
-// one language each belongs to another event, although they agree in everything else.
-std::vector<std::vector<std::size_t>> FindSiblings(const std::vector<const Alert*>& alerts,
-                                                   const std::vector<Choice>& choices) {
-    std::map<std::string, std::vector<std::size_t>> byKey;
-    std::map<std::string, int> counts;
-    for (std::size_t at = 0; at < choices.size(); ++at) {
-        const std::string key = SiblingKey(*alerts[choices[at].alert], choices[at]);
-        const std::string language = win::AsciiLower(choices[at].blocks.front()->language);
-        const int count = counts[key + "\n" + language]++;
-        byKey[key + "\n" + win::Decimal(count)].push_back(at);
+// The choices that are one event in several languages, by index, the earliest first.
+struct Siblings {
+    std::string key;
+    std::vector<std::size_t> choices;
+};
+
+// Groups the choices. Of two in one language each belongs to another event, although they agree in
+// everything else.
+std::vector<Siblings> FindSiblings(const std::vector<const Alert*>& alerts,
+                                   const std::vector<Choice>& choices) {
+    std::vector<std::int64_t> sent;
+    for (const Choice& choice : choices) sent.push_back(SentTime(*alerts[choice.alert]));
+    std::vector<Siblings> groups;
+    for (const std::size_t at : feed::StableOrder(sent)) {
+        std::string key = SiblingKey(*alerts[choices[at].alert], choices[at]);
+        const auto isSameLanguage = [&](std::size_t other) {
+            return win::EqualIgnoringCase(choices[other].blocks.front()->language,
+                                          choices[at].blocks.front()->language);
+        };
+        const auto found = std::find_if(groups.begin(), groups.end(), [&](const Siblings& group) {
+            return group.key == key &&
+                   std::none_of(group.choices.begin(), group.choices.end(), isSameLanguage);
+        });
+        if (found == groups.end())
+            groups.push_back({std::move(key), {at}});
+        else
+            found->choices.push_back(at);
     }
-    std::vector<std::vector<std::size_t>> siblings;
-    for (auto& [key, list] : byKey) siblings.push_back(std::move(list));
-    // The order in which they were found, which is that of their times.
-    std::sort(siblings.begin(), siblings.end());
-    return siblings;
+    return groups;
 }
 
 }  // namespace
 
 void IdentifyEvents(const std::vector<const Alert*>& alerts, std::vector<Choice>& choices,
                     feed::AlertMemory& memory, std::int64_t now) {
-    std::stable_sort(choices.begin(), choices.end(), [&](const Choice& left, const Choice& right) {
-        return SentTime(*alerts[left.alert]) < SentTime(*alerts[right.alert]);
-    });
     Chains chains(alerts, memory, now);
     std::vector<Choice> kept;
-    std::map<std::string, std::string> areas;  // by identity
-    for (const std::vector<std::size_t>& siblings : FindSiblings(alerts, choices)) {
-        const auto known = std::find_if(siblings.begin(), siblings.end(), [&](std::size_t at) {
-            return chains.WasKnown(choices[at].alert);
-        });
-        const std::size_t first = known == siblings.end() ? siblings.front() : *known;
-        std::string identity = chains.Identity(choices[first].alert);
-        const std::size_t best =
-            *std::max_element(siblings.begin(), siblings.end(), [&](std::size_t l, std::size_t r) {
-                return choices[l].languageRank < choices[r].languageRank;
-            });
+    for (const Siblings& group : FindSiblings(alerts, choices)) {
+        std::size_t best = group.choices.front();
+        const auto known =
+            std::find_if(group.choices.begin(), group.choices.end(),
+                         [&](std::size_t at) { return chains.WasKnown(choices[at].alert); });
+        std::string identity =
+            chains.Identity(choices[known == group.choices.end() ? best : *known].alert);
+        for (const std::size_t at : group.choices)
+            if (choices[at].languageRank > choices[best].languageRank) best = at;
         const std::string area = AreaKey(choices[best]);
-        const auto other = areas.find(identity);
-        if (other != areas.end() && other->second != area)
+        const auto isElsewhere = [&](const Choice& other) {
+            return other.identity == identity && AreaKey(other) != area;
+        };
+        if (std::any_of(kept.begin(), kept.end(), isElsewhere))
             identity = feed::ShortIdentity(identity + "\n" + area);
-        areas[identity] = area;
-        for (const std::size_t at : siblings) chains.Remember(choices[at].alert, identity);
+        for (const std::size_t at : group.choices) chains.Remember(choices[at].alert, identity);
         choices[best].identity = identity;
         kept.push_back(std::move(choices[best]));
     }

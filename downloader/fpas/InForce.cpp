@@ -1,7 +1,6 @@
 #include "downloader/fpas/InForce.h"
 
 #include <algorithm>
-#include <map>
 
 #include "downloader/feed/IsoTime.h"
 #include "win/Text.h"
@@ -104,17 +103,16 @@ std::vector<Reference> ReferencesOf(const Alert& alert) {
 }
 
 std::vector<bool> FindReplaced(const std::vector<const Alert*>& alerts) {
-    std::map<std::string_view, std::vector<std::size_t>> byIdentifier;
-    for (std::size_t at = 0; at < alerts.size(); ++at)
-        if (alerts[at]) byIdentifier[alerts[at]->identifier].push_back(at);
     std::vector<bool> replaced(alerts.size());
     for (const Alert* const alert : alerts) {
         if (!alert || (alert->type != "Update" && alert->type != "Cancel")) continue;
         for (const Reference& reference : ReferencesOf(*alert)) {
-            const auto found = byIdentifier.find(reference.identifier);
-            if (found == byIdentifier.end()) continue;
-            for (const std::size_t at : found->second)
-                if (Means(reference, *alert, *alerts[at], found->second.size() == 1))
+            const auto isNamed = [&](const Alert* other) {
+                return other && other->identifier == reference.identifier;
+            };
+            const auto count = std::count_if(alerts.begin(), alerts.end(), isNamed);
+            for (std::size_t at = 0; count > 0 && at < alerts.size(); ++at)
+                if (isNamed(alerts[at]) && Means(reference, *alert, *alerts[at], count == 1))
                     replaced[at] = true;
         }
     }

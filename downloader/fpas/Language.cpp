@@ -17,9 +17,9 @@ std::string_view PrimarySubtag(std::string_view tag) {
 }  // namespace
 
 int LanguageRank(std::string_view language, std::string_view user) {
-    if (win::EqualIgnoringCase(language, user)) return 3;
+    if (win::EqualIgnoringCase(language, user)) return kBestLanguage;
     const std::string_view primary = PrimarySubtag(language);
-    if (win::EqualIgnoringCase(primary, PrimarySubtag(user))) return 2;
+    if (win::EqualIgnoringCase(primary, PrimarySubtag(user))) return kBestLanguage - 1;
     return win::EqualIgnoringCase(primary, "en") ? 1 : 0;
 }
 

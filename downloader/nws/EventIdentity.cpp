@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <map>
-#include <numeric>
 
+#include "downloader/feed/AlertList.h"
 #include "downloader/feed/IsoTime.h"
 #include "downloader/feed/Paragraphs.h"
 #include "downloader/nws/Tier.h"
@@ -66,14 +66,10 @@ KnownEvent EventOfText(const Message& message, const AlertMemory& memory) {
 }
 
 std::vector<std::size_t> ByTime(const std::vector<Message>& messages) {
-    std::vector<std::size_t> order(messages.size());
-    std::iota(order.begin(), order.end(), 0u);
     std::vector<std::int64_t> sent;
     for (const Message& message : messages)
         sent.push_back(feed::ParseTime(message.sent).value_or(INT64_MIN));
-    std::stable_sort(order.begin(), order.end(),
-                     [&](std::size_t left, std::size_t right) { return sent[left] < sent[right]; });
-    return order;
+    return feed::StableOrder(sent);
 }
 
 }  // namespace

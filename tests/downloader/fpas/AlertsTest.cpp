@@ -282,7 +282,7 @@ TEST(BuildAlertDocument, WritesTheWorstFirst) {
                              Document({{"identifier", "x"}}, Block({{"severity", "Extreme"}}))};
     EXPECT_EQ(All("title", documents), (Texts{"Storm", "Very heavy rain and thunder..."}));
     EXPECT_EQ(All("html-msg-body", documents)[1],
-              "Very heavy rain and thunderstorms\n\nRain &amp; more\n\nHills; Coast\n\n"
+              "Very heavy rain and thunderstorms\n\nRain &amp; more\n\nCoast; Hills\n\n"
               "Rain of &lt;30&gt; mm.\n\n大雨小心\n\nmet@example.org\n\n"
               "Severity: Severe. Urgency: Expected. Certainty: Likely.");
 }
