@@ -31,6 +31,7 @@ set(portableSources
   downloader/fpas/Events.cpp
   downloader/fpas/InForce.cpp
   downloader/fpas/Language.cpp
+  downloader/fpas/PackedAlert.cpp
   downloader/http/Response.cpp
   downloader/http/Retry.cpp
   downloader/http/Url.cpp

@@ -55,8 +55,4 @@ struct Alert {
 // 1,000 blocks. Its elements may be missing.
 std::optional<Alert> ReadAlert(std::string document);
 
-// The alert in a compact form for the cache; and back, nullopt if the text is damaged.
-std::string PackAlert(const Alert& alert);
-std::optional<Alert> UnpackAlert(std::string_view text);
-
 }  // namespace fpas

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "downloader/fpas/PackedAlert.h"
 #include "downloader/http/ResponseCache.h"
 #include "win/Text.h"
 

@@ -1,5 +1,6 @@
 #include "downloader/feed/Paragraphs.h"
 #include "downloader/fpas/Alerts.h"
+#include "downloader/fpas/PackedAlert.h"
 #include "tests/fuzz/Elements.h"
 #include "win/Text.h"
 #include "win/XmlGuard.h"

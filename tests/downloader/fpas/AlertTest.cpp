@@ -7,24 +7,6 @@
 namespace fpas {
 namespace {
 
-TEST(PackAlert, KeepsWhatWasRead) {
-    const auto alert = ReadAlert(Document(
-        {}, Block({{"area", "<polygon>1,2 3,4 5,6</polygon><circle>1,2 3</circle>"}}) +
-                Block({{"headline", "Łódź"}, {"category", "Met</category><category>Geo"}})));
-    ASSERT_TRUE(alert);
-    const std::string packed = PackAlert(*alert);
-    const auto unpacked = UnpackAlert(packed);
-    ASSERT_TRUE(unpacked);
-    EXPECT_EQ(unpacked->infos[0].areas[0].polygons, std::vector<std::string>{"1,2 3,4 5,6"});
-    EXPECT_EQ(unpacked->infos[1].headline, "Łódź");
-    EXPECT_EQ(unpacked->infos[1].categories, "Met Geo");
-    EXPECT_EQ(PackAlert(*unpacked), packed);
-    for (std::size_t length = 0; length < packed.size(); ++length)
-        EXPECT_FALSE(UnpackAlert(packed.substr(0, length))) << length;
-    EXPECT_FALSE(UnpackAlert(packed + "0;"));
-    EXPECT_FALSE(UnpackAlert("skyvane-cap-1;1;\xFF" + packed.substr(17)));
-}
-
 TEST(ReadAlert, CutsLongTextsButNoReferences) {
     std::string words;
     for (int i = 0; i < 20'000; ++i) words += "ж";
@@ -33,6 +15,20 @@ TEST(ReadAlert, CutsLongTextsButNoReferences) {
     ASSERT_TRUE(alert);
     EXPECT_EQ(alert->references, words);
     EXPECT_EQ(alert->infos[0].description.substr(32'760), "жжж...");
+}
+
+TEST(ReadAlert, RejectsWhatIsNoAlert) {
+    std::string blocks;
+    for (int i = 0; i < 1000; ++i) blocks += Block({});
+    const std::pair<std::string, bool> kCases[] = {
+        {Document({}, blocks), true},
+        {Document({}, blocks + Block({})), false},
+        {Document({}, Block({{"headline", "\xFF"}})), false},
+        {Document({}, Block({{"headline", "&#xD800;"}})), false},
+        {"<html><body>Bad gateway</body></html>", false},
+    };
+    for (const auto& [document, isAlert] : kCases)
+        EXPECT_EQ(ReadAlert(document).has_value(), isAlert) << document.substr(0, 600);
 }
 
 }  // namespace

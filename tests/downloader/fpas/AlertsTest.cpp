@@ -112,14 +112,20 @@ TEST(BuildAlertDocument, OmitsWhatAnotherDocumentReplaces) {
         {Update("b", later, ours, {{"msgType", "Ack"}}), {"Storm"}},
         {Update("b", later, "other@example.org,a,2026-07-15T16:00:00Z"), {"Update", "Storm"}},
         {Update("b", later, "a"), {"Update", "Storm"}},
-        // The identifier is that of two alerts.
-        {Update("a", later, ours), {"Update"}},
-        {Update("a", later, "met@example.org,a,2026-07-15T17:00:00Z"), {"Update"}},
+        {Update("a", later, ours), {"Update"}},  // to itself, by the wrong time
     };
     for (const auto& [document, titles] : kCases)
         for (const Texts& documents :
              {Texts{Document({}), document}, Texts{document, Document({})}})
             EXPECT_EQ(All("title", documents), titles) << document;
+}
+
+TEST(BuildAlertDocument, ComparesTimesWhereAlertsShareAnIdentifier) {
+    const std::string other = Document({{"sent", "2026-07-15T15:00:00Z"}},
+                                       Block({{"area", "<areaDesc>North</areaDesc>"}}));
+    const std::string update =
+        Update("b", "2026-07-15T17:00:00Z", "met@example.org,a,2026-07-15T18:00:00+02:00");
+    EXPECT_EQ(All("title", {Document({}), other, update}), (Texts{"Update", "Storm"}));
 }
 
 TEST(BuildAlertDocument, ChoosesTheLanguage) {
