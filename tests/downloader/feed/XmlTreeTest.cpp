@@ -20,8 +20,9 @@ TEST(XmlTree, RejectsWhatIsNotSafe) {
         {Repeat("<a>", 33) + Repeat("</a>", 33), false},
         {Repeat("<a>", 100'000), false},
         // What looks like a quote does not hide elements.
-        {"<a\">" + Repeat("<a>", 100'000), false},
-        {"<a=\">" + Repeat("<a>", 100'000), false},
+        {"<a\">" + Repeat("<a>", 100'000) + "\"/>", false},
+        {"<a=\">" + Repeat("<a>", 100'000) + "\"/>", false},
+        {"<a b\"=''>" + Repeat("<a>", 100'000) + "\"/>", false},
         {"<a>" + Repeat("<a></a>", 249'999) + "</a>", true},
         {"<a>" + Repeat("<a></a>", 250'000) + "</a>", false},
         {"<a>" + std::string(kLongestDocument - 7, 'x') + "</a>", true},

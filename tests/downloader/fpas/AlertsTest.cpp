@@ -112,6 +112,7 @@ TEST(BuildAlertDocument, OmitsWhatAnotherDocumentReplaces) {
         {Update("b", later, ours, {{"msgType", "Ack"}}), {"Storm"}},
         {Update("b", later, "other@example.org,a,2026-07-15T16:00:00Z"), {"Update", "Storm"}},
         {Update("b", later, "a"), {"Update", "Storm"}},
+        {Update("b", "2026-07-15T15:00:00Z", ours), {"Storm", "Update"}},  // of the past
         {Update("a", later, ours), {"Update"}},  // to itself, by the wrong time
     };
     for (const auto& [document, titles] : kCases)
