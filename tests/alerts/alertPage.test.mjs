@@ -17,7 +17,7 @@ before(async () => {
 });
 after(() => browser.close());
 
-for (const [name, alerts] of [["no-alerts", 0], ["one-alert", 1], ["sixty-alerts", 60]]) {
+for (const [name, alerts] of [["no-alerts", 0], ["one-alert", 1], ["scripts", 4], ["sixty-alerts", 60]]) {
     for (const colorScheme of ["light", "dark"]) {
         test(`${name}, ${colorScheme}: accessible, self-contained and as wide as its window`, async (t) => {
             const address = pathToFileURL(join(process.env.ALERT_PAGES, `${name}.html`)).href;

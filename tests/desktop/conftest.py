@@ -75,6 +75,23 @@ def browser(browser_folder):
 
 
 @pytest.fixture
+def opened(browser):
+    """A function that returns the text of the alert page that was opened. With `save_as`, it is kept for the
+    test in a real browser."""
+
+    def read(program, user="Default", save_as=None):
+        file = program.data_folder(user) / "Alerts.html"
+        browser.wait_for(stores.windows_path(file))
+        if save_as:
+            folder = pathlib.Path(os.environ["ALERT_PAGES"])
+            folder.mkdir(exist_ok=True)
+            shutil.copy(file, folder / f"{save_as}.html")
+        return file.read_text(encoding="utf-8")
+
+    return read
+
+
+@pytest.fixture
 def feed():
     feed = Feed()
     yield feed

@@ -1,8 +1,5 @@
 """The page with the alerts of all places, which the program writes and opens for a live source."""
 
-import os
-import pathlib
-
 import pytest
 import stores
 from feed import LAWRENCE
@@ -16,25 +13,6 @@ PLACES = (LAWRENCE, ODD)
 NAMES = [name for name, _ in PLACES]
 HOSTILE = alert("urn:1", f"Tornado Warning {MARKUP}", description=f"* {MARKUP}\n* Second\n\nLast.\n" + "Long. " * 300)
 NOT_COVERED = ["Place not covered"]
-
-
-@pytest.fixture
-def opened(browser):
-    """A function that returns the text of the page that was opened."""
-
-    def read(program, user="Default"):
-        file = program.data_folder(user) / "Alerts.html"
-        browser.wait_for(stores.windows_path(file))
-        return file.read_text(encoding="utf-8")
-
-    return read
-
-
-def save(page, name):
-    """Keeps the page for the test in a browser."""
-    folder = pathlib.Path(os.environ["ALERT_PAGES"])
-    folder.mkdir(exist_ok=True)
-    (folder / f"{name}.html").write_text(page, encoding="utf-8")
 
 
 def start(program, service):
@@ -54,8 +32,7 @@ def test_the_chosen_place_comes_first_with_the_whole_text(make_watcher, service,
     wait_until(program.balloons, "the balloon")
     alerts = ["Tornado", *NOT_COVERED]
     choose(program, "Tornado", alerts=alerts, stations=NAMES)
-    page = opened(program, user)
-    save(page, "one-alert")
+    page = opened(program, user, save_as="one-alert")
     assert page.index("<h2>Lawrence") < page.index("<h2>&lt;b&gt;Odd")
     assert "1 alert, the worst: Severe" in page and page.count("Long.") == 300 and "<li>Second</li>" in page
     choose(program, "View Weather", NAMES[1], alerts=alerts, stations=NAMES)
@@ -68,9 +45,9 @@ def test_no_alerts_is_said_only_after_a_successful_retrieval(make_watcher, servi
     program = make_watcher(LAWRENCE)
     start(program, service)
 
-    def view():
+    def view(save_as=None):
         choose(program, "View Weather", NAMES[0], stations=NAMES[:1])
-        return opened(program)
+        return opened(program, save_as=save_as)
 
     def retrieve():
         requests = len(service.alert_requests())
@@ -82,8 +59,7 @@ def test_no_alerts_is_said_only_after_a_successful_retrieval(make_watcher, servi
     page = view()
     assert "No alerts" not in page and "Nothing was retrieved yet" in page
     retrieve()
-    page = view()
-    save(page, "no-alerts")
+    page = view(save_as="no-alerts")
     assert ">No alerts</span>" in page
     service.alerts = b"{}"
     retrieve()
@@ -134,6 +110,5 @@ def test_sixty_alerts(make_watcher, service, opened):
     start(program, service)
     program.wait_for_picture("new alerts")
     choose(program, "View Weather", NAMES[0], alerts=["Wind"], stations=NAMES[:1])
-    page = opened(program)
-    save(page, "sixty-alerts")
+    page = opened(program, save_as="sixty-alerts")
     assert "60 alerts, the worst: Extreme" in page and page.count("<article") == 60

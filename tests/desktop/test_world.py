@@ -7,12 +7,12 @@ import shutil
 import xml.etree.ElementTree
 
 import pytest
-import stores
 from alert_server import AREA, cap, info
 from dialog import Dialog
 from downloader_run import Downloader, assert_failed
 from harness import wait_until
 from loopback import answer, redirect
+from options_dialog import OPTIONS
 from search_dialog import CHOOSER, apply_options, make_searcher, open_search, saved_stations
 from tray_menu import choose
 from weather_service import alert, collection, moment, recorded
@@ -206,15 +206,6 @@ def test_without_the_gazetteer(world, downloader):
     assert_failed(downloader.fetch(world.live + ALERTS), 1016)
 
 
-@pytest.fixture
-def opened(browser):
-    def read_page(program):
-        file = program.data_folder() / "Alerts.html"
-        browser.wait_for(stores.windows_path(file))
-        return file.read_text(encoding="utf-8")
-    return read_page
-
-
 def test_from_the_search_to_the_page(make_searcher, world, service, opened):
     world.set(cap("1", info("Unwetterwarnung", language="de-CH"), info("Thunderstorm", severity="Extreme")))
     program = make_searcher(world.feed, DisplayTrayAlert="True", AutoUpdateInterval="Every 5 minutes")
@@ -243,3 +234,29 @@ def test_from_the_search_to_the_page(make_searcher, world, service, opened):
     assert "US National Weather Service" in page and f"alert server {world.host}, which volunteers run" in page
     assert "<ul class=\"links\">" not in page and "weather.gov" not in page
     assert not service.targets()
+
+
+SCRIPTS = ("Гроза над Москвой", "عاصفة رعدية شديدة", "雷暴大风黄色预警", "ประกาศเตือนพายุฝนฟ้าคะนอง")
+EVERYWHERE = "Москва القاهرة 北京 กรุงเทพฯ"
+
+
+def test_names_in_other_scripts(make_watcher, world, opened):
+    """They arrive in the list, the menu and the page as they were sent."""
+    world.set(*(cap(str(n), info(title, language="und", headline=f"{title}.", description=f"«{title}»",
+                                 severity=severity))
+                for n, (title, severity) in enumerate(zip(SCRIPTS, ("Extreme", "Severe", "Moderate", "Minor")))))
+    program = make_watcher((EVERYWHERE, "g524901"), options={
+        "RetrieveAlertsOnStartup": "True", "DisplayTrayAlert": "True", "LastOption": "Stations",
+        "DoubleClickAction": "Open Skyvane Alerts Options"})
+    program.store.write({"Hosts": {"Feed": world.feed}})
+    program.start()
+    program.wait_for_picture("new alerts")
+    wait_until(program.balloons, "the balloon")
+    assert [found[1] for found in program.store.alerts() if found] == list(SCRIPTS)
+    for title in SCRIPTS[0], SCRIPTS[3]:
+        choose(program, title, alerts=SCRIPTS, stations=[EVERYWHERE])
+        page = opened(program, save_as="scripts")
+    assert f"<h2>{EVERYWHERE}</h2>" in page
+    assert all(f"<h3>{title}</h3>" in page and f"<p>«{title}»</p>" in page for title in SCRIPTS)
+    program.click_icon(times=2)
+    assert Dialog(OPTIONS).control(class_name="ComboBox").text == EVERYWHERE
