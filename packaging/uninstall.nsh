@@ -31,9 +31,11 @@ FunctionEnd
 
 Var StationsToo  ; 1 if the user agreed to delete the settings and stations
 
-; Deletes from the user data folder $0 the program's copies, the page it creates and, if requested, the
+; Deletes from the user data folder $0 the program's copies, the pages it creates and, if requested, the
 ; stations. Files of the user remain.
 Function un.RemoveUserFolder
+  Delete "$0\Alerts.html"
+  Delete "$0\Alerts.html.new"
   Delete "$0\HTML\CitySearch.html"
   Delete "$0\HTML\CitySearch.html.new"
   !insertmacro DeleteCopied "$0"

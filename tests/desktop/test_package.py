@@ -224,6 +224,7 @@ def test_removed_with_all_settings_on_request(run_setup, make_program, app_data_
         for copied in ("HTML", "Sounds"):
             shutil.copytree(place / copied, data_folder / copied)
         (data_folder / "HTML" / "CitySearch.html").write_text("a page created by a search")
+        (data_folder / "Alerts.html").write_text("a page created by a choice in the menu")
     (anna / "CityCode.cmb").write_text("station")
     (place / "anna.ini").write_text("[Misc]\r\nUSEINI=True\r\n", newline="")
     own_files = [place / "other.ini", anna / "Sounds" / "My own.wav", app_data_folder / "HTML" / "My own.html"]
