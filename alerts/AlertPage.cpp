@@ -1,7 +1,6 @@
 #include "alerts/AlertPage.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "alerts/AlertBody.h"
@@ -10,11 +9,6 @@
 
 namespace alerts {
 namespace {
-
-// What a source returns as an alert where it cannot say whether there are any, or whether these are
-// all.
-constexpr std::string_view kNotices[] = {"Place not covered", "Alerts unavailable",
-                                         "More alerts than can be read"};
 
 // An outline in a square of 16 units for each severity, so that shapes tell them apart.
 constexpr std::string_view kShapes[] = {
@@ -32,15 +26,11 @@ struct Entry {
     AlertFacts facts;
 };
 
-bool IsNotice(const Alert& alert) {
-    return std::ranges::find(kNotices, alert.title) != std::end(kNotices);
-}
-
 // Returns the alerts, the worst first.
 std::vector<Entry> SortByWorst(const std::vector<Alert>& alerts) {
     std::vector<Entry> entries;
     for (const Alert& alert : alerts) {
-        if (IsNotice(alert)) continue;
+        if (IsNotice(alert.title)) continue;
         std::string_view text = alert.body;
         const AlertFacts facts = TakeFacts(text);
         entries.push_back({&alert, text, facts});
@@ -127,11 +117,10 @@ void AppendAge(std::string& html, const PagePlace& place) {
     if (place.isOld)
         AppendNotice(html,
                      "The last successful retrieval was long ago. There may be newer alerts.");
-    const bool hasNone = std::ranges::all_of(answer.alerts, IsNotice);
     const std::string when = "Last retrieved: " + answer.retrieved + ".";
     html += "<p class=\"when\">";
     AppendText(html, when);
-    if (hasNone && !HasCertainlyNoAlerts(place) && answer.alerts.empty())
+    if (answer.alerts.empty() && !HasCertainlyNoAlerts(place))
         html += answer.isFiltered ? " No alerts passed your filter then."
                                   : " There were no alerts then.";
     else if (answer.isFiltered)
@@ -148,11 +137,10 @@ void AppendLink(std::string& html, std::string_view address, std::string_view te
 }
 
 void AppendLinks(std::string& html, const PagePlace& place) {
-    if (place.forecast.empty() && place.allAlerts.empty()) return;
+    if (place.forecast.empty() && place.source.empty()) return;
     html += "<ul class=\"links\">\n";
     if (!place.forecast.empty()) AppendLink(html, place.forecast, "Forecast for " + place.name);
-    if (!place.allAlerts.empty())
-        AppendLink(html, place.allAlerts, "All active alerts in the United States");
+    if (!place.source.empty()) AppendLink(html, place.source, place.sourceTitle);
     html += "</ul>\n";
 }
 
@@ -164,13 +152,13 @@ void AppendPlace(std::string& html, const PagePlace& place, const PageData& data
     html.append(Status(place, entries)).append("</span></summary>\n");
     AppendAge(html, place);
     for (const Alert& alert : place.answer.alerts)
-        if (IsNotice(alert)) AppendNotice(html, alert.title + ". " + alert.body);
+        if (IsNotice(alert.title)) AppendNotice(html, alert.title + ". " + alert.body);
     for (const Entry& entry : entries) AppendAlert(html, entry, 0);
-    if (!place.answer.isKnown && !place.stored.empty()) {
+    const std::vector<Entry> stored = SortByWorst(place.stored);
+    if (!place.answer.isKnown && !stored.empty()) {
         html += "<section>\n";
         AppendNotice(html, "Stored earlier, may have ended");
-        for (const Entry& entry : SortByWorst(place.stored))
-            AppendAlert(html, entry, data.longestStored);
+        for (const Entry& entry : stored) AppendAlert(html, entry, data.longestStored);
         html += "</section>\n";
     }
     AppendLinks(html, place);

@@ -14,7 +14,8 @@ struct PagePlace {
     bool isOld = false;         // whether the answer is too old to rely on
     std::vector<Alert> stored;  // from an earlier session; shown where no answer is known
     std::string forecast;       // the address of the place's forecast; may be empty
-    std::string allAlerts;      // the address of a page with all alerts of the country; likewise
+    std::string source;         // the address of the source's own page; likewise
+    std::string sourceTitle;    // what that page is
 };
 
 struct PageData {

@@ -89,10 +89,10 @@ void AlertReader::Take(const win::XmlNode& node) {
     if (!isBody || text.empty()) return;
     isOpen_ = false;
     const std::string body = CollapseSpaces(text);
-    if (filter_.lowerWords.empty() || filter_.Keeps(win::ToLower(body)))
-        Hold(body);
-    else
-        number_ = win::AddInt16(number_, -1);
+    if (filter_.lowerWords.empty() || filter_.Keeps(win::ToLower(body))) return Hold(body);
+    number_ = win::AddInt16(number_, -1);
+    // Without it, the answer would mean that there are no alerts.
+    if (IsExemptFromFilter(title_)) alerts_.push_back({OneLine(identifier_), title_, body});
 }
 
 void AlertReader::Hold(const std::string& body) {

@@ -40,7 +40,7 @@ class AlertReader {
     std::string title_;           // kept for an alert without a title of its own
     settings::KeyValues values_;  // of the current step
     std::vector<std::string> identifiers_;
-    std::vector<Alert> alerts_;  // the held ones
+    std::vector<Alert> alerts_;  // the held ones, and those exempt from the filter
     bool hasList_ = false;       // whether the document has a list of alerts
     bool isOpen_ = false;        // whether the current alert has had no body yet
     bool hasUnread_ = false;     // whether an alert has no body

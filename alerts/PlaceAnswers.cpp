@@ -1,5 +1,7 @@
 #include "alerts/PlaceAnswers.h"
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <utility>
 
@@ -8,10 +10,18 @@
 namespace alerts {
 namespace {
 
+constexpr std::string_view kNotices[] = {"Place not covered", "Alerts unavailable",
+                                         "More alerts than can be read"};
+
+struct Entry {
+    PlaceAnswer answer;
+    std::uint64_t failureTick = 0;  // of the latest request that failed
+};
+
 // All answers are of one feed: those of another say nothing about this one's alerts.
 struct Answers {
     std::string feed;
-    std::map<std::string, PlaceAnswer> byCode;
+    std::map<std::string, Entry> byCode;
 };
 
 Answers& AnswersOf(std::string_view feed) {
@@ -22,18 +32,31 @@ Answers& AnswersOf(std::string_view feed) {
 
 }  // namespace
 
-void RecordAnswer(const std::string& code, std::string_view feed, PlaceAnswer answer) {
-    AnswersOf(feed).byCode[code] = std::move(answer);
+bool IsNotice(std::string_view title) {
+    return std::ranges::find(kNotices, title) != std::end(kNotices);
 }
 
-void RecordFailure(const std::string& code, std::string_view feed) {
-    AnswersOf(feed).byCode[code].lastFailed = true;
+bool IsExemptFromFilter(std::string_view title) {
+    return IsNotice(title) || title == "Unreadable alert";
+}
+
+void RecordAnswer(const std::string& code, std::string_view feed, PlaceAnswer answer) {
+    Entry& entry = AnswersOf(feed).byCode[code];
+    if (answer.tick < entry.answer.tick) return;
+    answer.lastFailed |= answer.tick < entry.failureTick;
+    entry.answer = std::move(answer);
+}
+
+void RecordFailure(const std::string& code, std::string_view feed, std::uint64_t tick) {
+    Entry& entry = AnswersOf(feed).byCode[code];
+    entry.failureTick = std::max(entry.failureTick, tick);
+    entry.answer.lastFailed |= tick >= entry.answer.tick;
 }
 
 PlaceAnswer FindAnswer(const std::string& code, std::string_view feed) {
     const auto& byCode = AnswersOf(feed).byCode;
     const auto found = byCode.find(code);
-    return found == byCode.end() ? PlaceAnswer() : found->second;
+    return found == byCode.end() ? PlaceAnswer() : found->second.answer;
 }
 
 }  // namespace alerts

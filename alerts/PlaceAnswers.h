@@ -16,19 +16,29 @@ struct Alert {
 };
 
 struct PlaceAnswer {
-    std::vector<Alert> alerts;  // those that passed the word filter
+    std::vector<Alert> alerts;  // those that passed the word filter or are exempt from it
     bool isFiltered = false;    // whether there was a word filter
     bool isKnown = false;       // false until a request has succeeded
     bool lastFailed = false;    // the last request failed; the alerts are those of the one before
-    std::string retrieved;      // when the alerts were retrieved, as the user writes dates
+    std::string retrieved;      // when the alerts were requested, as the user writes dates
     std::uint64_t tick = 0;     // the same, in milliseconds since the system started
 };
 
-// Keeps the answer of a place to the feed at this address.
+// Whether this is the title of an entry with which a source says that it cannot tell whether a
+// place has alerts, or whether these are all.
+bool IsNotice(std::string_view title);
+
+// Whether an entry with this title is kept whatever its words: a notice, or an alert whose text
+// could not be read.
+bool IsExemptFromFilter(std::string_view title);
+
+// Keeps the answer of the feed at this address for a place, unless there is one to a later request.
+// Requests may end in another order than they began.
 void RecordAnswer(const std::string& code, std::string_view feed, PlaceAnswer answer);
 
-// Records that the request for a place failed; the alerts of its last answer stay.
-void RecordFailure(const std::string& code, std::string_view feed);
+// Records that the request for a place failed that began at this tick; the alerts of its last
+// answer stay.
+void RecordFailure(const std::string& code, std::string_view feed, std::uint64_t tick);
 
 // Returns the last answer of the feed at this address; one that is not known if it has none.
 PlaceAnswer FindAnswer(const std::string& code, std::string_view feed);

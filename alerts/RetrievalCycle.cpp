@@ -55,6 +55,8 @@ bool RetrievalCycle::StartNextStation() {
         if (!code || HasFetched(*code)) continue;
         code_ = *code;
         feed_ = settings::FeedHost();
+        date_ = win::GeneralDateNow();
+        tick_ = GetTickCount64();
         download_.emplace(settings::AlertsRequest(code_), kAlertsPrefix);
         return true;
     }
@@ -63,18 +65,18 @@ bool RetrievalCycle::StartNextStation() {
 
 void RetrievalCycle::RecordAnswer() const {
     PlaceAnswer answer = reader_->Answer();
-    if (!answer.isKnown) return RecordFailure(code_, feed_);
-    answer.retrieved = win::GeneralDateNow();
-    answer.tick = GetTickCount64();
+    if (!answer.isKnown) return RecordFailure(code_, feed_, tick_);
+    answer.retrieved = date_;
+    answer.tick = tick_;
     alerts::RecordAnswer(code_, feed_, std::move(answer));
 }
 
 // A failed download ends the cycle: the alerts of the stations after it are as unknown as its own.
 void RetrievalCycle::RecordFailures() const {
-    RecordFailure(code_, feed_);
+    RecordFailure(code_, feed_, tick_);
     for (const std::string& line : settings::State().stations) {
         const auto code = stations::StationCode(line);
-        if (code && !HasFetched(*code)) RecordFailure(*code, feed_);
+        if (code && !HasFetched(*code)) RecordFailure(*code, feed_, tick_);
     }
 }
 

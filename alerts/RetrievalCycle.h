@@ -39,7 +39,10 @@ class RetrievalCycle {
 
     std::string fetched_;  // the codes fetched so far, each after a comma
     std::string code_;
-    std::string feed_;  // the address of the feed of the last download
+    // Of the last download: the address of the feed, and when it began.
+    std::string feed_;
+    std::string date_;
+    std::uint64_t tick_ = 0;
     std::optional<Download> download_;
     std::optional<AlertReader> reader_;
     std::vector<std::string> identifiers_;  // of all alerts that passed the filter

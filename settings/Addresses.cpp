@@ -75,8 +75,15 @@ std::string OwnSourceName() {
     return std::string(kUnitedStates) + "; outside the United States, " + world;
 }
 
-std::string AllAlertsPage(std::string_view code) {
-    return IsAbroad(code) ? std::string() : "https://alerts.weather.gov/";
+std::string SourcePage(std::string_view code) {
+    if (!IsAbroad(code)) return "https://alerts.weather.gov/";
+    const std::string host = SplitFeed().worldHost;
+    return host.empty() ? host : "https://" + host + "/";
+}
+
+std::string SourcePageTitle(std::string_view code) {
+    return IsAbroad(code) ? "Public alert server " + SplitFeed().worldHost
+                          : "All active alerts in the United States";
 }
 
 std::string ForecastPage(std::string_view code) {
@@ -85,9 +92,8 @@ std::string ForecastPage(std::string_view code) {
 }
 
 std::string SubstitutePage(std::string_view code) {
-    if (IsAbroad(code)) return "https://" + SplitFeed().worldHost + "/";
-    const std::string forecast = ForecastPage(code);
-    return forecast.empty() ? "https://www.weather.gov/" : forecast;
+    const std::string page = IsAbroad(code) ? SourcePage(code) : ForecastPage(code);
+    return page.empty() ? "https://www.weather.gov/" : page;
 }
 
 std::string WeatherHost() {
@@ -136,7 +142,7 @@ std::string StationPage(std::string_view code) {
 }
 
 std::string NationalMapPage(std::string_view code) {
-    if (UsesLocalPage()) return AllAlertsPage({});
+    if (UsesLocalPage()) return SourcePage({});
     std::string page = WeatherHost()
                            .append("/severe-weather/national-alert-map.html?zcode=")
                            .append(kWeatherZone)

@@ -22,8 +22,11 @@ bool UsesLocalPage();
 // Returns what an own source is, for the user: who issues the alerts, and who passes them on.
 std::string OwnSourceName();
 
-// Returns the public page of all alerts in the United States; empty for a place abroad.
-std::string AllAlertsPage(std::string_view code);
+// Returns the public page of the source of a place's alerts; empty if the feed has none for it.
+std::string SourcePage(std::string_view code);
+
+// Returns what that page is, for the user.
+std::string SourcePageTitle(std::string_view code);
 
 // Returns the source's forecast for a place; empty if the code is not a ZIP code.
 std::string ForecastPage(std::string_view code);

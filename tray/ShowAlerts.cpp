@@ -76,7 +76,8 @@ alerts::PageData Collect(const std::string& chosen) {
         place.isOld = place.answer.isKnown && IsOld(place.answer);
         if (!place.answer.isKnown && section) place.stored = alerts::StoredAlerts(*section, code);
         place.forecast = settings::ForecastPage(code);
-        place.allAlerts = settings::AllAlertsPage(code);
+        place.source = settings::SourcePage(code);
+        place.sourceTitle = settings::SourcePageTitle(code);
         data.places.push_back(std::move(place));
     }
     return data;

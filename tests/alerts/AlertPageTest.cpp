@@ -91,6 +91,9 @@ TEST(AlertPage, MarksWhatAnEarlierSessionStored) {
     EXPECT_TRUE(Has(page, "Stored earlier, may have ended") && !Has(page, "Only the beginning"));
     place.answer.isKnown = true;
     EXPECT_FALSE(Has(Page(place), "Old</h3>"));
+    place.answer.isKnown = false;
+    place.stored = {{"1", "Place not covered", "Why."}};
+    EXPECT_FALSE(Has(Page(place), "Stored earlier"));
 }
 
 }  // namespace

@@ -232,7 +232,7 @@ def test_from_the_search_to_the_page(make_searcher, world, service, opened):
     page = opened(program)
     assert f"<h2>{caption}" in page and "1 alert, the worst: Extreme" in page
     assert "US National Weather Service" in page and f"alert server {world.host}, which volunteers run" in page
-    assert "<ul class=\"links\">" not in page and "weather.gov" not in page
+    assert f'href="https://{world.host}/"' in page and "weather.gov" not in page
     assert not service.targets()
 
 

@@ -17,7 +17,7 @@ TEST_F(AddressesTest, ContainTheCode) {
 
 TEST_F(AddressesTest, DependOnTheSourceOfThePlace) {
     EXPECT_EQ(ForecastPage("66044"), "https://forecast.weather.gov/zipcity.php?inputstring=66044");
-    EXPECT_EQ(ForecastPage("g2657896") + AllAlertsPage("g2657896"), "");
+    EXPECT_EQ(ForecastPage("g2657896"), "");
     EXPECT_EQ(SubstitutePage("g2657896"), "https://alerts.kde.org/");
     for (const auto& [feed, us, world] : {std::tuple{"", true, "alerts.kde.org"},
                                           {"nws://h/", true, ""},
@@ -28,6 +28,8 @@ TEST_F(AddressesTest, DependOnTheSourceOfThePlace) {
         const std::string server = std::string("server ") + world + ", which volunteers run";
         EXPECT_EQ(name.find("US National Weather Service") != std::string::npos, us) << feed;
         EXPECT_EQ(name.find(server) != std::string::npos, *world != 0) << name;
+        EXPECT_EQ(SourcePage("g1"), *world ? std::string("https://") + world + "/" : "");
+        EXPECT_EQ(SubstitutePage("g1"), *world ? SourcePage("g1") : "https://www.weather.gov/");
     }
 }
 
