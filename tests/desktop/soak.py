@@ -38,6 +38,12 @@ WM_COMMAND, RETRIEVE = 0x111, 102  # mnuRetrieveSevereAlerts
 FIVE_MINUTES = [field for timer in 3 * MINUTE_TIMERS for field in (WM_TIMER, timer, 0)]
 
 
+def send_signal(processes, number):
+    for process in processes:
+        with contextlib.suppress(ProcessLookupError):  # Wine starts a program by a process that ends at once
+            os.kill(process, number)
+
+
 class Soak:
     def __init__(self, program, server, temp_folder):
         self.program, self.server, self.temp_folder = program, server, temp_folder
@@ -57,13 +63,10 @@ class Soak:
         self.server.gate.set()
 
     def suspend(self, processes):
-        for process in processes:
-            os.kill(process, signal.SIGSTOP)
+        send_signal(processes, signal.SIGSTOP)
         self.server.gate.set()
         time.sleep(self.random.choice((0.2, 2, 12)))
-        for process in processes:
-            with contextlib.suppress(ProcessLookupError):
-                os.kill(process, signal.SIGCONT)
+        send_signal(processes, signal.SIGCONT)
 
     def suspended_downloader(self):
         self.suspend(self.program.downloaders())
