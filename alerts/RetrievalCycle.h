@@ -9,8 +9,7 @@
 
 namespace alerts {
 
-// Returns the broken bar U+00A6 in the process's code page, which separates the identifiers of seen
-// alerts.
+// Returns the broken bar U+00A6, which separates the identifiers of seen alerts.
 const std::string& BrokenBar();
 
 struct CycleOutcome {

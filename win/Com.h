@@ -27,7 +27,7 @@ class Bstr {
     // For calls that return a text through a pointer; frees the text held before.
     BSTR* Receive();
     BSTR Release() { return std::exchange(value_, nullptr); }
-    // Returns the text in the process's code page.
+    // Returns the text in UTF-8.
     std::string Text() const;
 
   private:

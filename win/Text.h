@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-// Text in the process's code page. A character is a code point if the text is well-formed UTF-8,
-// else a byte (older versions of Windows have a single-byte code page).
+// Text in UTF-8. A character is a code point if the text is well-formed, else a byte: files of
+// other programs may have a single-byte code page.
 namespace win {
 
 // Whether the whole text is well-formed UTF-8.

@@ -40,7 +40,7 @@ std::string NodeName(const XmlNode& node);
 // Returns the attributes of an element; none on failure.
 XmlAttributes NodeAttributes(const XmlNode& node);
 
-// Returns the whole document in UTF-8, whatever the process's code page; nullopt on failure.
+// Returns the whole document in UTF-8; nullopt on failure.
 std::optional<std::string> DocumentUtf8(const XmlDocument& document);
 
 // Return a node's local name and text; empty on failure.
