@@ -97,6 +97,16 @@ void RemoveTrayIcon() {
     Send(NIM_DELETE);
 }
 
+std::optional<RECT> FindTrayIcon() {
+    NOTIFYICONIDENTIFIER icon{};
+    icon.cbSize = sizeof icon;
+    icon.hWnd = TrayIconData.hWnd;
+    icon.uID = TrayIconData.uID;
+    RECT place;
+    if (FAILED(Shell_NotifyIconGetRect(&icon, &place))) return std::nullopt;
+    return place;
+}
+
 void RefreshTrayIconImage() {
     ShowImage(Images().ImageIcon);
 }

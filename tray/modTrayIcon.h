@@ -1,6 +1,7 @@
 #pragma once
 #include <windows.h>
 
+#include <optional>
 #include <string>
 
 #include "win/Handle.h"
@@ -33,6 +34,10 @@ void AddTrayIcon();
 void ShowTrayBalloon(const std::string& message);
 
 void RemoveTrayIcon();
+
+// Returns the place of the icon on the screen, or of the button that shows hidden icons; nullopt if
+// the shell does not know it.
+std::optional<RECT> FindTrayIcon();
 
 // Shows ImageIcon.
 void RefreshTrayIconImage();

@@ -15,6 +15,7 @@
 #include "tray/OptionsDialog.h"
 #include "tray/ShowAlerts.h"
 #include "tray/TrayWindow.h"
+#include "tray/modTrayIcon.h"
 #include "tray/resource.h"
 #include "win/CodePage.h"
 #include "win/Handle.h"
@@ -122,6 +123,23 @@ bool AlertItemsCollide() {
     return false;
 }
 
+// Shows the menu at the pointer, or next to the icon if the keyboard has chosen the icon and the
+// pointer is elsewhere. The message of the icon is the same for both.
+void TrackTrayMenu() {
+    POINT cursor;
+    GetCursorPos(&cursor);
+    const auto icon = FindTrayIcon();
+    const bool isClick = GetAsyncKeyState(VK_RBUTTON) < 0 || GetAsyncKeyState(VK_LBUTTON) < 0;
+    if (isClick || !icon || PtInRect(&*icon, cursor)) {
+        TrackPopupMenu(TrayMenuHandle, TPM_RIGHTBUTTON, cursor.x, cursor.y, 0, TrayWindow(),
+                       nullptr);
+        return;
+    }
+    TPMPARAMS beside{sizeof beside, *icon};
+    TrackPopupMenuEx(TrayMenuHandle, TPM_RIGHTBUTTON | TPM_VERTICAL, icon->left, icon->top,
+                     TrayWindow(), &beside);
+}
+
 }  // namespace
 
 void SetUpTrayMenus() {
@@ -213,10 +231,8 @@ void ShowTrayMenu() {
     constexpr UINT kNoDefaultItem = static_cast<UINT>(-1);
     SetMenuDefaultItem(TrayMenuHandle, AlertItemCount > 0 ? kNoDefaultItem : mnuAlertsAvailable,
                        FALSE);
-    POINT cursor;
-    GetCursorPos(&cursor);
     isPopupOpen = true;
-    TrackPopupMenu(TrayMenuHandle, TPM_RIGHTBUTTON, cursor.x, cursor.y, 0, TrayWindow(), nullptr);
+    TrackTrayMenu();
     isPopupOpen = false;
     PostMessageA(TrayWindow(), WM_NULL, 0, 0);  // or the next popup may close at once
     // Posted, so that the chosen command, which is in the queue, still finds its item.

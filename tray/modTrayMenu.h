@@ -26,8 +26,9 @@ void BuildAlertsMenu();
 // Builds the items that were postponed.
 void BuildPostponedMenus();
 
-// Shows the menu at the cursor and returns when it is closed. Does nothing if it is open already.
-// Before SetUpTrayMenus it returns at once; SetUpTrayMenus then shows the menu.
+// Shows the menu at the pointer, or at the icon if the keyboard has chosen the icon while the
+// pointer is elsewhere, and returns when it is closed. Does nothing if it is open already. Before
+// SetUpTrayMenus it returns at once; SetUpTrayMenus then shows the menu.
 void ShowTrayMenu();
 
 bool IsTrayMenuOpen();
