@@ -67,9 +67,9 @@ void ReadTraySettings() {
         tray::SetTimerInterval(tray::Timer::Timer1, *interval);
 }
 
-void LoadChosenImage(const Setting& setting, win::Icon& image) {
+void LoadChosenImage(const Setting& setting, tray::TrayImage& image) {
     const std::string path = ReadSetting(setting);
-    if (!path.empty() && win::FileExists(path)) tray::ReplaceImage(image, path);
+    if (!path.empty() && win::FileExists(path)) tray::UseIconFile(image, path);
 }
 
 void RetrieveAtStart() {

@@ -40,7 +40,6 @@ std::string ShowInputBox(HWND owner, const std::string& prompt, const std::strin
     InputBox box{prompt, text};
     const HWND dialog =
         win::CreateForm(IDD_InputBox, owner, InputBoxProcedure, reinterpret_cast<LPARAM>(&box));
-    ShowWindow(dialog, SW_SHOW);
     win::RunModal(dialog);
     return box.accepted ? box.text : std::string();
 }

@@ -5,6 +5,7 @@
 #include "settings/IniOpenSave.h"
 #include "settings/ProgramState.h"
 #include "tray/modTrayIcon.h"
+#include "win/Dpi.h"
 #include "win/Files.h"
 #include "win/Images.h"
 #include "win/ListItems.h"
@@ -35,24 +36,33 @@ IconChoice& normal = win::NeverDestroyed<IconChoice>(frmOptions_Image4, kIcon, t
 IconChoice& alert =
     win::NeverDestroyed<IconChoice>(frmOptions_Image8, kIcon2, tray::kNewAlertsIcon);
 
+int PreviewSize(HWND page) {
+    return win::LargeIconSize(win::WindowDpi(page));
+}
+
 void ShowPreview(HWND page, IconChoice& choice, win::Icon icon) {
     SendDlgItemMessageW(page, choice.preview, STM_SETICON, reinterpret_cast<WPARAM>(icon.Get()), 0);
     choice.shown = std::move(icon);
 }
 
-void LoadChoice(HWND page, IconChoice& choice) {
-    choice.changed = false;
-    choice.pending = ReadSetting(choice.setting);
+// Shows the pending choice, or the built-in picture if it cannot be loaded.
+void ShowPending(HWND page, IconChoice& choice) {
     win::Icon icon;
     if (win::FileExists(choice.pending))
-        icon = win::LoadIconFile(choice.pending, win::LargeIconSize());
-    if (!icon) icon = win::LoadIconResource(choice.builtIn, win::LargeIconSize());
+        icon = win::LoadIconFile(choice.pending, PreviewSize(page));
+    if (!icon) icon = win::LoadIconResource(choice.builtIn, PreviewSize(page));
     ShowPreview(page, choice, std::move(icon));
 }
 
-void SetPending(HWND page, IconChoice& choice, const std::string& value, win::Icon icon) {
-    ShowPreview(page, choice, std::move(icon));
+void LoadChoice(HWND page, IconChoice& choice) {
+    choice.changed = false;
+    choice.pending = ReadSetting(choice.setting);
+    ShowPending(page, choice);
+}
+
+void SetPending(HWND page, IconChoice& choice, const std::string& value) {
     choice.pending = value;
+    ShowPending(page, choice);
     choice.changed = true;
     MarkChanged(page);
 }
@@ -62,24 +72,22 @@ void SelectIcon(HWND page, IconChoice& choice) {
         GetParent(page), {"Icon Files (*.ico)|*.ICO", "Select Icon", State().programFolder});
     if (path.empty()) return;
     // A file without an icon leaves the preview and the pending value unchanged.
-    if (win::Icon icon = win::LoadIconFile(path, win::LargeIconSize()))
-        SetPending(page, choice, path, std::move(icon));
+    if (win::LoadIconFile(path, PreviewSize(page))) SetPending(page, choice, path);
 }
 
 void ResetIcon(HWND page, IconChoice& choice) {
-    SetPending(page, choice, kDefaultIcon,
-               win::LoadIconResource(choice.builtIn, win::LargeIconSize()));
+    SetPending(page, choice, kDefaultIcon);
 }
 
 // Stores a changed choice and replaces the tray's picture. Returns whether the choice had changed.
-bool ApplyChoice(IconChoice& choice, win::Icon& trayImage) {
+bool ApplyChoice(IconChoice& choice, tray::TrayImage& trayImage) {
     if (!choice.changed) return false;
     choice.changed = false;
     WriteSetting(choice.setting, choice.pending);
     if (choice.pending == kDefaultIcon)
-        trayImage = win::LoadIconResource(choice.builtIn, win::SmallIconSize());
+        tray::UseBuiltInPicture(trayImage);
     else
-        tray::ReplaceImage(trayImage, choice.pending);
+        tray::UseIconFile(trayImage, choice.pending);
     return true;
 }
 
@@ -109,6 +117,10 @@ INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
     if (message == WM_DESTROY) {
         normal.shown.Reset();
         alert.shown.Reset();
+    }
+    if (message == win::kDpiChangedAfterParent) {
+        ShowPending(page, normal);
+        ShowPending(page, alert);
     }
     if (message != WM_COMMAND) return FALSE;
     RunCommand(page, LOWORD(wParam));

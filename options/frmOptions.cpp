@@ -51,20 +51,26 @@ void AddTabs() {
     for (std::size_t i = 0; i < kPages.size(); ++i) win::InsertTab(Tabs(), i, kPages[i]->tabText);
 }
 
-// Creates the frames, in place of the existing ones if there are any.
-void CreateFrames() {
+// Places the frames within the tab control.
+void PlaceFrames() {
     RECT area;
     GetWindowRect(Tabs(), &area);
     MapWindowPoints(nullptr, form.window, reinterpret_cast<POINT*>(&area), 2);
     SendMessageW(Tabs(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&area));
+    for (const HWND frame : form.frames)
+        // After the tabs in the Tab order, before the buttons.
+        SetWindowPos(frame, Tabs(), area.left, area.top, area.right - area.left,
+                     area.bottom - area.top, SWP_NOACTIVATE);
+}
+
+// Creates the frames, in place of the existing ones if there are any.
+void CreateFrames() {
     for (std::size_t i = 0; i < kPages.size(); ++i) {
         if (form.frames[i]) DestroyWindow(form.frames[i]);
         form.frames[i] = win::CreateForm(kPages[i]->frame, form.window, kPages[i]->procedure);
         win::late::EnableThemeDialogTexture(form.frames[i], ETDT_ENABLETAB);
-        // After the tabs in the Tab order, before the buttons.
-        SetWindowPos(form.frames[i], Tabs(), area.left, area.top, area.right - area.left,
-                     area.bottom - area.top, SWP_NOACTIVATE);
     }
+    PlaceFrames();
 }
 
 // Returns the key of a page by the text of its tab.
@@ -222,6 +228,9 @@ INT_PTR CALLBACK OptionsProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
                              ->tabText);
             return TRUE;
         }
+        case WM_DPICHANGED:
+            PlaceFrames();
+            return TRUE;
         case WM_HELP:
             OpenHelp();
             return TRUE;

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "search/resource.h"
+#include "win/DialogScaling.h"
+#include "win/Dpi.h"
 
 namespace search {
 namespace {
@@ -23,14 +25,6 @@ constexpr Anchor kAnchors[] = {{frmSearch_Shape1, false, true, false, false},
                                {frmSearch_Label1, false, true, true, true},
                                {frmSearch_Command3, true, true, true, true},
                                {frmSearch_Command2, true, true, true, true}};
-constexpr int kGapUnits = 4;
-
-// Returns the size of a thousand dialog units in pixels, by which the controls scale.
-SIZE MeasureDialogUnits(HWND dialog) {
-    RECT units{0, 0, 1000, 1000};
-    MapDialogRect(dialog, &units);
-    return {units.right, units.bottom};
-}
 
 SIZE GetClientSize(HWND dialog) {
     RECT client;
@@ -56,7 +50,7 @@ void Move(HWND window, const RECT& rect) {
 void SearchLayout::Remember(HWND dialog) {
     dialog_ = dialog;
     client_ = GetClientSize(dialog);
-    unit_ = MeasureDialogUnits(dialog);
+    unit_ = win::MeasureDialogUnits(dialog);
     places_.clear();
     for (const Anchor& anchor : kAnchors) {
         RECT rect;
@@ -69,7 +63,7 @@ void SearchLayout::Remember(HWND dialog) {
 // The remembered sizes belong to the font that the dialog had then. On a screen of another
 // resolution the font differs.
 RECT SearchLayout::Scale(const RECT& rect) const {
-    const SIZE now = MeasureDialogUnits(dialog_);
+    const SIZE now = win::MeasureDialogUnits(dialog_);
     return {MulDiv(rect.left, now.cx, unit_.cx), MulDiv(rect.top, now.cy, unit_.cy),
             MulDiv(rect.right, now.cx, unit_.cx), MulDiv(rect.bottom, now.cy, unit_.cy)};
 }
@@ -95,9 +89,8 @@ void SearchLayout::Apply(HWND map) const {
         if (anchor.bottomFollows) rect.bottom += higher;
         if (anchor.control == frmSearch_StationList) {
             rect.right = now.cx - margin;
-            RECT gap{0, 0, kGapUnits, 0};
-            MapDialogRect(dialog_, &gap);
-            const int width = (rect.right - rect.left - gap.right) / 2;
+            const int gap = win::MeasureDialogUnits(dialog_).cx;
+            const int width = (rect.right - rect.left - gap) / 2;
             if (map) {
                 Move(map, {rect.right - width, rect.top, rect.right, rect.bottom});
                 rect.right = rect.left + width;
@@ -110,13 +103,10 @@ void SearchLayout::Apply(HWND map) const {
 
 void SearchLayout::LimitSize(MINMAXINFO& limits) const {
     if (!dialog_) return;
-    const SIZE least = ScaleClient();
-    RECT frame{0, 0, least.cx, least.cy};
-    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongW(dialog_, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongW(dialog_, GWL_EXSTYLE)));
+    const SIZE least = win::WindowSizeForDpi(dialog_, ScaleClient(), win::WindowDpi(dialog_));
     const RECT work = GetWorkArea(dialog_);
-    limits.ptMinTrackSize = {std::min(frame.right - frame.left, work.right - work.left),
-                             std::min(frame.bottom - frame.top, work.bottom - work.top)};
+    limits.ptMinTrackSize = {std::min(least.cx, work.right - work.left),
+                             std::min(least.cy, work.bottom - work.top)};
 }
 
 void SearchLayout::FitWorkArea() const {

@@ -9,6 +9,7 @@
 #include "search/resource.h"
 #include "settings/ProgramState.h"
 #include "win/Dialog.h"
+#include "win/Dpi.h"
 #include "win/ListView.h"
 #include "win/MessageLoop.h"
 
@@ -33,11 +34,23 @@ void AddColumns() {
         win::AddListColumn(StationList(), column.header, client.right * column.percent / 100);
 }
 
+win::ImageList LoadListIcons(UINT dpi) {
+    return win::LoadIconList({IDI_STATION, IDI_NETWORK, IDI_PLACE}, win::SmallIconSize(dpi));
+}
+
+void ScaleListIcons(UINT dpi) {
+    win::ImageList images = LoadListIcons(dpi);
+    if (SendMessageW(StationList(), LVM_GETIMAGELIST, LVSIL_SMALL, 0))
+        SendMessageW(StationList(), LVM_SETIMAGELIST, LVSIL_SMALL,
+                     reinterpret_cast<LPARAM>(images.Get()));
+    Form().images = std::move(images);
+}
+
 void Form_Load(HWND dialog) {
     SearchForm& form = Form();
     form.window = dialog;
     settings::State().searchDialogOpen = true;
-    form.images = win::LoadSmallIcons({IDI_STATION, IDI_NETWORK, IDI_PLACE});
+    form.images = LoadListIcons(win::WindowDpi(dialog));
     form.layout.Remember(dialog);
     form.layout.FitWorkArea();
     if (form.browser.Create(dialog, frmSearch_mashupbrowser)) {
@@ -137,6 +150,9 @@ INT_PTR CALLBACK SearchProcedure(HWND dialog, UINT message, WPARAM wParam, LPARA
             return ShowWaitPointer(dialog);
         case WM_SIZE:
             Form().layout.Apply(Form().browser.Window());
+            return TRUE;
+        case WM_DPICHANGED:
+            ScaleListIcons(LOWORD(wParam));
             return TRUE;
         case WM_GETMINMAXINFO:
             Form().layout.LimitSize(*reinterpret_cast<MINMAXINFO*>(lParam));

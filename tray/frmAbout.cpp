@@ -4,12 +4,15 @@
 #include <commctrl.h>
 
 #include <string>
+#include <utility>
 
 #include "settings/Addresses.h"
 #include "tray/resource.h"
 #include "win/Dialog.h"
+#include "win/Dpi.h"
 #include "win/Images.h"
 #include "win/MessageLoop.h"
+#include "win/NeverDestroyed.h"
 #include "win/Shell.h"
 #include "win/Text.h"
 
@@ -17,6 +20,7 @@ namespace tray {
 namespace {
 
 HWND openBox = nullptr;
+win::Icon& programIcon = win::NeverDestroyed<win::Icon>();  // Image1
 
 // A link's text, which is also its address.
 std::string LinkText(int control) {
@@ -41,27 +45,38 @@ void FollowLink(UINT_PTR control) {
 }
 
 // Sets the picture of the logo's button, and deletes the one before it.
-void ReplaceLogo(HWND dialog, HANDLE picture) {
+void ReplaceLogo(HWND dialog, HBITMAP picture) {
     const LRESULT old = SendDlgItemMessageW(dialog, frmAbout_Image2, BM_SETIMAGE, IMAGE_BITMAP,
                                             reinterpret_cast<LPARAM>(picture));
     if (old) DeleteObject(reinterpret_cast<HGDIOBJ>(old));
 }
 
-// Shows the logo at the size of its button, which depends on the resolution of the screen.
+// Shows the logo at the size of its button, from the smallest drawing that need not be enlarged.
 void ShowLogo(HWND dialog) {
     RECT client;
     GetClientRect(GetDlgItem(dialog, frmAbout_Image2), &client);
-    const HANDLE logo = win::LoadSharedBitmap(IDB_WEATHERBUG);
-    ReplaceLogo(dialog, CopyImage(logo, IMAGE_BITMAP, client.right, client.bottom, 0));
+    HBITMAP drawing = nullptr;
+    for (const int identifier : {IDB_WEATHERBUG, IDB_WEATHERBUG150, IDB_WEATHERBUG200}) {
+        drawing = win::LoadSharedBitmap(identifier);
+        if (win::BitmapSize(drawing).cx >= client.right) break;
+    }
+    ReplaceLogo(dialog, win::ScaleBitmap(drawing, {client.right, client.bottom}));
+}
+
+// Shows the pictures, whose sizes depend on the resolution of the screen.
+void ShowPictures(HWND dialog, UINT dpi) {
+    win::Icon icon = win::LoadIconResource(win::kProgramIcon, win::LargeIconSize(dpi));
+    SendDlgItemMessageW(dialog, frmAbout_Image1, STM_SETICON, reinterpret_cast<WPARAM>(icon.Get()),
+                        0);
+    programIcon = std::move(icon);
+    ShowLogo(dialog);
 }
 
 void Initialize(HWND dialog) {
     openBox = dialog;
     ShowLink(frmAbout_Label3, settings::MakerHost());
     ShowLink(frmAbout_Label4, settings::MakerMail());
-    const HANDLE icon = win::LoadSharedIcon(win::kProgramIcon, win::LargeIconSize());
-    SendDlgItemMessageW(dialog, frmAbout_Image1, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
-    ShowLogo(dialog);
+    ShowPictures(dialog, win::WindowDpi(dialog));
 }
 
 INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -87,8 +102,12 @@ INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM
             SetCursor(LoadCursorW(nullptr, IDC_HAND));
             SetWindowLongPtrW(dialog, DWLP_MSGRESULT, TRUE);
             return TRUE;
+        case WM_DPICHANGED:
+            ShowPictures(dialog, LOWORD(wParam));
+            return TRUE;
         case WM_DESTROY:
             ReplaceLogo(dialog, nullptr);
+            programIcon.Reset();
             openBox = nullptr;
             return TRUE;
         default:

@@ -147,7 +147,7 @@ LRESULT CALLBACK TrayProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
 }  // namespace
 
 HWND LoadTrayWindow() {
-    LoadBuiltInImages();
+    LoadImages();
     const HWND window = CreateTrayWindow(TrayProcedure);
     StartExplorerMonitor(window);
     return window;

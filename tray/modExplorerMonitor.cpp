@@ -11,7 +11,10 @@ constexpr char kPointer[] = "ExSubClassPtr";
 UINT TaskbarCreatedMessage = 0;
 
 LRESULT CALLBACK MonitorProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == TaskbarCreatedMessage) AddTrayIcon();
+    if (message == TaskbarCreatedMessage) {
+        LoadImages();  // Windows also sends the message when the taskbar's scaling changes
+        AddTrayIcon();
+    }
     const auto previous = reinterpret_cast<WNDPROC>(GetPropA(window, kProcedure));
     return CallWindowProcA(previous, window, message, wParam, lParam);
 }

@@ -12,6 +12,7 @@
 #include "tray/TrayWindow.h"
 #include "win/CodePage.h"
 #include "win/Dates.h"
+#include "win/Dpi.h"
 #include "win/Images.h"
 #include "win/NeverDestroyed.h"
 #include "win/Text.h"
@@ -41,6 +42,10 @@ void SetText(char (&field)[size], std::string_view text) {
     std::memcpy(field, fitting.data(), fitting.size());
 }
 
+int IconSize() {
+    return win::SmallIconSize(win::TaskbarDpi());
+}
+
 void FillIdentity(UINT flags, UINT timeout) {
     TrayIconData.cbSize = kRecordSize;
     TrayIconData.hWnd = TrayWindow();
@@ -56,8 +61,8 @@ void Send(DWORD message) {
     Shell_NotifyIconA(message, &TrayIconData);
 }
 
-void ShowImage(const win::Icon& image) {
-    TrayIconData.hIcon = image.Get();
+void ShowImage(const TrayImage& image) {
+    TrayIconData.hIcon = image.picture.Get();
     Send(NIM_MODIFY);
 }
 
@@ -68,19 +73,29 @@ TrayImages& Images() {
     return images;
 }
 
-void LoadBuiltInImages() {
-    const int size = win::SmallIconSize();
-    Images().ImageIcon = win::LoadIconResource(kNormalIcon, size);
-    Images().ImageIcon2 = win::LoadIconResource(kNewAlertsIcon, size);
+void UseBuiltInPicture(TrayImage& image) {
+    image.path.clear();
+    image.picture = win::LoadIconResource(image.builtIn, IconSize());
 }
 
-void ReplaceImage(win::Icon& image, const std::string& path) {
-    if (win::Icon loaded = win::LoadIconFile(path, win::SmallIconSize())) image = std::move(loaded);
+void UseIconFile(TrayImage& image, const std::string& path) {
+    win::Icon loaded = win::LoadIconFile(path, IconSize());
+    if (!loaded) return;
+    image.path = path;
+    image.picture = std::move(loaded);
+}
+
+void LoadImages() {
+    for (TrayImage* image : {&Images().ImageIcon, &Images().ImageIcon2})
+        if (image->path.empty())
+            UseBuiltInPicture(*image);
+        else
+            UseIconFile(*image, image->path);
 }
 
 void AddTrayIcon() {
     FillIdentity(NIF_MESSAGE | NIF_ICON | NIF_TIP, kAddTimeout);
-    TrayIconData.hIcon = Images().ImageIcon.Get();
+    TrayIconData.hIcon = Images().ImageIcon.picture.Get();
     SetText(TrayIconData.szTip, SKYVANE_NAME);
     UpdateTrayTip(settings::ReadSetting(settings::kLastUpdated));
     Send(NIM_ADD);

@@ -14,18 +14,26 @@ namespace tray {
 inline constexpr int kNormalIcon = 2;
 inline constexpr int kNewAlertsIcon = 3;
 
-// The two images of the icon: the built-in ones or those that the user chose.
+// An image of the icon at the size of the taskbar's icons.
+struct TrayImage {
+    int builtIn;            // the resource number of its built-in picture
+    std::string path = {};  // the icon file that the user chose; empty for the built-in picture
+    win::Icon picture = {};
+};
 struct TrayImages {
-    win::Icon ImageIcon;   // no new alerts
-    win::Icon ImageIcon2;  // new alerts
+    TrayImage ImageIcon{kNormalIcon};      // no new alerts
+    TrayImage ImageIcon2{kNewAlertsIcon};  // new alerts
 };
 TrayImages& Images();
 
-// Loads the built-in images.
-void LoadBuiltInImages();
+// Gives an image its built-in picture.
+void UseBuiltInPicture(TrayImage& image);
 
-// Replaces an image by the icon in the file; keeps it if the file cannot be loaded.
-void ReplaceImage(win::Icon& image, const std::string& path);
+// Gives an image the icon in the file; keeps its picture if the file cannot be loaded.
+void UseIconFile(TrayImage& image, const std::string& path);
+
+// Loads the pictures of both images, again if the size of the taskbar's icons may have changed.
+void LoadImages();
 
 // Adds the icon with ImageIcon, and a tooltip with the stored time of the last update.
 void AddTrayIcon();

@@ -15,7 +15,9 @@
 
 // The About box.
 #define IDD_frmAbout 120
-#define IDB_WEATHERBUG 121
+#define IDB_WEATHERBUG 121     // 120 pixels wide
+#define IDB_WEATHERBUG150 122  // 180 pixels wide
+#define IDB_WEATHERBUG200 123  // 240 pixels wide
 #define frmAbout_Command1 1   // "OK"
 #define frmAbout_Label1 1101  // program name and version
 #define frmAbout_Label2 1102  // copyright

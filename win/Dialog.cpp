@@ -1,7 +1,7 @@
 #include "win/Dialog.h"
 
 #include "win/CodePage.h"
-#include "win/Images.h"
+#include "win/DialogScaling.h"
 #include "win/LateFunctions.h"
 #include "win/MessageLoop.h"
 
@@ -9,6 +9,9 @@ namespace win {
 
 void RunModal(HWND dialog, bool (*translate)(const MSG&)) {
     if (!dialog) return;
+    const DialogScaling scaling(dialog);
+    ShowWindow(dialog, SW_SHOW);
+    SetForegroundWindow(dialog);
     const HWND owner = GetWindow(dialog, GW_OWNER);
     if (owner) EnableWindow(owner, FALSE);
     MSG message{};
@@ -29,23 +32,11 @@ void EndModal(HWND dialog) {
     DestroyWindow(dialog);
 }
 
-static void PresentDialog(HWND dialog) {
-    const auto setIcon = [&](WPARAM kind, int size) {
-        SendMessageW(dialog, WM_SETICON, kind,
-                     reinterpret_cast<LPARAM>(LoadSharedIcon(kProgramIcon, size)));
-    };
-    setIcon(ICON_BIG, LargeIconSize());
-    setIcon(ICON_SMALL, SmallIconSize());
-    ShowWindow(dialog, SW_SHOW);
-    SetForegroundWindow(dialog);
-}
-
 bool ShowModal(const DialogForm& form, HWND owner, bool (*translate)(const MSG&)) {
     INITCOMMONCONTROLSEX controls{sizeof controls, form.controlClasses | ICC_STANDARD_CLASSES};
     late::InitCommonControlsEx(&controls);
     const HWND dialog = CreateForm(form.resource, owner, form.procedure);
     if (!dialog) return false;
-    PresentDialog(dialog);
     RunModal(dialog, translate);
     return true;
 }

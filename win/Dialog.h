@@ -6,8 +6,9 @@
 // Modal dialogs and their controls.
 namespace win {
 
-// Runs the dialog as a modal one until it is closed; its owner, which may be null, is disabled
-// meanwhile. `translate` sees each message first and returns whether it handled it.
+// Shows the dialog with the program's icon, brings it to the front and runs it as a modal one until
+// it is closed; its owner, which may be null, is disabled meanwhile. `translate` sees each message
+// first and returns whether it handled it.
 void RunModal(HWND dialog, bool (*translate)(const MSG&) = nullptr);
 
 // Closes a dialog run by RunModal.
@@ -20,8 +21,7 @@ struct DialogForm {
     DLGPROC procedure;
 };
 
-// Creates the dialog with the program's icon, brings it to the front and runs it as a modal one.
-// Returns false if it cannot be created.
+// Creates a dialog and runs it by RunModal. Returns false if it cannot be created.
 bool ShowModal(const DialogForm& form, HWND owner = nullptr,
                bool (*translate)(const MSG&) = nullptr);
 

@@ -62,6 +62,11 @@ struct IconTraits {
     static Type Empty() { return nullptr; }
     static void Close(Type icon) { DestroyIcon(icon); }
 };
+struct FontTraits {
+    using Type = HFONT;
+    static Type Empty() { return nullptr; }
+    static void Close(Type font) { DeleteObject(font); }
+};
 struct MenuTraits {
     using Type = HMENU;
     static Type Empty() { return nullptr; }
@@ -73,6 +78,7 @@ using FileHandle = UniqueHandle<FileTraits>;
 using FindHandle = UniqueHandle<FindTraits>;
 using RegistryKey = UniqueHandle<RegistryKeyTraits>;
 using Icon = UniqueHandle<IconTraits>;
+using Font = UniqueHandle<FontTraits>;
 using Menu = UniqueHandle<MenuTraits>;
 
 }  // namespace win

@@ -19,31 +19,43 @@ Icon LoadIconResource(int identifier, int pixels) {
         static_cast<HICON>(LoadResourceImage(identifier, IMAGE_ICON, pixels, LR_DEFAULTCOLOR)));
 }
 
-HANDLE LoadSharedIcon(int identifier, int pixels) {
-    return LoadResourceImage(identifier, IMAGE_ICON, pixels, LR_SHARED);
+HBITMAP LoadSharedBitmap(int identifier) {
+    return static_cast<HBITMAP>(LoadResourceImage(identifier, IMAGE_BITMAP, 0, LR_SHARED));
 }
 
-HANDLE LoadSharedBitmap(int identifier) {
-    return LoadResourceImage(identifier, IMAGE_BITMAP, 0, LR_SHARED);
+SIZE BitmapSize(HBITMAP bitmap) {
+    BITMAP info{};
+    GetObjectW(bitmap, sizeof info, &info);
+    return {info.bmWidth, info.bmHeight};
 }
 
-ImageList LoadSmallIcons(std::initializer_list<int> identifiers) {
-    const int size = SmallIconSize();
-    ImageList list(late::ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK,
+HBITMAP ScaleBitmap(HBITMAP bitmap, SIZE size) {
+    const HDC screen = GetDC(nullptr);
+    const HDC from = CreateCompatibleDC(screen);
+    const HDC to = CreateCompatibleDC(screen);
+    const HBITMAP scaled = CreateCompatibleBitmap(screen, size.cx, size.cy);
+    const HGDIOBJ fromBefore = SelectObject(from, bitmap);
+    const HGDIOBJ toBefore = SelectObject(to, scaled);
+    const SIZE whole = BitmapSize(bitmap);
+    SetStretchBltMode(to, HALFTONE);
+    SetBrushOrgEx(to, 0, 0, nullptr);  // HALFTONE needs it
+    StretchBlt(to, 0, 0, size.cx, size.cy, from, 0, 0, whole.cx, whole.cy, SRCCOPY);
+    SelectObject(from, fromBefore);
+    SelectObject(to, toBefore);
+    DeleteDC(from);
+    DeleteDC(to);
+    ReleaseDC(nullptr, screen);
+    return scaled;
+}
+
+ImageList LoadIconList(std::initializer_list<int> identifiers, int pixels) {
+    ImageList list(late::ImageList_Create(pixels, pixels, ILC_COLOR32 | ILC_MASK,
                                           static_cast<int>(identifiers.size()), 0));
     for (const int identifier : identifiers) {
-        const Icon icon = LoadIconResource(identifier, size);
+        const Icon icon = LoadIconResource(identifier, pixels);
         late::ImageList_ReplaceIcon(list.Get(), -1, icon.Get());
     }
     return list;
-}
-
-int SmallIconSize() {
-    return GetSystemMetrics(SM_CXSMICON);
-}
-
-int LargeIconSize() {
-    return GetSystemMetrics(SM_CXICON);
 }
 
 }  // namespace win

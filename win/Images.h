@@ -16,10 +16,14 @@ Icon LoadIconFile(const std::string& path, int pixels);
 // Loads an icon of the program's resources at the given size in pixels.
 Icon LoadIconResource(int identifier, int pixels);
 
-// Load an icon at the given size, or a bitmap, of the program's resources. The system owns it and
-// shares it between all its users.
-HANDLE LoadSharedIcon(int identifier, int pixels);
-HANDLE LoadSharedBitmap(int identifier);
+// Loads a bitmap of the program's resources. The system owns it and shares it between its users.
+HBITMAP LoadSharedBitmap(int identifier);
+
+// Returns the size of a bitmap in pixels.
+SIZE BitmapSize(HBITMAP bitmap);
+
+// Returns a copy of a bitmap with the given size in pixels, which the caller must delete.
+HBITMAP ScaleBitmap(HBITMAP bitmap, SIZE size);
 
 struct ImageListTraits {
     using Type = HIMAGELIST;
@@ -28,13 +32,7 @@ struct ImageListTraits {
 };
 using ImageList = UniqueHandle<ImageListTraits>;
 
-// Loads icons of the program's resources into a list, in the given order, at SmallIconSize.
-ImageList LoadSmallIcons(std::initializer_list<int> identifiers);
-
-// Returns the size of notification icons and of list icons in pixels.
-int SmallIconSize();
-
-// Returns the size of the icons of dialogs in pixels.
-int LargeIconSize();
+// Loads icons of the program's resources into a list, in the given order and at the given size.
+ImageList LoadIconList(std::initializer_list<int> identifiers, int pixels);
 
 }  // namespace win

@@ -54,10 +54,12 @@ namespace late {
     }
 // NOLINTEND(bugprone-macro-parentheses)
 
+LATE_FUNCTION("comctl32.dll", DefSubclassProc);
 LATE_FUNCTION("comctl32.dll", ImageList_Create);
 LATE_FUNCTION("comctl32.dll", ImageList_Destroy);
 LATE_FUNCTION("comctl32.dll", ImageList_ReplaceIcon);
 LATE_FUNCTION("comctl32.dll", InitCommonControlsEx);
+LATE_FUNCTION("comctl32.dll", SetWindowSubclass);
 LATE_FUNCTION("comdlg32.dll", GetOpenFileNameA);
 LATE_FUNCTION("ole32.dll", CoCreateInstance);
 LATE_FUNCTION("ole32.dll", CoInitializeEx);

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "win/CodePage.h"
+#include "win/Dpi.h"
 
 namespace win {
 namespace {
@@ -12,6 +13,14 @@ namespace {
 int CountColumns(HWND list) {
     const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
     return static_cast<int>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
+}
+
+int ColumnWidth(HWND list, int column) {
+    return static_cast<int>(SendMessageW(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
+}
+
+void SetColumnWidth(HWND list, int column, int width) {
+    SendMessageW(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), width);
 }
 
 // Suspends painting during a change.
@@ -107,32 +116,34 @@ void FitListColumns(HWND list) {
     // LVSCW_AUTOSIZE_USEHEADER sets the last column to the remaining width, even if its text needs
     // more. With a temporary column after it, it is not the last.
     AddListColumn(list, "", 0);
-    for (int i = 0; i < count; ++i)
-        SendMessageW(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i), LVSCW_AUTOSIZE_USEHEADER);
+    for (int i = 0; i < count; ++i) SetColumnWidth(list, i, LVSCW_AUTOSIZE_USEHEADER);
     SendMessageW(list, LVM_DELETECOLUMN, static_cast<WPARAM>(count), 0);
 }
 
 void FillLastListColumn(HWND list, std::size_t rows) {
-    const auto width = [&](int column) {
-        return static_cast<int>(
-            SendMessageW(list, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
-    };
     RECT client{};
     GetClientRect(list, &client);
     const auto rowsInView = static_cast<std::size_t>(SendMessageW(list, LVM_GETCOUNTPERPAGE, 0, 0));
     const bool hasScrollBar = GetWindowLongW(list, GWL_STYLE) & WS_VSCROLL;
-    if (rows > rowsInView && !hasScrollBar) client.right -= GetSystemMetrics(SM_CXVSCROLL);
+    if (rows > rowsInView && !hasScrollBar)
+        client.right -= MetricForDpi(SM_CXVSCROLL, WindowDpi(list));
     const int last = CountColumns(list) - 1;
     int others = 0;
-    for (int i = 0; i < last; ++i) others += width(i);
-    if (others + width(last) >= client.right) return;
+    for (int i = 0; i < last; ++i) others += ColumnWidth(list, i);
+    if (others + ColumnWidth(list, last) >= client.right) return;
     const WithoutRedraw pause(list);
-    SendMessageW(list, LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(last), client.right - others);
+    SetColumnWidth(list, last, client.right - others);
 }
 
 void ResizeListViewColumns(HWND list) {
     FitListColumns(list);
     FillLastListColumn(list, static_cast<std::size_t>(CountListRows(list)));
+}
+
+void ScaleListColumns(HWND list, int from, int to) {
+    const WithoutRedraw pause(list);
+    for (int i = 0; i < CountColumns(list); ++i)
+        SetColumnWidth(list, i, MulDiv(ColumnWidth(list, i), to, from));
 }
 
 TextMeter::TextMeter(HWND control)

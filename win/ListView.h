@@ -41,6 +41,9 @@ void ResizeListViewColumns(HWND list);
 void FitListColumns(HWND list);
 void FillLastListColumn(HWND list, std::size_t rows);
 
+// Changes the width of every column by the ratio of `to` to `from`.
+void ScaleListColumns(HWND list, int from, int to);
+
 // Measures the width of texts as a control draws them.
 class TextMeter {
   public:

@@ -11,6 +11,11 @@ namespace {
 TEST(LateFunctions, FindEachFunction) {
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES};
     EXPECT_TRUE(late::InitCommonControlsEx(&controls));
+    const HWND window =
+        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    EXPECT_FALSE(late::SetWindowSubclass(window, nullptr, 0, 0));
+    EXPECT_EQ(late::DefSubclassProc(nullptr, WM_NULL, 0, 0), 0);
+    DestroyWindow(window);
     const HIMAGELIST images = late::ImageList_Create(16, 16, ILC_COLOR32, 1, 0);
     EXPECT_EQ(late::ImageList_ReplaceIcon(images, -1, LoadIconW(nullptr, IDI_APPLICATION)), 0);
     EXPECT_TRUE(late::ImageList_Destroy(images));
