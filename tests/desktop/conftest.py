@@ -1,6 +1,7 @@
 import os
 import pathlib
 import shutil
+import subprocess
 
 import pytest
 
@@ -25,6 +26,14 @@ def temp_folder(user_folders):
     for file in user_folders[0].glob("SV*.tmp"):
         file.unlink()
     return user_folders[0]
+
+
+@pytest.fixture
+def set_keyboard():
+    """A function that sets a keyboard with the keys of a language, before the program starts. A letter that has no
+    key does not always arrive."""
+    yield lambda layout: subprocess.run(["setxkbmap", layout], check=True)
+    subprocess.run(["setxkbmap", "us"], check=True)
 
 
 @pytest.fixture

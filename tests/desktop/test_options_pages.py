@@ -112,15 +112,8 @@ def take_restart_message(folder):
     box.answer("OK")
 
 
-@pytest.fixture
-def french_keyboard():
-    """Sets a keyboard with an "é" key. A program uses the keyboard that was set when it started."""
-    subprocess.run(["setxkbmap", "fr"], check=True)
-    yield
-    subprocess.run(["setxkbmap", "us"], check=True)
-
-
-def test_every_control(make_program, feed, app_data_folder, french_keyboard, run_value):
+def test_every_control(make_program, feed, app_data_folder, set_keyboard, run_value):
+    set_keyboard("fr")
     program = make_program()
     lines = [station_line(*station) for station in STATIONS]
     app_data_folder.mkdir()

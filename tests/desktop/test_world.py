@@ -206,7 +206,8 @@ def test_without_the_gazetteer(world, downloader):
     assert_failed(downloader.fetch(world.live + ALERTS), 1016)
 
 
-def test_from_the_search_to_the_page(make_searcher, world, service, opened):
+def test_from_the_search_to_the_page(make_searcher, world, service, opened, set_keyboard):
+    set_keyboard("de")
     world.set(cap("1", info("Unwetterwarnung", language="de-CH"), info("Thunderstorm", severity="Extreme")))
     program = make_searcher(world.feed, DisplayTrayAlert="True", AutoUpdateInterval="Every 5 minutes")
     program.start()
