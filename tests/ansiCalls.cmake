@@ -1,42 +1,22 @@
 # cmake -D NM=... -D FILES=... -D ROOT=... -P: checks that only the listed sources call functions of
 # Windows that take or return text in the process's code page. Such a call cannot carry every character
-# on all systems. A source that passes texts of the user on must convert them with win::ToAnsi.
+# on all systems. A source that passes texts of the user on must convert them with win::ToAnsi. The list
+# has the sources, which contain a slash, each with its functions.
 cmake_policy(VERSION 3.22)
 set(allowed
-  settings/IniFile:GetPrivateProfileSectionA
-  settings/IniFile:GetPrivateProfileStringA
-  settings/IniFile:WritePrivateProfileStringA
-  settings/modRegistry:RegCreateKeyA
-  settings/modRegistry:RegDeleteValueA
-  settings/modRegistry:RegEnumValueA
-  settings/modRegistry:RegOpenKeyA
-  settings/modRegistry:RegOpenKeyExA
-  settings/modRegistry:RegSetValueExA
-  tray/TrayWindow:CreateWindowExA
-  tray/TrayWindow:GetModuleHandleA
-  tray/TrayWindow:RegisterClassA
-  tray/frmTray:DefWindowProcA
-  tray/modExplorerMonitor:CallWindowProcA
-  tray/modExplorerMonitor:GetPropA
-  tray/modExplorerMonitor:GetWindowLongA
-  tray/modExplorerMonitor:RegisterWindowMessageA
-  tray/modExplorerMonitor:RemovePropA
-  tray/modExplorerMonitor:SetPropA
-  tray/modExplorerMonitor:SetWindowLongA
-  tray/modTrayIcon:Shell_NotifyIconA
-  tray/modTrayMenu:AppendMenuA
-  tray/modTrayMenu:CallWindowProcA
-  tray/modTrayMenu:GetWindowLongA
-  tray/modTrayMenu:InsertMenuA
-  tray/modTrayMenu:PostMessageA
-  tray/modTrayMenu:SetWindowLongA
-  win/LateFunctions:GetOpenFileNameA
-  win/LateFunctions:sndPlaySoundA
-  win/Process:CreateMutexA
-  win/Shell:ShellExecuteA
-  win/modOpenDialog:SetWindowsHookExA
-  win/modRandomFile:GetTempFileNameA
-  win/modRandomFile:GetTempPathA)
+  settings/IniFile GetPrivateProfileSectionA GetPrivateProfileStringA WritePrivateProfileStringA
+  settings/modRegistry RegCreateKeyA RegDeleteValueA RegEnumValueA RegOpenKeyA RegOpenKeyExA RegSetValueExA
+  tray/TrayWindow CreateWindowExA GetModuleHandleA RegisterClassA
+  tray/frmTray DefWindowProcA
+  tray/modExplorerMonitor CallWindowProcA GetPropA GetWindowLongA RegisterWindowMessageA RemovePropA
+    SetPropA SetWindowLongA
+  tray/modTrayIcon Shell_NotifyIconA
+  tray/modTrayMenu AppendMenuA CallWindowProcA GetWindowLongA InsertMenuA PostMessageA SetWindowLongA
+  win/LateFunctions GetOpenFileNameA sndPlaySoundA
+  win/Process CreateMutexA
+  win/Shell ShellExecuteA
+  win/modOpenDialog SetWindowsHookExA
+  win/modRandomFile GetTempFileNameA GetTempPathA)
 
 # Imported functions, by object file.
 execute_process(COMMAND ${NM} -A -u ${FILES} OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
@@ -62,15 +42,21 @@ foreach(source ${sources})
   endforeach()
 endforeach()
 
+set(listed)
+foreach(word ${allowed})
+  if(word MATCHES "/")
+    set(name ${word})
+  else()
+    list(APPEND listed ${name}:${word})
+  endif()
+endforeach()
 list(REMOVE_DUPLICATES calls)
 set(unlisted ${calls})
-list(REMOVE_ITEM unlisted ${allowed})
-list(REMOVE_ITEM allowed ${calls})
-list(JOIN unlisted "\n  " unlistedLines)
-list(JOIN allowed "\n  " unusedLines)
+list(REMOVE_ITEM unlisted ${listed})
+list(REMOVE_ITEM listed ${calls})
 if(unlisted)
-  message(FATAL_ERROR "Not in the list of calls in the process's code page:\n  ${unlistedLines}")
+  message(FATAL_ERROR "Not in the list of calls in the process's code page: ${unlisted}")
 endif()
-if(allowed)
-  message(FATAL_ERROR "Listed, but not called:\n  ${unusedLines}")
+if(listed)
+  message(FATAL_ERROR "Listed, but not called: ${listed}")
 endif()

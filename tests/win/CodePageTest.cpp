@@ -12,6 +12,7 @@ const bool isUtf8 = GetACP() == CP_UTF8;
 class CodePageTest : public tests::ScratchStore {};
 
 TEST_F(CodePageTest, ConvertsUtf8InEveryProcess) {
+    EXPECT_NE(isUtf8, ExecutableFolder().ends_with("\\ansi"));
     const std::wstring wide = L"\u0141 \u05D9 \u5929 \U0001F32A \u00E9";
     EXPECT_EQ(ToWide("Ł י 天 🌪 é"), wide);
     EXPECT_EQ(FromWide(wide), "Ł י 天 🌪 é");
