@@ -6,19 +6,13 @@
 #include <utility>
 
 #include "win/Com.h"
+#include "win/LateFunctions.h"
 
 namespace search {
-namespace {
-
-constexpr wchar_t kControlClass[] = L"Shell.Explorer.2";
-constexpr wchar_t kHostClass[] = L"AtlAxWin";
-constexpr UINT kForwardMessage = 0x37F;  // the host window passes the message to its control
-constexpr char kInnerHtml[] = "innerHTML";
-
-constexpr char kReadyStateComplete[] = "4";
 
 // What the control asks its host for, as ATL declares it. The compiler's headers lack it. Only the
-// members up to the last one used are declared, in the order of the table.
+// members up to the last one used are declared, in the order of the table. Not in an unnamed
+// namespace: the compiler would conclude that nothing implements the interface, and call null.
 struct IAxWinAmbientDispatch : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE put_AllowWindowlessActivation(VARIANT_BOOL) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_AllowWindowlessActivation(VARIANT_BOOL*) = 0;
@@ -44,28 +38,26 @@ struct IAxWinAmbientDispatch : public IDispatch {
   protected:
     ~IAxWinAmbientDispatch() = default;
 };
+
+namespace {
+
+constexpr wchar_t kControlClass[] = L"Shell.Explorer.2";
+constexpr wchar_t kHostClass[] = L"AtlAxWin";
+constexpr UINT kForwardMessage = 0x37F;  // the host window passes the message to its control
+constexpr char kInnerHtml[] = "innerHTML";
+
+constexpr char kReadyStateComplete[] = "4";
+
 constexpr IID kAmbientDispatchId{
     0xB6EA2051, 0x048A, 0x11D1, {0x82, 0xB9, 0x00, 0xC0, 0x4F, 0xB9, 0x94, 0x2E}};
 
-HMODULE LoadHostLibrary() {
-    static const HMODULE library =
-        LoadLibraryExW(L"atl.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    return library;
-}
-
-template <class Function>
-Function LoadHostFunction(const char* name) {
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(
-        LoadHostLibrary() ? GetProcAddress(LoadHostLibrary(), name) : nullptr));
-}
-
 bool RegisterHostClass() {
-    const auto initialise = LoadHostFunction<BOOL(WINAPI*)()>("AtlAxWinInit");
+    auto* const initialise = win::late::AtlAxWinInit.Find();
     return initialise && initialise();
 }
 
 win::Automation FindControl(HWND window) {
-    const auto getControl = LoadHostFunction<HRESULT(WINAPI*)(HWND, IUnknown**)>("AtlAxGetControl");
+    auto* const getControl = win::late::AtlAxGetControl.Find();
     Microsoft::WRL::ComPtr<IUnknown> control;
     win::Automation browser;
     if (window && getControl && SUCCEEDED(getControl(window, &control)) && control)
@@ -76,7 +68,7 @@ win::Automation FindControl(HWND window) {
 // Lets the engine scale its pages like the dialog. Without it they stay small on a screen of high
 // resolution; hosts that do not know the flag ignore it.
 void EnablePageScaling(HWND window) {
-    const auto getHost = LoadHostFunction<HRESULT(WINAPI*)(HWND, IUnknown**)>("AtlAxGetHost");
+    auto* const getHost = win::late::AtlAxGetHost.Find();
     Microsoft::WRL::ComPtr<IUnknown> host;
     if (!window || !getHost || FAILED(getHost(window, &host)) || !host) return;
     Microsoft::WRL::ComPtr<IUnknown> found;

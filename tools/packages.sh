@@ -13,8 +13,8 @@ packages+=(googletest rapidjson-dev librapidxml-dev weather-util-data)
 packages+=(wine wine32:i386 libgnutls30:i386=/usr/lib/i386-linux-gnu/libgnutls.so.30)
 # virtual display, taskbar with a notification area, mouse and keyboard, screenshots, window lists, fonts
 packages+=(xvfb icewm xdotool x11-xkb-utils imagemagick x11-utils fonts-liberation fonts-dejavu-core)
-# desktop tests, demonstration feed
-packages+=(python3 python3-pytest)
+# desktop tests, demonstration feed, reader of executables
+packages+=(python3 python3-pytest python3-pefile)
 # format and static analysis of the C++ code
 packages+=(clang-format clang-tidy)
 # help page

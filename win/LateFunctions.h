@@ -13,27 +13,32 @@
 // and idle memory, and an ordinary start needs none of them.
 namespace win {
 
-// Returns a function of a system library and loads the library if needed. The process ends when the
-// library or the function is missing, as it would for an ordinary import.
-inline void* FindLateFunction(const wchar_t* library, const char* name) {
-    // Without a path, the manifest chooses the library's version (comctl32). The library stays
-    // loaded.
+// Returns a function of a system library, which is loaded if needed and stays loaded; null if the
+// library or the function is missing.
+inline void* FindFunction(const wchar_t* library, const char* name) {
+    // Without a path, the manifest chooses the library's version (comctl32).
     const HMODULE module = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    void* const function = reinterpret_cast<void*>(module ? GetProcAddress(module, name) : nullptr);
-    if (!function) std::terminate();
-    return function;
+    return reinterpret_cast<void*>(module ? GetProcAddress(module, name) : nullptr);
 }
 
 // A function of a system library that is looked up at its first call. `Function` is the function's
-// type; the object is called like the function.
+// type; the object is called like the function. A test finds all objects in the built programs and
+// compares them with the functions of Windows 10, so no function is looked up in another way.
 template <class Function>
 class LateFunction {
   public:
     // Both texts must outlive the object.
     constexpr LateFunction(const wchar_t* library, const char* name)
         : library_(library), name_(name) {}
+
+    // Returns the function, or null if it is missing.
+    Function* Find() {
+        if (!function_) function_ = reinterpret_cast<Function*>(FindFunction(library_, name_));
+        return function_;
+    }
+    // The process ends if the function is missing, as it would for an ordinary import.
     operator Function*() {
-        if (!function_) function_ = reinterpret_cast<Function*>(FindLateFunction(library_, name_));
+        if (!Find()) std::terminate();
         return function_;
     }
 
@@ -76,6 +81,14 @@ LATE_FUNCTION("uxtheme.dll", EnableThemeDialogTexture);
 LATE_FUNCTION("winmm.dll", sndPlaySoundA);
 
 #undef LATE_FUNCTION
+
+// Functions that may be missing, and that the compiler's headers do not declare.
+using AtlAxGet = HRESULT WINAPI(HWND, IUnknown**);
+inline constinit LateFunction<BOOL WINAPI()> AtlAxWinInit{L"atl.dll", "AtlAxWinInit"};
+inline constinit LateFunction<AtlAxGet> AtlAxGetControl{L"atl.dll", "AtlAxGetControl"};
+inline constinit LateFunction<AtlAxGet> AtlAxGetHost{L"atl.dll", "AtlAxGetHost"};
+inline constinit LateFunction<BOOL WINAPI(DWORD)> SetDefaultDllDirectories{
+    L"kernel32.dll", "SetDefaultDllDirectories"};
 
 }  // namespace late
 

@@ -1,6 +1,7 @@
 #include "win/Process.h"
 
 #include "win/CodePage.h"
+#include "win/LateFunctions.h"
 
 namespace win {
 
@@ -9,11 +10,8 @@ void HardenProcess() {
     SetErrorMode(SEM_FAILCRITICALERRORS);
     SetDllDirectoryW(L"");
     // Windows 7 lacks this function without an update of 2011, so it is looked up by name.
-    using SetDirectories = BOOL(WINAPI*)(DWORD);
     constexpr DWORD kSearchSystem32 = 0x800;
-    const HMODULE kernel = GetModuleHandleW(L"kernel32.dll");
-    const auto setDirectories = reinterpret_cast<SetDirectories>(
-        reinterpret_cast<void*>(GetProcAddress(kernel, "SetDefaultDllDirectories")));
+    auto* const setDirectories = late::SetDefaultDllDirectories.Find();
     if (setDirectories) setDirectories(kSearchSystem32);
 }
 

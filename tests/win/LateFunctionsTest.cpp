@@ -53,7 +53,7 @@ TEST(LateFunctions, FindEachFunction) {
 
 // Only a load that honours the program's manifest finds the version with visual styles.
 TEST(LateFunctions, LoadTheCommonControlsOfTheManifest) {
-    FindLateFunction(L"comctl32.dll", "ImageList_Create");
+    FindFunction(L"comctl32.dll", "ImageList_Create");
     char path[MAX_PATH] = {};
     GetModuleFileNameA(GetModuleHandleA("comctl32.dll"), path, sizeof path);
     EXPECT_TRUE(AsciiLower(path).find(
