@@ -56,8 +56,9 @@ class Image:
 
     def late_functions(self):
         """Returns the functions that win/LateFunctions.h looks up: pairs of pointers in the data."""
-        return {(library, self.text_at(self.address(position + 4))) for position in self.relocations()
-                if (library := self.text_at(self.address(position))).endswith(".dll") and library != PROBED}
+        pairs = {(self.text_at(self.address(position)), self.text_at(self.address(position + 4)))
+                 for position in self.relocations()}
+        return {(library, name) for library, name in pairs if library.endswith(".dll") and name}
 
     def named_libraries(self):
         """Returns also the libraries that are loaded on demand."""
