@@ -35,6 +35,13 @@ void ApplyStartWithWindows(bool start) {
         RegistryDeleteValue(kCurrentUser, kRunKey, kRunValue);
 }
 
+// Whether the user has switched off the start with Windows in the Task Manager or the Settings,
+// which overrides the Run key.
+bool IsStartSwitchedOff() {
+    const std::string state = RegistryReadValue(kCurrentUser, kStartupListKey, kRunValue);
+    return !state.empty() && (state[0] & 1);
+}
+
 void ApplyInterval(const std::string& interval) {
     if (interval == kNever)
         tray::StopMinuteClock();
@@ -56,6 +63,7 @@ void Load(HWND page) {
     const win::ListControl combo = win::ComboBox(page, frmOptions_Combo2);
     for (const Interval& interval : kIntervals) win::AddItem(combo, std::string(interval.caption));
     LoadControls(page, kControls);
+    ShowWindow(GetDlgItem(page, frmOptions_SwitchedOff), IsStartSwitchedOff() ? SW_SHOW : SW_HIDE);
 }
 
 void Apply(HWND page) {

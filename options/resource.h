@@ -21,6 +21,7 @@
 #define frmOptions_Check3 1013   // "Start Skyvane Alerts when Windows starts"
 #define frmOptions_Combo2 1014   // "Automatically check for new severe weather alerts:"
 #define frmOptions_Check28 1015  // "Store user files in the Skyvane Alerts program folder..."
+#define frmOptions_SwitchedOff 1016
 
 #define frmOptions_Combo1 1021     // "Weather Stations:"
 #define frmOptions_Command6 1022   // "Add Station..."

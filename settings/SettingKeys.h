@@ -106,6 +106,8 @@ inline constexpr std::string_view kStationsPage = "Stations";
 
 // The registry value outside the store that starts the program with Windows.
 inline constexpr char kRunKey[] = "Software\\microsoft\\windows\\currentversion\\run";
+inline constexpr char kStartupListKey[] =
+    "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\StartupApproved\\Run";
 inline constexpr char kRunValue[] = "SkyvaneAlerts";
 
 }  // namespace settings
