@@ -7,6 +7,8 @@
 //   send CLASS MESSAGE WPARAM LPARAM       SendMessage; MESSAGE is a number or a registered name
 //   post CLASS MESSAGE WPARAM LPARAM ...   PostMessage for each group of three
 //   forget-icon CLASS                      removes the window's icon from the taskbar
+//   watch-icons                            one line for each change of an icon, until it is killed:
+//                                          "balloon" if the change shows one, or "quiet"
 //   counts CLASS                           kernel, GDI and user handles of the window's process
 //   texts KEY                              strings in the user's registry one level below the key:
 //                                          subkey, name, value
@@ -110,6 +112,39 @@ void ForgetIcon(const char* className) {
     icon.hWnd = FindByClass(className);
     icon.uID = 1;
     Shell_NotifyIconA(NIM_DELETE, &icon);
+}
+
+// Receives the changes of icons in place of the taskbar and passes them on to it.
+LRESULT CALLBACK WatchIcon(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_COPYDATA) return DefWindowProcW(window, message, wParam, lParam);
+    struct Change {  // as Wine sends it
+        LONG window;
+        UINT icon, flags, callback;
+        wchar_t tip[128];
+        DWORD state, stateMask;
+        wchar_t balloon[256];
+    };
+    const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
+    const auto* change = static_cast<const Change*>(data->lpData);
+    if (data->dwData == NIM_ADD || data->dwData == NIM_MODIFY)
+        Print(change->flags & NIF_INFO && *change->balloon ? "balloon\n" : "quiet\n");
+    return SendMessageW(reinterpret_cast<HWND>(GetWindowLongW(window, GWL_USERDATA)), message,
+                        wParam, lParam);
+}
+
+void WatchIcons() {
+    const wchar_t* const name = L"Shell_TrayWnd";
+    const HWND taskbar = FindWindowW(name, nullptr);
+    WNDCLASSW watcher{};
+    watcher.lpfnWndProc = WatchIcon;
+    watcher.lpszClassName = name;
+    RegisterClassW(&watcher);
+    const HWND window =
+        CreateWindowW(name, nullptr, WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    SetWindowLongW(window, GWL_USERDATA, reinterpret_cast<LONG>(taskbar));
+    Print("watching\n");
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
 }
 
 UINT MessageNumber(const char* text) {
@@ -249,6 +284,8 @@ int Run(int count, char** arguments) {
         PrintCounts(arguments[1]);
     } else if (command == "forget-icon" && count == 2) {
         ForgetIcon(arguments[1]);
+    } else if (command == "watch-icons") {
+        WatchIcons();
     } else if (command == "rows" && count == 2) {
         PrintRows(arguments[1]);
     } else if (command == "texts" && count == 2) {

@@ -1,7 +1,9 @@
 """Retrieval cycles as the user sees them."""
 
 import datetime
+import os
 import shutil
+import subprocess
 
 import pytest
 
@@ -74,6 +76,28 @@ def test_known_alerts_are_not_announced_again(make_watcher, feed, registry):
     # Alerts in the INI file are not deleted: there the numbers continue.
     earlier = [] if registry else ["101", "102"]
     assert [alert[0] for alert in program.store.alerts()] == [*earlier, "101", "103", "102"]
+
+
+def test_balloon_is_sent_again_with_each_later_change(make_watcher, feed, tmp_path):
+    """Each call shows the balloon again on Windows: a call more is one more notification."""
+    calls = tmp_path / "calls.txt"
+    with open(calls, "wb") as output:
+        watcher = subprocess.Popen(["wine", os.environ["PROBE"], "watch-icons"], stdout=output, stderr=subprocess.DEVNULL)
+    try:
+        wait_until(lambda: "watching" in calls.read_text(), "the watcher")
+        feed.serve("66044", TORNADO, FLOOD)
+        program = make_watcher(LAWRENCE, options={**AT_START, **EACH_MINUTE})
+        program.start()
+        program.wait_for_picture("new alerts")
+        wait_until(program.balloons, "the balloon")
+        assert calls.read_text().split().count("balloon") == 1
+        program.run_quiet_cycle()  # the tooltip changes
+        assert calls.read_text().split().count("balloon") == 2
+        choose(program, "About", alerts=["Tornado Warning", "Flood Watch"], stations=["Lawrence"])  # the icon changes
+        program.wait_for_picture("normal")
+        assert calls.read_text().split().count("balloon") == 3
+    finally:
+        watcher.kill()
 
 
 def test_failing_server(make_watcher, feed):
