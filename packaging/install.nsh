@@ -6,6 +6,7 @@ Function RefuseWithoutRights
 FunctionEnd
 
 Function .onInit
+  !insertmacro ProtectPlugIns
   StrCpy $NamedFolder $INSTDIR
   Call ChooseUsers
   Call ChooseFolder
@@ -71,8 +72,10 @@ Section "${PRODUCT}"
   CreateShortcut "$SMPROGRAMS\${PRODUCT}.lnk" "$INSTDIR\${PROGRAM}"
   Call WriteUninstallEntry
   ; Without these values, new alerts show no balloon and a chosen sound never plays.
-  !insertmacro PresetOption "DisplayTrayAlert" "True"
-  !insertmacro PresetOption "FlashTrayIcon" "True"
+  ${If} $OtherUser = 0
+    !insertmacro PresetOption "DisplayTrayAlert" "True"
+    !insertmacro PresetOption "FlashTrayIcon" "True"
+  ${EndIf}
   ${If} $Updating = 1
     StrCpy $FinishText "${PRODUCT} has been updated. Your settings and stations were kept."
   ${Else}
@@ -88,6 +91,7 @@ SectionEnd
 
 Section -DoNotStartWithWindows
   ${IfNot} ${SectionIsSelected} ${StartWithWindows}
+  ${AndIf} $OtherUser = 0
     Call RemoveRunValue
   ${EndIf}
 SectionEnd
@@ -133,8 +137,14 @@ Function LeaveFolderPage
   ${EndIf}
 FunctionEnd
 
-; Selects "Start with Windows" if the switch says so, or if it is set for the copy to update.
+; Does not offer "Start with Windows" to another user. Selects it if the switch says so, or if it is set for the copy to update.
 Function ReadStartState
+  !insertmacro AskForOtherUser
+  StrCpy $OtherUser $0
+  ${If} $OtherUser = 1
+    SectionSetText ${StartWithWindows} ""
+    Return
+  ${EndIf}
   ReadRegStr $0 HKCU "${RUN_KEY}" "${RUN_VALUE}"
   ${If} $0 == "$INSTDIR\${PROGRAM}"
   ${OrIf} $0 == '"$INSTDIR\${PROGRAM}"'

@@ -40,6 +40,7 @@ VIAddVersionKey "LegalCopyright" "${PUBLISHER}"
 !include "${FILE_LIST}"
 
 Var AllUsers  ; 1 if the program is installed for everyone, otherwise 0
+Var OtherUser  ; 1 if it runs as another user than the one who has signed in, otherwise 0
 Var FinishText  ; of the last page
 
 !include "running.nsh"

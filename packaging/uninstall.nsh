@@ -2,6 +2,9 @@
 ; have created, by name, and asks before it deletes settings and stations.
 
 Function un.onInit
+  !insertmacro ProtectPlugIns
+  !insertmacro AskForOtherUser
+  StrCpy $OtherUser $0
   StrCpy $AllUsers 0
   ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
   ReadRegStr $1 HKLM "${UNINSTALL_KEY}" "InstallLocation"
@@ -86,6 +89,9 @@ Section "un.Program"
   Delete "$INSTDIR\Uninstall.exe"
   SetShellVarContext current
   StrCpy $StationsToo 0
+  ${If} $OtherUser = 1
+    Goto keep
+  ${EndIf}
   MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 \
     "Remove your settings and your list of stations too?" /SD IDNO IDNO keep
   StrCpy $StationsToo 1

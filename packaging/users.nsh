@@ -1,4 +1,32 @@
-; The choice between installing for the current user, which needs no rights, and for everyone.
+; The choice between installing for the current user, which needs no rights, and for everyone, and what
+; administrator rights change.
+
+; Must come before the first plug-in. NSIS before 3.11 extracts plug-ins to the temporary folder in a way that
+; lets other users replace them if they can write there, as in that of the system account. With administrator
+; rights, which the error flag shows, plug-ins are therefore extracted below the folder for programs. NSIS
+; deletes the folder at the end.
+!macro ProtectPlugIns
+  ClearErrors
+  GetTempFileName $0 "$PROGRAMFILES32"
+  ${IfNot} ${Errors}
+    Delete "$0"
+    CreateDirectory "$0"
+    UnsafeStrCpy $PLUGINSDIR "$0"
+  ${EndIf}
+  ClearErrors
+!macroend
+
+; Sets $0 to 1 if the installer runs as another user than the one who has signed in, whose settings and start
+; with Windows it therefore cannot reach, otherwise to 0.
+!macro AskForOtherUser
+  StrCpy $0 0
+  ReadEnvStr $1 "USERNAME"
+  System::Call 'wtsapi32::WTSQuerySessionInformationW(p 0, i -1, i 5, *w .r2, *i) i .r3'
+  ${If} $3 <> 0
+  ${AndIf} $1 != $2
+    StrCpy $0 1
+  ${EndIf}
+!macroend
 
 !macro TakeUsersContext
   ${If} $AllUsers = 1

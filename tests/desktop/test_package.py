@@ -16,6 +16,8 @@ from tray_menu import choose
 ROOT = pathlib.Path(__file__).parents[2]
 ENTRY = r"\Software\Microsoft\Windows\CurrentVersion\Uninstall\SkyvaneAlerts"
 SETTINGS_PARENT = stores.REGISTRY_KEY.rsplit("\\", 1)[0]
+# Other packages that ./package has built, for example from earlier commits.
+EARLIER = sorted((ROOT / "build" / "package").glob("*-setup.exe"))
 LIMIT = 1_500_000  # bytes of the installer without the gazetteer
 
 
@@ -37,12 +39,15 @@ def package(tmp_path_factory):
 
 @pytest.fixture
 def run_setup(package, tmp_path):
-    """run_setup(switches...) starts the installer. What a test has installed is removed afterwards."""
-    setup = shutil.copy(only(package, "-setup.exe"), tmp_path)
+    """run_setup(switches...) starts the installer, or another one, as the user or apparently as another one. What
+    a test has installed is removed afterwards."""
+    newest = shutil.copy(only(package, "-setup.exe"), tmp_path)
 
-    def run(*switches):
+    def run(*switches, setup=newest, user=None):
+        # Wine itself sets the variable for the programs that it starts.
+        start = ["cmd", "/c", "set", f"USERNAME={user}&&start", "/wait", stores.windows_path(setup)] if user else [setup]
         # Split at spaces, so that a folder with spaces after /D= is not quoted.
-        return subprocess.Popen(["wine", setup, *" ".join(switches).split(" ")], cwd=tmp_path,
+        return subprocess.Popen(["wine", *start, *" ".join(switches).split(" ")], cwd=tmp_path,
                                 stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
 
     yield run
@@ -51,8 +56,8 @@ def run_setup(package, tmp_path):
             uninstall(folder)
 
 
-def install(run_setup, *switches):
-    assert run_setup("/S", *switches).wait(60) == 0
+def install(run_setup, *switches, **changes):
+    assert run_setup("/S", *switches, **changes).wait(60) == 0
 
 
 def entry(root="HKEY_CURRENT_USER"):
@@ -260,7 +265,7 @@ def test_chosen_folder_with_other_files(run_setup, tmp_path):
         "LICENSE.txt": b"of another program"}
 
 
-def test_update_asks_only_about_the_start_with_windows(run_setup, run_value):
+def test_update_asks_only_about_the_start_with_windows(run_setup, run_value, user_folders):
     stores.RegistryStore().write({"Options": {"FlashTrayIcon": "False"}})
     install(run_setup, "/CurrentUser", "/StartWithWindows")
     options = stores.registry_values(stores.REGISTRY_KEY + "\\Options")
@@ -270,8 +275,12 @@ def test_update_asks_only_about_the_start_with_windows(run_setup, run_value):
     setup = run_setup("/CurrentUser")
     [tree] = wait_until(lambda: [child for child in controls() if child.class_name == "SysTreeView32"], "the options")
     click(tree.left + 9, tree.top + 24)  # the box in the second row
+    # Other users cannot replace the plug-ins of an administrator's installer.
+    [plugins] = pathlib.Path(stores.unix_path("C:\\Program Files")).glob("ns*.tmp")
+    assert (plugins / "System.dll").exists() and not [*user_folders[0].glob("ns*.tmp/System.dll")]
     texts = finish_setup(setup)
     assert any("Your settings and stations were kept." in text for text in texts)
+    assert not plugins.exists()
     assert run_value() is None
 
 
@@ -298,6 +307,38 @@ def test_for_everyone(run_setup):
     assert entry() == {}
     uninstall(folder)
     assert all(item[0].startswith(SETTINGS_PARENT) for item in snapshot() ^ before)
+
+
+def test_for_everyone_by_another_user(run_setup, run_value):
+    """An administrator who is not the user cannot change the user's settings."""
+    stores.delete_registry(SETTINGS_PARENT)
+    install(run_setup, "/AllUsers", "/StartWithWindows", user="administrator")
+    assert entry("HKEY_LOCAL_MACHINE") and run_value() is None
+    assert stores.registry_values(stores.REGISTRY_KEY + "\\Options") == {}
+    setup = run_setup("/AllUsers", user="administrator")
+    [tree] = wait_until(lambda: [child for child in controls() if child.class_name == "SysTreeView32"], "the options")
+    click(tree.left + 9, tree.top + 24)  # there is no box in the second row
+    finish_setup(setup)
+    assert run_value() is None
+
+
+@pytest.mark.parametrize("earlier", [None, *EARLIER], ids=lambda path: path.name if path else "this one")
+def test_update_keeps_settings_stations_and_sounds(earlier, run_setup, app_data_folder):
+    folder = "C:\\Earlier"
+    install(run_setup, "/CurrentUser", f"/D={folder}", **({"setup": earlier} if earlier else {}))
+    place = pathlib.Path(stores.unix_path(folder))
+    own = [place / "Sounds" / "My own.wav", place / "anna.ini", place / "Users" / "anna" / "CityCode.cmb",
+           app_data_folder / "Sounds" / "My own.wav", app_data_folder / "CityCode.cmb"]
+    for file in own:
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text(f"[Misc]\r\nUSEINI={file}\r\n", newline="")
+    stores.RegistryStore().write({"Options": {"TrayAlertSound": "My own.wav", "DisplayTrayAlert": "False"}})
+    install(run_setup)
+    assert contents(place).items() >= product().items()
+    assert all(file.read_text() == f"[Misc]\nUSEINI={file}\n" for file in own)
+    options = stores.registry_values(stores.REGISTRY_KEY + "\\Options")
+    assert options.items() >= {"TrayAlertSound": "My own.wav", "DisplayTrayAlert": "False"}.items()
+    shutil.rmtree(place / "Users")
 
 
 def test_files_in_use_stop_the_update(run_setup, feed, tmp_path):
