@@ -1,3 +1,4 @@
+#include "settings/modRegistry.h"
 #include "tests/Handles.h"
 #include "tests/options/OptionsDriver.h"
 #include "win/Handle.h"
@@ -152,6 +153,18 @@ TEST_P(OptionsDialogTest, StoresEachChangedOption) {
         }
     });
     win::DeleteFolder(State().programFolder + "\\Users");
+}
+
+TEST_F(OptionsFormTest, ShowsThatWindowsHasSwitchedOffTheStart) {
+    WriteSetting(kLastOption, "General");
+    for (const char state : {2, 3}) {
+        RegistrySetValue(kCurrentUser, kStartupListKey, kRunValue, state + std::string(11, '\0'),
+                         REG_BINARY);
+        WithDialog([&](HWND dialog) {
+            EXPECT_EQ(IsWindowVisible(Find(dialog, frmOptions_SwitchedOff)), state == 3);
+        });
+    }
+    RegistryDeleteValue(kCurrentUser, kStartupListKey, kRunValue);
 }
 
 TEST_F(OptionsFormTest, RemovesNothingAfterNoOrCancel) {
