@@ -6,6 +6,7 @@ import subprocess
 import pytest
 
 import harness
+import packages
 import stores
 from alert_server import AlertServer
 from feed import Feed
@@ -131,6 +132,12 @@ def run_value():
     stores.delete_registry(RUN_KEY, "SkyvaneAlerts")
     yield lambda: stores.registry_values(RUN_KEY).get("SkyvaneAlerts")
     stores.delete_registry(RUN_KEY, "SkyvaneAlerts")
+
+
+@pytest.fixture(scope="session")
+def package(tmp_path_factory):
+    """The files of the packages of the built program, by name."""
+    return packages.make_package(os.environ["PRODUCT_DIR"], tmp_path_factory.mktemp("package"))
 
 
 @pytest.fixture

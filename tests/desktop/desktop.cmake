@@ -30,5 +30,5 @@ set_tests_properties(desktop_test_downloader desktop_test_downloader_trust deskt
 # It may run a thousand cycles.
 set_tests_properties(desktop_test_endurance PROPERTIES TIMEOUT 1800)
 # The longest tests start first, so that all screens finish at about the same time.
-set_tests_properties(desktop_test_options_pages desktop_test_package desktop_test_search
+set_tests_properties(desktop_test_options_pages desktop_test_setup desktop_test_search
   desktop_test_bad_input desktop_test_cycle PROPERTIES COST 100)
