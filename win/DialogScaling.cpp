@@ -92,9 +92,7 @@ void ScaleControls(HWND dialog, HFONT font, const Ratio& ratio) {
 // Keeps the system from scaling the dialog and its pages: it would do so only in part.
 void DisableSystemScaling(HWND dialog) {
     // Some systems lack the function, and do not scale dialogs.
-    static const auto disable =
-        reinterpret_cast<BOOL(WINAPI*)(HWND, int, int)>(reinterpret_cast<void*>(
-            GetProcAddress(GetModuleHandleW(L"user32.dll"), "SetDialogDpiChangeBehavior")));
+    auto* const disable = late::SetDialogDpiChangeBehavior.Find();
     if (!disable) return;
     disable(dialog, DDC_DISABLE_ALL, DDC_DISABLE_ALL);
     for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))

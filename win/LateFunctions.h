@@ -89,6 +89,8 @@ inline constinit LateFunction<AtlAxGet> AtlAxGetControl{L"atl.dll", "AtlAxGetCon
 inline constinit LateFunction<AtlAxGet> AtlAxGetHost{L"atl.dll", "AtlAxGetHost"};
 inline constinit LateFunction<BOOL WINAPI(DWORD)> SetDefaultDllDirectories{
     L"kernel32.dll", "SetDefaultDllDirectories"};
+inline constinit LateFunction<BOOL WINAPI(HWND, int, int)> SetDialogDpiChangeBehavior{
+    L"user32.dll", "SetDialogDpiChangeBehavior"};
 
 }  // namespace late
 

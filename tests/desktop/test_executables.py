@@ -24,7 +24,7 @@ LOADED_AT_START = {
 }
 # The thread library of mingw-w64 looks for kernelbase.dll, which every Windows has loaded already.
 LOADED_LATER = {"atl.dll", "comctl32.dll", "comdlg32.dll", "kernelbase.dll", "ole32.dll", "oleaut32.dll",
-                "uxtheme.dll", "winmm.dll"}
+                "shcore.dll", "uxtheme.dll", "winmm.dll"}
 PROBED = "libgcc_s_dw2-1.dll"  # by the compiler's start-up code
 
 
