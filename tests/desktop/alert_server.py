@@ -36,8 +36,8 @@ class AlertServer:
     def __init__(self, us_port):
         self.max_age = 0
         self.clock = 0  # hours by which the server's clock is ahead of this machine's
-        self.documents = {}  # by identifier; a document is bytes, or a complete answer as a function
-        self.replies = []  # complete answers to the next requests
+        self.documents = {}  # by identifier
+        self.failures = {}  # complete answers by a part of the target
         self.server = Server(self.find_answer)
         self.host = f"127.0.0.1:{self.server.port}"
         self.request = f"fpas+http://{self.host}/GetXml.aspx?partnerid=7e3a90d4&"
@@ -51,8 +51,9 @@ class AlertServer:
 
     def find_answer(self, head):
         target = head.split(" ")[1]
-        if self.replies:
-            return self.replies.pop(0)
+        for part, reply in self.failures.items():
+            if part in target:
+                return reply
         if target.startswith(AREA):
             date = email.utils.format_datetime(NOW + datetime.timedelta(hours=self.clock), usegmt=True)
             return answer(200, json.dumps(list(self.documents)).encode(), f"Date: {date}",
@@ -63,7 +64,7 @@ class AlertServer:
             return answer(404, b"not found")
         if not target.endswith(".xml"):
             return redirect(f"/media/{name}.xml", 301)
-        return document if callable(document) else answer(200, document, "Content-Type: application/xml")
+        return answer(200, document, "Content-Type: application/xml")
 
     def targets(self):
         return self.server.targets()

@@ -1,5 +1,6 @@
 """Alerts outside the United States: dl.exe and the whole program against a simulated alert server."""
 
+import datetime
 import os
 import pathlib
 import re
@@ -15,7 +16,7 @@ from loopback import answer, redirect
 from options_dialog import OPTIONS
 from search_dialog import CHOOSER, apply_options, make_searcher, open_search, saved_stations
 from tray_menu import choose
-from weather_service import alert, collection, moment, recorded
+from weather_service import NOW, alert, collection, moment, recorded
 
 ZURICH = "g2657896"
 NAMESPACE = "{http://www.aws.com/aws}"
@@ -98,6 +99,21 @@ def test_each_rule(world, downloader, documents, expected):
     assert found == expected or sorted(found) == expected
 
 
+@pytest.mark.parametrize("name, time, expected", [
+    ("ie-geocodes", "2025-04-14T18:59:00+00:00", ["Small Craft"]),
+    ("ie-geocodes", "2025-04-14T19:01:00+00:00", []),
+    ("ru-date-line", "2025-03-02T10:00:00+00:00", ["Ветер"]),
+    ("us-polygons", "2025-03-01T00:00:00+00:00", ["Special Weather Statement"]),
+    ("mo-all-clear", "2025-04-13T06:00:00+00:00", []),
+    ("gdacs-past", "2025-03-01T23:00:00+00:00", []),
+])
+def test_recorded_documents(world, downloader, name, time, expected):
+    """The server's clock is set to the time of the document."""
+    world.set(recorded(f"cap-{name}.xml"))
+    world.clock = (datetime.datetime.fromisoformat(time) - NOW).total_seconds() / 3600
+    assert titles(downloader.fetch(world.request + ALERTS)) == expected
+
+
 def test_the_body_and_the_identifier(world, downloader, forget_list):
     world.set(cap("1", info("Hail", instruction="Stay in.", area="<areaDesc>A</areaDesc>")))
     (identifier, _, body), = read(downloader.fetch(world.request + ALERTS))
@@ -140,42 +156,30 @@ def test_a_long_list(world, downloader, forget_list):
     assert sorted(found[:-1]) == [f"Hail {n:02}" for n in range(60)]
 
 
-@pytest.mark.parametrize("reply, status", [
-    (answer(503, b"<html>"), 503),
-    (answer(400, b"bad box"), 400),
-    (answer(404, b"not found"), 404),
-    (answer(200, b"<html>Access denied"), 1015),
-    (answer(200, b"{}"), 1015),
-    (answer(200, b'["../../etc/passwd"]'), 1015),
-    (answer(200, b'["x"'), 1015),
-    (redirect("http://localhost:1/alert/area"), 1011),
+@pytest.mark.parametrize("reply, status, at", [
+    (answer(503, b"<html>"), 503, AREA),
+    (answer(404, b"not found"), 404, AREA),
+    (answer(200, b"<html>Access denied"), 1015, AREA),
+    (answer(200, b'["../../etc/passwd"]'), 1015, AREA),
+    (redirect("http://localhost:1/alert/area"), 1011, AREA),
+    (answer(500, b""), 500, ".xml"),
+    (answer(200, b"<!DOCTYPE html><html>Sign in</html>"), 1015, ".xml"),
+    (redirect("http://localhost:1/x.xml"), 1011, ".xml"),
 ])
-def test_a_failure_is_never_an_empty_list(world, downloader, reply, status):
+def test_a_failure_is_never_an_empty_list(world, downloader, reply, status, at):
     downloader.environment["SKYVANE_DL_SECONDS"] = "3"
-    world.replies = [reply] * 9
-    assert_failed(downloader.fetch(world.request + ALERTS), status)
-    world.replies = [reply] * 9
-    assert titles(downloader.fetch(world.live + ALERTS)) == [UNAVAILABLE]
-    world.replies = []
     world.set(cap("1", info("Hail")))
-    assert titles(downloader.fetch(world.live + ALERTS)) == ["Hail"], "no failure is cached"
-
-
-@pytest.mark.parametrize("reply, status", [
-    (answer(500, b""), 500),
-    (answer(200, b"<!DOCTYPE html><html>Sign in</html>"), 1015),
-    (redirect("http://localhost:1/x.xml"), 1011),
-])
-def test_a_document_that_fails_is_a_failure(world, downloader, reply, status):
-    downloader.environment["SKYVANE_DL_SECONDS"] = "3"
-    world.set(cap("1", info("Hail")), lambda connection: connection.sendall(reply))
+    world.failures = {at: reply}
     assert_failed(downloader.fetch(world.request + ALERTS), status)
+    assert titles(downloader.fetch(world.live + ALERTS)) == [UNAVAILABLE]
+    world.failures = {}
+    assert titles(downloader.fetch(world.live + ALERTS)) == ["Hail"], "no failure is cached"
 
 
 def test_a_server_that_hangs_does_not_silence_the_other(world, service, downloader):
     service.alerts = collection(alert("a", "Tornado"))
     downloader.environment["SKYVANE_DL_SECONDS"] = "3"
-    world.replies = [lambda connection: connection.recv(1)] * 9
+    world.failures = {AREA: lambda connection: connection.recv(1)}
     (identifier, title, body), = read(downloader.fetch(world.live + ALERTS))
     assert title == UNAVAILABLE and world.host in body
     assert read(downloader.fetch(world.live + "requesttype=6&ZipCode=g2988507"))[0][0] == identifier
