@@ -49,8 +49,9 @@ void Move(HWND window, const RECT& rect) {
 
 void SearchLayout::Remember(HWND dialog) {
     dialog_ = dialog;
-    client_ = GetClientSize(dialog);
     unit_ = win::MeasureDialogUnits(dialog);
+    // Not the window's present size: the system makes it no larger than the screen.
+    client_ = {MulDiv(frmSearch_Width, unit_.cx, 4), MulDiv(frmSearch_Height, unit_.cy, 8)};
     places_.clear();
     for (const Anchor& anchor : kAnchors) {
         RECT rect;

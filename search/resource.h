@@ -3,6 +3,10 @@
 #define IDD_frmSearch 300
 #define IDD_frmSearchChoose 301
 
+// The size of frmSearch in dialog units.
+#define frmSearch_Width 474
+#define frmSearch_Height 266
+
 // The small icons of ImageList1, in its order.
 #define IDI_STATION 10
 #define IDI_NETWORK 11
