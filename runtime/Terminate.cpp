@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <exception>
 #include <new>
+#include <string>
 #include <utility>
 
 // Replaces the parts of the C++ library that report exceptions, which these programs are built
@@ -78,6 +79,12 @@ void __throw_runtime_error(const char*) {
 void __throw_system_error(int) {
     terminate();
 }
+
+#if __GNUC__ >= 13
+// Newer libraries contain this part of the strings together with what throws.
+template void string::_M_replace_cold(char*, size_type, const char*, size_type, size_type);
+template void wstring::_M_replace_cold(wchar_t*, size_type, const wchar_t*, size_type, size_type);
+#endif
 
 }  // namespace std
 
