@@ -111,17 +111,21 @@ class Reader {
         return info;
     }
 
-    // Returns a hash of the shape: its length and both ends are enough to tell it
-    // from another.
+    // Returns a hash of the shape. Samples are enough to tell a long one from
+    // another; a short one is sampled completely.
     static std::uint64_t HashOfShape(std::string_view shape) {
-        std::uint64_t words[4];
-        constexpr std::size_t kEnd = sizeof words / 2;
-        if (shape.size() < 2 * kEnd) return http::HashOf(shape);
-        std::memcpy(words, shape.data(), kEnd);
-        std::memcpy(words + 2, shape.data() + shape.size() - kEnd, kEnd);
+        constexpr std::size_t kSamples = 64;
+        std::uint64_t sample = 0;
+        if (shape.size() < sizeof sample) return http::HashOf(shape);
+        const std::size_t last = shape.size() - sizeof sample;
+        const std::size_t step = std::max(sizeof sample, last / kSamples);
         std::uint64_t hash = shape.size();
-        for (const std::uint64_t word : words) hash = (hash ^ word) * kOdd;
-        return hash ^ hash >> 32;
+        for (std::size_t at = 0; at < last + step; at += step) {
+            std::memcpy(&sample, shape.data() + std::min(at, last), sizeof sample);
+            hash = (hash ^ sample) * kOdd;
+            hash ^= hash >> 32;
+        }
+        return hash;
     }
 
     // The sum of the hashes does not depend on the order of geocodes and shapes.

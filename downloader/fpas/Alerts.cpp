@@ -1,6 +1,7 @@
 #include "downloader/fpas/Alerts.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "downloader/feed/AlertList.h"
 #include "downloader/feed/FeedXml.h"
@@ -83,9 +84,15 @@ Choice ChooseBlocks(const Alert& alert, const feed::Position& place, std::string
     return choice;
 }
 
-void AppendUnlessHeld(std::string& list, std::string_view text, std::string_view separator) {
-    if (text.empty() || list.find(text) != std::string::npos) return;
-    list.append(list.empty() ? "" : separator).append(text);
+// Returns the different descriptions of the blocks' areas.
+std::string DescribeAreas(const Blocks& blocks) {
+    std::vector<std::string> descriptions;
+    for (const Info* const block : blocks)
+        for (const Area& area : block->areas)
+            if (!area.description.empty() &&
+                std::ranges::find(descriptions, area.description) == descriptions.end())
+                descriptions.push_back(area.description);
+    return win::Join(descriptions, "; ");
 }
 
 // Whether two blocks differ in nothing but their areas, times or severity.
@@ -105,11 +112,9 @@ std::string Body(const Entry& entry, std::string_view title) {
     for (auto block = entry.blocks.begin(); block != entry.blocks.end(); ++block) {
         const auto isSame = [&](const Info* other) { return SaySame(*other, **block); };
         if (std::any_of(entry.blocks.begin(), block, isSame)) continue;
-        std::string areas;
-        for (const Info* const other : entry.blocks)
-            if (isSame(other))
-                for (const Area& area : other->areas)
-                    AppendUnlessHeld(areas, area.description, "; ");
+        Blocks same;
+        std::ranges::copy_if(entry.blocks, std::back_inserter(same), isSame);
+        const std::string areas = DescribeAreas(same);
         const Info& info = **block;
         for (const std::string_view part :
              {std::string_view(info.headline), std::string_view(areas),

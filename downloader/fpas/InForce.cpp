@@ -1,6 +1,9 @@
 #include "downloader/fpas/InForce.h"
 
 #include <algorithm>
+#include <initializer_list>
+#include <set>
+#include <utility>
 
 #include "downloader/feed/IsoTime.h"
 #include "win/Text.h"
@@ -22,6 +25,10 @@ bool HasWord(std::string_view text, std::string_view word, std::string_view sepa
     return false;
 }
 
+bool IsOneOf(std::string_view text, std::initializer_list<std::string_view> words) {
+    return std::ranges::find(words, text) != words.end();
+}
+
 // The members of MeteoAlarm also send "1; green; Minor": there is no danger.
 bool IsGreen(const Info& info) {
     return HasWord(info.awarenessLevel, "green", "; ") || info.awarenessLevel.starts_with("1;");
@@ -36,11 +43,12 @@ bool HasOurCategory(const Info& info) {
            });
 }
 
-// Returns when the block ends; INT64_MAX if nothing is known. Many senders state no end for what
-// they expect to cancel, and some never cancel: a day after the beginning it is no longer news.
+// Returns when the block ends; INT64_MAX if that is not known or cannot be read. Many senders state
+// no end for what they expect to cancel, and some never cancel: a day after the beginning it is no
+// longer news.
 std::int64_t EndOf(const Info& info, const Alert& alert) {
     constexpr std::int64_t kDay = 86'400;
-    if (const auto expires = feed::ParseTime(info.expires)) return *expires;
+    if (!info.expires.empty()) return feed::ParseTime(info.expires).value_or(INT64_MAX);
     const auto onset = feed::ParseTime(info.onset);
     const auto sent = feed::ParseTime(alert.sent);
     if (!onset && !sent) return INT64_MAX;
@@ -68,13 +76,14 @@ bool Means(const Reference& reference, const Alert& from, const Alert& alert, bo
 }  // namespace
 
 bool IsPublic(const Alert& alert) {
-    return (alert.status.empty() || alert.status == "Actual") &&
-           (alert.scope.empty() || alert.scope == "Public");
+    return !IsOneOf(alert.status, {"Exercise", "System", "Test", "Draft"}) &&
+           !IsOneOf(alert.scope, {"Restricted", "Private"});
 }
 
 bool IsComplete(const Alert& alert) {
-    return !alert.identifier.empty() && !alert.sender.empty() && !alert.status.empty() &&
-           !alert.type.empty() && !alert.scope.empty() &&
+    return !alert.identifier.empty() && !alert.sender.empty() && alert.status == "Actual" &&
+           alert.scope == "Public" &&
+           IsOneOf(alert.type, {"Alert", "Update", "Cancel", "Ack", "Error"}) &&
            !(IsAnnouncement(alert) && alert.infos.empty());
 }
 
@@ -103,8 +112,9 @@ std::vector<Reference> ReferencesOf(const Alert& alert) {
 }
 
 std::vector<bool> FindReplaced(const std::vector<const Alert*>& alerts) {
-    std::vector<bool> replaced(alerts.size());
-    for (const Alert* const alert : alerts) {
+    std::set<std::pair<std::size_t, std::size_t>> replacements;  // an alert and one it replaces
+    for (std::size_t from = 0; from < alerts.size(); ++from) {
+        const Alert* const alert = alerts[from];
         if (!alert || (alert->type != "Update" && alert->type != "Cancel")) continue;
         for (const Reference& reference : ReferencesOf(*alert)) {
             const auto isNamed = [&](const Alert* other) {
@@ -113,9 +123,13 @@ std::vector<bool> FindReplaced(const std::vector<const Alert*>& alerts) {
             const auto count = std::count_if(alerts.begin(), alerts.end(), isNamed);
             for (std::size_t at = 0; count > 0 && at < alerts.size(); ++at)
                 if (isNamed(alerts[at]) && Means(reference, *alert, *alerts[at], count == 1))
-                    replaced[at] = true;
+                    replacements.insert({from, at});
         }
     }
+    std::vector<bool> replaced(alerts.size());
+    // Alerts that name each other, such as one in several languages, must not all disappear.
+    for (const auto& [from, at] : replacements)
+        if (!replacements.contains({at, from})) replaced[at] = true;
     return replaced;
 }
 

@@ -9,10 +9,11 @@
 // Which alerts and which of their blocks are in force for the public.
 namespace fpas {
 
-// Whether the alert is a real message to the public, as far as it says.
+// Whether the alert is for the public, unless it says that it is a test or for others.
 bool IsPublic(const Alert& alert);
 
-// Whether the alert has what every alert must have, and says something unless it cancels another.
+// Whether a public alert has what every alert must have, in the words of CAP, and says something
+// unless it cancels another.
 bool IsComplete(const Alert& alert);
 
 // Whether the alert announces something: it is an Alert or an Update.

@@ -82,7 +82,9 @@ TEST(BuildAlertDocument, ReportsWhatIsInForce) {
         {Document({}, Block({{"expires", ""}, {"onset", "2026-07-14T18:00:01Z"}})), true},
         {Document({{"sent", "2026-07-14T17:00:00Z"}}, Block({{"expires", ""}, {"onset", ""}})),
          false},
-        {Document({{"sent", "now"}}, Block({{"expires", "soon"}, {"onset", ""}})), true},
+        {Document({{"sent", "now"}}, Block({{"expires", ""}, {"onset", ""}})), true},
+        {Document({{"sent", "2026-07-14T17:00:00Z"}}, Block({{"expires", "soon"}, {"onset", ""}})),
+         true},
         {Document({}, Block({{"onset", "2026-07-15T18:30:00Z"}})), true},
         {Document({}, Block({{"responseType", "AllClear"}})), false},
         {Document({}, Block({{"responseType", "Monitor"}})), true},
@@ -119,6 +121,9 @@ TEST(BuildAlertDocument, OmitsWhatAnotherDocumentReplaces) {
         for (const Texts& documents :
              {Texts{Document({}), document}, Texts{document, Document({})}})
             EXPECT_EQ(All("title", documents), titles) << document;
+    const std::string a = Update("a", later, "met@example.org,b,2026-07-15T17:00:00Z");
+    const std::string b = Update("b", later, "met@example.org,a,2026-07-15T17:00:00Z");
+    EXPECT_EQ(All("title", {a, b}), Texts{"Update"}) << "they name each other";
 }
 
 TEST(BuildAlertDocument, ComparesTimesWhereAlertsShareAnIdentifier) {
@@ -193,6 +198,12 @@ TEST(BuildAlertDocument, ChoosesTheBlocksOfThePlace) {
     EXPECT_EQ(All("title", {Document({}, Block({{"area", far}}))}), Texts{"Storm"});
     const std::string same = Block({{"area", far}}) + Block({{"event", "Snow"}, {"area", far}});
     EXPECT_EQ(All("id", {Document({}, same)}).size(), 2u);
+    // The areas of two blocks begin and end alike, and are as long.
+    const std::string north = polygon("47.00,8.00 47.00,9.00 48.00,9.00 48.00,8.00 47.00,8.00");
+    const std::string south = polygon("47.00,8.00 47.00,9.00 46.00,9.00 46.00,8.00 47.00,8.00");
+    EXPECT_EQ(All("title", {Document({}, Block({{"area", south}}) +
+                                             Block({{"event", "Snow"}, {"area", north}}))}),
+              Texts{"Snow"});
     // An alert in another language is better than none.
     const std::string alsoFar = polygon("0,0 0,1 1,1 1,-1");
     EXPECT_EQ(All("title", {Document({}, Block({{"area", far}}) + Block({{"area", alsoFar}}) +
@@ -254,19 +265,33 @@ TEST(BuildAlertDocument, KeepsTheIdentifierOfAnEvent) {
     const Texts both = identify({b, half});
     EXPECT_EQ(both.size(), 2u);
     EXPECT_EQ(identify({half, b}), both);
+    // Two updates divide it into two events.
+    const std::string rain = Document({{"identifier", "r"},
+                                       {"msgType", "Update"},
+                                       {"references", "met@example.org,a,2026-07-15T16:00:00Z"}},
+                                      Block({{"event", "Rain"}}));
+    const std::string wind = Update("w", later, "met@example.org,a,2026-07-15T16:00:00Z");
+    const Texts events = identify({wind, rain});
+    EXPECT_EQ(events.size(), 2u);
+    EXPECT_EQ(identify({rain, wind}), events);
 }
 
 TEST(BuildAlertDocument, TellsWhatCannotBeRead) {
-    const Texts documents = {Document({}), Document({}).substr(0, 500),
-                             Document({{"identifier", ""}}), Document({{"msgType", "Alert"}}, ""),
+    const Texts documents = {Document({}),
+                             Document({}).substr(0, 500),
+                             Document({{"identifier", ""}}),
+                             Document({{"msgType", "Alert"}}, ""),
+                             Document({{"status", "actual"}}),
+                             Document({{"msgType", "Info"}}),
                              Document({{"status", "Test"}, {"identifier", ""}}, "")};
     EXPECT_EQ(All("title", documents),
-              (Texts{"Storm", "Unreadable alert", "Unreadable alert", "Unreadable alert"}));
+              (Texts{"Storm", "Unreadable alert", "Unreadable alert", "Unreadable alert",
+                     "Unreadable alert", "Unreadable alert"}));
     const Texts bodies = All("html-msg-body", documents);
     EXPECT_NE(bodies[1].find("comes from https://h/1."), std::string::npos) << bodies[1];
     EXPECT_NE(bodies[2].find("comes from met@example.org."), std::string::npos) << bodies[2];
     const Texts identifiers = All("id", documents);
-    EXPECT_EQ(std::set(identifiers.begin(), identifiers.end()).size(), 4u);
+    EXPECT_EQ(std::set(identifiers.begin(), identifiers.end()).size(), 6u);
     feed::AlertMemory memory;
     const Answer answer{{{"u", "https://h/", ReadAlert(Document({}))}}, true};
     EXPECT_EQ(nws::Elements(BuildAlertDocument(answer, {"g1", {}}, "en", memory, kNow), "title"),
@@ -277,6 +302,7 @@ TEST(BuildAlertDocument, WritesTheWorstFirst) {
     const std::string two = Document({}, Block({{"event", "Very heavy rain and thunderstorms"},
                                                 {"headline", "Rain &amp; more"},
                                                 {"description", "<![CDATA[Rain\nof <30> mm.]]>"},
+                                                {"area", "<areaDesc>Green Hills</areaDesc>"},
                                                 {"instruction", "大雨\n小心"},
                                                 {"severity", "Moderate"}}) +
                                              Block({{"event", "Very heavy rain and thunderstorms"},
@@ -289,7 +315,7 @@ TEST(BuildAlertDocument, WritesTheWorstFirst) {
                              Document({{"identifier", "x"}}, Block({{"severity", "Extreme"}}))};
     EXPECT_EQ(All("title", documents), (Texts{"Storm", "Very heavy rain and thunder..."}));
     EXPECT_EQ(All("html-msg-body", documents)[1],
-              "Very heavy rain and thunderstorms\n\nRain &amp; more\n\nCoast; Hills\n\n"
+              "Very heavy rain and thunderstorms\n\nRain &amp; more\n\nGreen Hills; Hills\n\n"
               "Rain of &lt;30&gt; mm.\n\n大雨小心\n\nmet@example.org\n\n"
               "Severity: Severe. Urgency: Expected. Certainty: Likely.");
 }
