@@ -12,7 +12,7 @@ struct Spelling {
 };
 constexpr Spelling kShortWords[] = {{"st", "saint"},  {"ste", "sainte"},   {"ft", "fort"},
                                     {"mt", "mount"},  {"spgs", "springs"}, {"hts", "heights"},
-                                    {"bch", "beach"}, {"jct", "junction"}};
+                                    {"bch", "beach"}, {"jct", "junction"}, {"sankt", "saint"}};
 constexpr Spelling kDirections[] = {{"n", "north"}, {"s", "south"}, {"e", "east"}, {"w", "west"}};
 constexpr Spelling kNicknames[] = {{"nyc", "newyork"},          {"philly", "philadelphia"},
                                    {"vegas", "lasvegas"},       {"nola", "neworleans"},

@@ -3,7 +3,7 @@ import re
 import unicodedata
 
 LONG = {"st": "saint", "ste": "sainte", "ft": "fort", "mt": "mount", "spgs": "springs", "hts": "heights",
-        "bch": "beach", "jct": "junction"}
+        "bch": "beach", "jct": "junction", "sankt": "saint"}
 DIRECTIONS = {"n": "north", "s": "south", "e": "east", "w": "west"}
 TWO_LETTERS = {"Æ": "ae", "Œ": "oe", "ß": "ss", "Þ": "th", "Ĳ": "ij"}
 # Letters that Unicode does not take apart, and a few that others write without their mark.
