@@ -18,12 +18,12 @@
 #define IDB_WEATHERBUG 121     // 120 pixels wide
 #define IDB_WEATHERBUG150 122  // 180 pixels wide
 #define IDB_WEATHERBUG200 123  // 240 pixels wide
-#define frmAbout_Command1 1   // "OK"
-#define frmAbout_Label1 1101  // program name and version
-#define frmAbout_Label2 1102  // copyright
-#define frmAbout_Label3 1103  // link: the maker's web site
-#define frmAbout_Label4 1104  // link: the maker's e-mail address
-#define frmAbout_Label5 1105  // "Skyvane Alerts is powered by real-time WeatherBug weather"
-#define frmAbout_Label6 1106  // the sentence's second line
-#define frmAbout_Image1 1107  // the program's icon
-#define frmAbout_Image2 1108  // the WeatherBug logo, a button
+#define frmAbout_Command1 1    // "OK"
+#define frmAbout_Label1 1101   // program name and version
+#define frmAbout_Label2 1102   // copyright
+#define frmAbout_Label3 1103   // link: the maker's web site
+#define frmAbout_Label4 1104   // link: the maker's e-mail address
+#define frmAbout_Label5 1105   // "Skyvane Alerts is powered by real-time WeatherBug weather"
+#define frmAbout_Label6 1106   // the sentence's second line
+#define frmAbout_Image1 1107   // the program's icon
+#define frmAbout_Image2 1108   // the WeatherBug logo, a button
