@@ -59,8 +59,8 @@ bool IsOwnSource() {
     return !scheme.empty() && scheme != "http" && scheme != "https";
 }
 
-bool UsesLocalPage() {
-    return IsOwnSource() && Host("Weather", "").empty();
+bool UsesLocalPage(std::string_view code) {
+    return IsOwnSource() && (IsAbroad(code) || Host("Weather", "").empty());
 }
 
 std::string OwnSourceName() {
@@ -142,12 +142,12 @@ std::string StationPage(std::string_view code) {
 }
 
 std::string NationalMapPage(std::string_view code) {
-    if (UsesLocalPage()) return SourcePage({});
+    if (UsesLocalPage({})) return SourcePage({});
     std::string page = WeatherHost()
                            .append("/severe-weather/national-alert-map.html?zcode=")
                            .append(kWeatherZone)
                            .append("&country=US&country_name=USA");
-    if (!code.empty()) page.append("&zip=").append(code);
+    if (!code.empty() && !IsAbroad(code)) page.append("&zip=").append(code);
     return page;
 }
 

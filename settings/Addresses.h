@@ -15,9 +15,10 @@ std::string FeedHost();
 // Whether the feed is one of the downloader's own sources rather than a web server.
 bool IsOwnSource();
 
-// Whether the program shows alerts and weather on a page of its own, because the feed is an own
-// source and no weather web site is set.
-bool UsesLocalPage();
+// Whether the program shows the alerts and the weather of a place on a page of its own, because the
+// feed is an own source and no weather web site is set, or because that site would not know a place
+// abroad.
+bool UsesLocalPage(std::string_view code);
 
 // Returns what an own source is, for the user: who issues the alerts, and who passes them on.
 std::string OwnSourceName();
@@ -49,7 +50,7 @@ std::string LocationsRequest(std::string_view name);
 std::string StationsRequest(std::string_view code, bool byZipCode);
 
 // Return pages of the weather web site: the alerts of a station, its weather, the national map
-// (centred on the station's code unless that is empty), and the home page. Where UsesLocalPage, the
+// (centred on the station's code unless that is empty or abroad), and the home page. Where UsesLocalPage, the
 // national map is the source's page of all alerts, and the first two are not used.
 std::string AlertPage(std::string_view code);
 std::string StationPage(std::string_view code);

@@ -47,7 +47,7 @@ bool rebuildStationsWhenClosed = false;
 
 // Opens the page of a station: the program's own or, by its address, one of the weather web site.
 void OpenPage(const std::string& code, std::string (*address)(std::string_view code)) {
-    if (settings::UsesLocalPage())
+    if (settings::UsesLocalPage(code))
         ShowAlerts(code);
     else
         win::OpenInBrowser(TrayWindow(), address(code));

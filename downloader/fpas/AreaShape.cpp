@@ -154,7 +154,9 @@ std::optional<double> DistanceToPolygon(std::string_view text, const feed::Posit
         extent.most.latitude = std::max(extent.most.latitude, point.latitude);
         extent.most.longitude = std::max(extent.most.longitude, point.longitude);
     });
-    if (!isRing) return std::nullopt;
+    const std::int64_t width = std::int64_t{extent.most.longitude} - extent.least.longitude;
+    // From its corners alone, nobody knows which way around the Earth a wide polygon leads.
+    if (!isRing || width == 0 || width >= kTurn / 2) return std::nullopt;
     if (!IsNear(extent, place)) return kFar;
     feed::Ring ring;
     ReadRing(text, [&](const Point& point) { ring.push_back(ToPosition(point)); });

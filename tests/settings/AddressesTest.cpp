@@ -31,6 +31,9 @@ TEST_F(AddressesTest, DependOnTheSourceOfThePlace) {
         EXPECT_EQ(SourcePage("g1"), *world ? std::string("https://") + world + "/" : "");
         EXPECT_EQ(SubstitutePage("g1"), *world ? SourcePage("g1") : "https://www.weather.gov/");
     }
+    WriteSetting({kHosts, "Weather"}, "https://w");
+    EXPECT_TRUE(UsesLocalPage("g1") && !UsesLocalPage("66044"));
+    EXPECT_EQ(NationalMapPage("g1") + "&zip=66044", NationalMapPage("66044"));
 }
 
 }  // namespace

@@ -185,6 +185,8 @@ TEST(BuildAlertDocument, ChoosesTheBlocksOfThePlace) {
         {"<areaDesc>Everywhere</areaDesc>", zurich, true},
         {polygon("47,8 47"), zurich, true},  // damaged: nothing may be lost
         {polygon("47,8 48,9"), zurich, true},
+        {polygon("-90,-180 90,-180 90,180 -90,180"), zurich, true},  // everywhere
+        {polygon("40,-100 40,30 40,190 60,190 60,30 60,-100"), zurich, true},
         {"<circle>47.4 8.5</circle>", zurich, true},
     };
     for (const auto& c : kCases) {
