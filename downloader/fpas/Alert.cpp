@@ -111,14 +111,15 @@ class Reader {
         return info;
     }
 
-    // Returns a hash of the shape. Samples are enough to tell a long one from
-    // another; a short one is sampled completely.
+    // Returns a hash of the shape: of all of a short one. Samples are enough to
+    // tell a long one from another.
     static std::uint64_t HashOfShape(std::string_view shape) {
-        constexpr std::size_t kSamples = 64;
+        constexpr std::size_t kLongestShort = 512;  // bytes
+        constexpr std::size_t kSamples = 16;
         std::uint64_t sample = 0;
         if (shape.size() < sizeof sample) return http::HashOf(shape);
         const std::size_t last = shape.size() - sizeof sample;
-        const std::size_t step = std::max(sizeof sample, last / kSamples);
+        const std::size_t step = shape.size() <= kLongestShort ? sizeof sample : last / kSamples;
         std::uint64_t hash = shape.size();
         for (std::size_t at = 0; at < last + step; at += step) {
             std::memcpy(&sample, shape.data() + std::min(at, last), sizeof sample);
