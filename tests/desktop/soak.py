@@ -11,15 +11,14 @@ import random
 import signal
 import subprocess
 import time
-import traceback
 from collections import Counter, deque
 
 import pytest
 
-from dialog import DIALOG, message_boxes, wait_for_message_box
+from dialog import message_boxes, wait_for_message_box
 from failing_server import UNLOADABLE, WAYS, FailingServer
 from feed import document
-from harness import MINUTE_TIMERS, TRAY_CLASS, WM_CLOSE, WM_TIMER, find_windows, user_name, wait_until
+from harness import MINUTE_TIMERS, TRAY_CLASS, WM_TIMER, user_name, wait_until
 from inside import probe
 from loopback import answer
 from options_dialog import Options, answer_yes
@@ -100,46 +99,38 @@ class Soak:
         wait_until(self.program.icon, "the icon")
         self.server.gate.set()
 
+    def open_options(self, page):
+        self.program.click_icon()
+        options = Options()
+        options.turn_to(page)
+        return options
+
     def options(self):
-        """Opens the Options dialog, changes a setting and applies it."""
-        with self.dialogs() as options:
-            before = self.program.store.read("Options", "RetrieveAlertsOnStartup")
-            options.turn_to("General")
-            options.push("Check4")
-            options.apply(self.server.gate.set)
-            options.close("OK")
-            assert self.program.store.read("Options", "RetrieveAlertsOnStartup") == str(before != "True")
+        """Changes a setting in the Options dialog and applies it."""
+        before = self.program.store.read("Options", "RetrieveAlertsOnStartup")
+        options = self.open_options("General")
+        options.push("Check4")
+        options.apply(self.server.gate.set)
+        options.close("OK")
+        assert self.program.store.read("Options", "RetrieveAlertsOnStartup") == str(before != "True")
 
     def search(self):
         """Searches for a station and adds it, or removes the one that was added."""
-        with self.dialogs() as options:
-            options.turn_to("Stations")
-            added = self.stations()[len(STATIONS):]
-            if added:
-                options.choose("Combo1", added[0].decode().split("  ")[0])
-                options.push("Command7")
-                answer_yes()
-            else:
-                options.click("Add Station...")
-                search = Search()
-                search.search("66044", f"{25 if self.is_live else 6} weather station(s) found.")
-                search.click("Add Station")
-                search.wait_until_closed()
-            self.server.gate.set()
-            options.close("OK")
-            assert len(self.stations()) == len(STATIONS) + (not added)
-
-    @contextlib.contextmanager
-    def dialogs(self):
-        """Opens the Options dialog. A busy screen may lose a click: that is counted, and all dialogs are closed."""
-        try:
-            self.program.click_icon()
-            yield Options()
-        except AssertionError:
-            traceback.print_exc()
-            self.counts["lost clicks"] += 1
-            self.server.gate.set()
-            wait_until(lambda: not find_windows(DIALOG) or probe("post", DIALOG, WM_CLOSE, 0, 0), "all dialogs close")
+        options = self.open_options("Stations")
+        added = self.stations()[len(STATIONS):]
+        if added:
+            options.choose("Combo1", added[0].decode().split("  ")[0])
+            options.push("Command7")
+            answer_yes()
+        else:
+            options.click("Add Station...")
+            search = Search()
+            search.search("66044", f"{25 if self.is_live else 6} weather station(s) found.")
+            search.click("Add Station")
+            search.wait_until_closed()
+        self.server.gate.set()
+        options.close("OK")
+        assert len(self.stations()) == len(STATIONS) + (not added)
 
     # What happens during a cycle.
     EVENTS = [suspended_downloader, suspended_program, full_disk, held_file, explorer_restart, options, search]
@@ -294,7 +285,7 @@ def test_soak(soak):
     late = soak.holdings()
     print(f"{early} at the start\n{late} at the end", flush=True)
     assert soak.settings() == settings and len(soak.stations()) <= len(STATIONS) + 1
-    assert soak.most_seen <= MOST_SEEN and soak.counts["lost clicks"] <= 1 + soak.cycles // 200
+    assert soak.most_seen <= MOST_SEEN
     assert late.kernel <= early.kernel + 2 and late.gdi <= early.gdi + 4
     assert late.user <= early.user + 25  # includes the taskbar and its balloons
-    assert late.private_kib <= early.private_kib + 1024
+    assert late.private_kib <= early.private_kib + 2048  # one mebibyte of Wine comes and goes
