@@ -39,12 +39,11 @@ std::string EventKey(const Choice& choice) {
     return key;
 }
 
-// Whether alerts that continue the same one, by their references or identifiers, have divided it:
-// by area or, which only shows in one language, into several events.
+// Whether alerts for one area, which continue the same one by their references or identifiers, have
+// divided it into several events. Only texts in one language show that.
 bool HaveDivided(const Choice& left, const Choice& right) {
-    return AreaKey(left) != AreaKey(right) ||
-           (win::EqualIgnoringCase(left.blocks.front()->language, right.blocks.front()->language) &&
-            EventKey(left) != EventKey(right));
+    return win::EqualIgnoringCase(left.blocks.front()->language, right.blocks.front()->language) &&
+           EventKey(left) != EventKey(right);
 }
 
 // What the alert says, so that one that is issued again without a reference is known. Many senders
@@ -192,13 +191,18 @@ void IdentifyEvents(const std::vector<const Alert*>& alerts, std::vector<Choice>
             chains.Identity(choices[known == group.choices.end() ? best : *known].alert);
         for (const std::size_t at : group.choices)
             if (choices[at].languageRank > choices[best].languageRank) best = at;
+        const std::string area = AreaKey(choices[best]);
+        const auto isElsewhere = [&](const Choice& other) {
+            return other.identity == identity && AreaKey(other) != area;
+        };
+        if (std::any_of(kept.begin(), kept.end(), isElsewhere))
+            identity = feed::ShortIdentity(identity + "\n" + area);
+        for (const std::size_t at : group.choices) chains.Remember(choices[at].alert, identity);
         const auto isOther = [&](const Choice& other) {
             return other.identity == identity && HaveDivided(other, choices[best]);
         };
         if (std::any_of(kept.begin(), kept.end(), isOther))
-            identity = feed::ShortIdentity(identity + "\n" + AreaKey(choices[best]) +
-                                           EventKey(choices[best]));
-        for (const std::size_t at : group.choices) chains.Remember(choices[at].alert, identity);
+            identity = feed::ShortIdentity(identity + "\n" + EventKey(choices[best]));
         choices[best].identity = identity;
         kept.push_back(std::move(choices[best]));
     }
