@@ -117,17 +117,14 @@ void ForgetIcon(const char* className) {
 // Receives the changes of icons in place of the taskbar and passes them on to it.
 LRESULT CALLBACK WatchIcon(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_COPYDATA) return DefWindowProcW(window, message, wParam, lParam);
-    struct Change {  // as Wine sends it
+    struct Change {  // the beginning of what Wine sends; the rest differs between its versions
         LONG window;
-        UINT icon, flags, callback;
-        wchar_t tip[128];
-        DWORD state, stateMask;
-        wchar_t balloon[256];
+        UINT icon, flags;
     };
     const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
     const auto* change = static_cast<const Change*>(data->lpData);
     if (data->dwData == NIM_ADD || data->dwData == NIM_MODIFY)
-        Print(change->flags & NIF_INFO && *change->balloon ? "balloon\n" : "quiet\n");
+        Print(change->flags & NIF_INFO ? "balloon\n" : "quiet\n");
     return SendMessageW(reinterpret_cast<HWND>(GetWindowLongW(window, GWL_USERDATA)), message,
                         wParam, lParam);
 }
