@@ -1,6 +1,7 @@
 #include "downloader/fpas/Events.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "downloader/feed/AlertList.h"
@@ -106,6 +107,11 @@ class Chains {
 
     const std::string& Identity(std::size_t alert) const { return identities_[alert]; }
 
+    // Equal for alerts that are the same in everything.
+    std::string Key(std::size_t at) const {
+        return IdentifierKey(alerts_[at]->sender, alerts_[at]->identifier) + textKeys_[at];
+    }
+
     // Whether the event was known before this answer.
     bool WasKnown(std::size_t alert) const { return wasKnown_[alert]; }
 
@@ -113,10 +119,9 @@ class Chains {
         const Alert& alert = *alerts_[at];
         const feed::KnownEvent event{identity, 0, 0};
         identities_[at] = identity;
-        const std::string key = IdentifierKey(alert.sender, alert.identifier);
-        memory_.Remember(key, event, now_);
+        memory_.Remember(IdentifierKey(alert.sender, alert.identifier), event, now_);
         // Some senders use an identifier for several alerts at a time.
-        memory_.Remember(key + textKeys_[at], event, now_);
+        memory_.Remember(Key(at), event, now_);
         if (!alert.infos.empty()) memory_.Remember(textKeys_[at], event, now_);
     }
 
@@ -124,9 +129,8 @@ class Chains {
     void Find(std::size_t at) {
         const Alert& alert = *alerts_[at];
         const std::string& textKey = textKeys_[at] = TextKey(alert);
-        const std::string key = IdentifierKey(alert.sender, alert.identifier);
-        const feed::KnownEvent* known = memory_.Find(key + textKey);
-        if (!known) known = memory_.Find(key);
+        const feed::KnownEvent* known = memory_.Find(Key(at));
+        if (!known) known = memory_.Find(IdentifierKey(alert.sender, alert.identifier));
         for (const Reference& reference : ReferencesOf(alert))
             if (!known) known = memory_.Find(IdentifierKey(reference.sender, reference.identifier));
         if (!known) known = memory_.Find(textKey);
@@ -181,6 +185,11 @@ std::vector<Siblings> FindSiblings(const std::vector<const Alert*>& alerts,
 void IdentifyEvents(const std::vector<const Alert*>& alerts, std::vector<Choice>& choices,
                     feed::AlertMemory& memory, std::int64_t now) {
     Chains chains(alerts, memory, now);
+    // A server may list an alert twice.
+    std::set<std::string> seen;
+    std::erase_if(choices, [&](const Choice& choice) {
+        return !seen.insert(chains.Key(choice.alert)).second;
+    });
     std::vector<Choice> kept;
     for (const Siblings& group : FindSiblings(alerts, choices)) {
         std::size_t best = group.choices.front();
