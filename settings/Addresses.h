@@ -50,8 +50,9 @@ std::string LocationsRequest(std::string_view name);
 std::string StationsRequest(std::string_view code, bool byZipCode);
 
 // Return pages of the weather web site: the alerts of a station, its weather, the national map
-// (centred on the station's code unless that is empty or abroad), and the home page. Where UsesLocalPage, the
-// national map is the source's page of all alerts, and the first two are not used.
+// (centred on the station's code unless that is empty or abroad), and the home page. Where
+// UsesLocalPage, the national map is the source's page of all alerts, and the first two are not
+// used.
 std::string AlertPage(std::string_view code);
 std::string StationPage(std::string_view code);
 std::string NationalMapPage(std::string_view code);
