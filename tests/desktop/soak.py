@@ -286,6 +286,6 @@ def test_soak(soak):
     print(f"{early} at the start\n{late} at the end", flush=True)
     assert soak.settings() == settings and len(soak.stations()) <= len(STATIONS) + 1
     assert soak.most_seen <= MOST_SEEN
-    assert late.kernel <= early.kernel + 2 and late.gdi <= early.gdi + 4
+    assert late.kernel <= early.kernel + 2 and late.gdi <= early.gdi + 10  # a few fonts and bitmaps are created late
     assert late.user <= early.user + 25  # includes the taskbar and its balloons
     assert late.private_kib <= early.private_kib + 2048  # one mebibyte of Wine comes and goes
