@@ -19,8 +19,8 @@ constexpr Spelling kNicknames[] = {{"nyc", "newyork"},          {"philly", "phil
                                    {"slc", "saltlakecity"},     {"okc", "oklahomacity"},
                                    {"sanfran", "sanfrancisco"}, {"washingtondc", "washington"}};
 
-// Letters without their accents, from U+00C0 and from U+1E00. "*" stands for one of kTwoLetters,
-// "?" for a character that is kept.
+// Letters without their accents, from U+00C0 and from U+1E00. "*" marks one of kTwoLetters,
+// "?" a character that is kept.
 constexpr char32_t kLatinStart = 0xC0;
 constexpr std::string_view kLatin =
     "aaaaaa*ceeeeiiiidnooooo ouuuuy**aaaaaa*ceeeeiiiidnooooo ouuuuy*y"

@@ -76,7 +76,7 @@ bool IsCountry(const Gazetteer& gazetteer, std::size_t country, std::string_view
            BeginsWith(TextOf(gazetteer, table, country, CountryRecord::kOtherName), folded);
 }
 
-// Whether texts after a name stand for a state or region, found once for each.
+// Decides whether the text after a name means a state or region, once for each of them.
 class AreaFilter {
   public:
     // `wanted` are folded texts, which all have to match.

@@ -14,7 +14,7 @@ struct Terms {
 };
 
 // Fetches an http or https URL, following redirects. The status is kSuccess only for HTTP status
-// 200 with a complete, non-blank body that is not too long; its form is not checked.
+// 200 with a complete body that is not too long and not only white space; its form is not checked.
 Response Fetch(const std::string& url, const Terms& terms);
 
 // Starts the clock of FetchWithRetry: no request is repeated later than two thirds of the program's

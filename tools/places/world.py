@@ -28,7 +28,7 @@ SCRIPTS = {script: countries.split() for script, countries in {
     "MYANMAR": "MM", "ORIYA": "IN", "SINHALA": "LK", "TAMIL": "IN LK", "TELUGU": "IN", "THAANA": "MV", "THAI": "TH",
 }.items()}
 FEWEST_NAMES = 35  # of a well-known city
-# Cities of one name in one region are told apart by a city near them with at least so many inhabitants.
+# Cities with the same name and region get the name of a nearby city with at least this many inhabitants added.
 FEWEST_NEAR = 20_000
 WELL_KNOWN = {2988507: ("Paris", "France"), 2657896: ("Zürich", "Switzerland"), 3093133: ("Łódź", "Poland"),
               3448439: ("São Paulo", "Brazil"), 745044: ("Istanbul", "Türkiye"), 2761369: ("Vienna", "Austria"),
@@ -37,23 +37,23 @@ WELL_KNOWN = {2988507: ("Paris", "France"), 2657896: ("Zürich", "Switzerland"),
 City = collections.namedtuple("City", "number name country region population latitude longitude")
 
 
+def read_varint(data, at):
+    """Returns the number of variable length at a position, and the position after it."""
+    value = shift = 0
+    while True:
+        byte = data[at]
+        value |= (byte & 0x7F) << shift
+        at, shift = at + 1, shift + 7
+        if byte < 0x80:
+            return value, at
+
+
 def read_fields(message):
     """Yields the fields of a protocol buffer's message: (number, value), an integer or bytes."""
     at = 0
-
-    def read_varint():
-        nonlocal at
-        value = shift = 0
-        while True:
-            byte = message[at]
-            value |= (byte & 0x7F) << shift
-            at, shift = at + 1, shift + 7
-            if byte < 0x80:
-                return value
-
     while at < len(message):
-        key = read_varint()
-        value = read_varint()
+        key, at = read_varint(message, at)
+        value, at = read_varint(message, at)
         if key & 7 == 2:  # a length
             at, value = at + value, message[at:at + value]
         yield key >> 3, value
@@ -63,13 +63,7 @@ def read_messages(data):
     """Yields the messages, each with its length before it."""
     at = 0
     while at < len(data):
-        size = shift = 0
-        while True:
-            byte = data[at]
-            size |= (byte & 0x7F) << shift
-            at, shift = at + 1, shift + 7
-            if byte < 0x80:
-                break
+        size, at = read_varint(data, at)
         yield data[at:at + size]
         at += size
 
