@@ -50,7 +50,7 @@ std::string Count(std::size_t number, std::string_view what) {
 // Returns one line about the place's alerts, in HTML.
 std::string Status(const PagePlace& place, const std::vector<Entry>& entries) {
     if (!entries.empty()) {
-        const std::string count = Count(entries.size(), "alert");
+        std::string count = Count(entries.size(), "alert");
         const Severity worst = entries.front().facts.severity;
         if (worst == Severity::Unknown) return count;
         return (count + ", the worst: ").append(SeverityWord(worst));

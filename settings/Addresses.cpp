@@ -68,7 +68,7 @@ std::string OwnSourceName() {
     const FeedParts feed = SplitFeed();
     if (feed.scheme == "drill") return "a drill, whose alert is made up as a test";
     if (feed.worldHost.empty()) return kUnitedStates;
-    const std::string world =
+    std::string world =
         "the national authorities that each alert names, collected by the public alert server " +
         feed.worldHost + ", which volunteers run and which is still under development";
     if (feed.scheme.starts_with("fpas")) return world;

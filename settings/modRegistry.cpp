@@ -73,7 +73,7 @@ std::string ReadRegistryText(const std::string& path, const std::string& name) {
     const std::wstring wideName = win::ToWide(name);
     std::wstring data(256, L'\0');
     for (;;) {
-        DWORD bytes = static_cast<DWORD>(data.size() * sizeof(wchar_t));
+        DWORD bytes = static_cast<DWORD>(data.size()) * sizeof(wchar_t);
         // Expands the variables in a text of the type REG_EXPAND_SZ.
         const LSTATUS status = RegGetValueW(key.Get(), nullptr, wideName.c_str(), RRF_RT_REG_SZ,
                                             nullptr, data.data(), &bytes);
@@ -96,7 +96,7 @@ KeyValues ReadRegistryTexts(const std::string& path) {
     std::wstring data(longestData / sizeof(wchar_t) + 1, L'\0');
     for (DWORD index = 0;; ++index) {
         DWORD nameLength = static_cast<DWORD>(name.size());
-        DWORD bytes = static_cast<DWORD>(data.size() * sizeof(wchar_t));
+        DWORD bytes = static_cast<DWORD>(data.size()) * sizeof(wchar_t);
         DWORD type = 0;
         if (RegEnumValueW(key.Get(), index, name.data(), &nameLength, nullptr, &type,
                           reinterpret_cast<BYTE*>(data.data()), &bytes) != ERROR_SUCCESS)
@@ -116,7 +116,7 @@ void WriteRegistryTexts(const std::string& path, const KeyValues& values) {
         const std::wstring wide = win::ToWide(value);
         RegSetValueExW(key.Get(), win::ToWide(name).c_str(), 0, REG_SZ,
                        reinterpret_cast<const BYTE*>(wide.c_str()),
-                       static_cast<DWORD>((wide.size() + 1) * sizeof(wchar_t)));
+                       static_cast<DWORD>(wide.size() + 1) * sizeof(wchar_t));
     }
 }
 

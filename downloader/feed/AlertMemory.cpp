@@ -57,6 +57,10 @@ std::string ShortIdentity(std::string_view text) {
     return identity;
 }
 
+std::string ShortIdentity(const std::string& identity, std::string_view detail) {
+    return ShortIdentity((identity + "\n").append(detail));
+}
+
 AlertMemory::AlertMemory(std::string_view text) {
     const bool isOurs = win::TakeLine(text) == kHeader;
     const std::string_view hash = win::TakeLine(text);

@@ -11,6 +11,9 @@ namespace feed {
 // Returns exactly seven characters 0-9 A-Z that identify the text. The list of alerts that the
 // program has seen holds 62 of them.
 std::string ShortIdentity(std::string_view text);
+// Returns the identity of one of several events that share an identity; the detail tells them
+// apart.
+std::string ShortIdentity(const std::string& identity, std::string_view detail);
 
 // An event as one of its messages identified it.
 struct KnownEvent {
@@ -25,7 +28,7 @@ class AlertMemory {
   public:
     // The most entries that are kept, and for how long.
     static constexpr std::size_t kMostEntries = 5000;
-    static constexpr std::int64_t kLongestTime = 30 * 86400;
+    static constexpr std::int64_t kLongestTime = 2'592'000;  // a month, in seconds
 
     AlertMemory() = default;
 

@@ -9,7 +9,7 @@
 namespace feed {
 namespace {
 
-constexpr std::uint64_t kLongestFile = 1024 * 1024;  // bytes
+constexpr std::uint64_t kLongestFile = 1 << 20;  // bytes
 
 // Returns the path; empty when there is no temporary folder.
 std::string MemoryFile() {

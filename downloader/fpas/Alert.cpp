@@ -102,7 +102,10 @@ class Reader {
             if (name == "area") info.areas.push_back(ReadArea(child, areaHash));
             if (name != "eventCode" && name != "parameter") continue;
             const auto [valueName, value] = ReadPair(child);
-            if (name == "eventCode") AppendWord(info.eventCodes, valueName + " " + value);
+            if (name == "eventCode") {
+                AppendWord(info.eventCodes, valueName);
+                AppendWord(info.eventCodes, value);
+            }
             for (const Field<Info>& field : kParameters)
                 if (name == "parameter" && field.name == valueName) info.*field.text = value;
         }

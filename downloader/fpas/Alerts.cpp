@@ -162,7 +162,7 @@ std::vector<feed::RankedAlert> MakeEntries(const std::vector<const Alert*>& aler
             const Info& worst = *entries[at].worst;
             std::string identity = choice.identity;
             if (worst.event != FirstEvent(*alert, worst.language))
-                identity = feed::ShortIdentity(identity + "\n" + worst.event);
+                identity = feed::ShortIdentity(identity, worst.event);
             ranked.push_back({at, std::move(identity), Title(worst),
                               feed::ParseTime(alert->sent).value_or(INT64_MIN), true,
                               SeverityRank(&worst)});

@@ -29,7 +29,7 @@ std::optional<Document> FindDocument(const std::string& identifier, const std::s
 
 void StoreDocument(const Document& document) {
     constexpr std::int64_t kHour = 3600;
-    constexpr std::int64_t kMonth = 30 * 24 * kHour;
+    constexpr std::int64_t kMonth = kHour * 24 * 30;
     http::StoreCached(document.address, document.alert ? kMonth : kHour,
                       document.alert ? PackAlert(*document.alert) : std::string(kUnreadable),
                       SlotOf(document.uuid));
@@ -37,7 +37,7 @@ void StoreDocument(const Document& document) {
 
 void TrimDocuments() {
     constexpr std::size_t kMostDocuments = 500;
-    constexpr std::uint64_t kMostBytes = 8 * 1024 * 1024;
+    constexpr std::uint64_t kMostBytes = 8 << 20;
     http::TrimCached(kPrefix, kMostDocuments, kMostBytes);
 }
 

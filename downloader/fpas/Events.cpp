@@ -100,6 +100,7 @@ class Chains {
           textKeys_(alerts.size()),
           wasKnown_(alerts.size()) {
         std::vector<std::int64_t> sent;
+        sent.reserve(alerts.size());
         for (const Alert* const alert : alerts) sent.push_back(alert ? SentTime(*alert) : 0);
         for (const std::size_t at : feed::StableOrder(sent))
             if (alerts[at]) Find(at);
@@ -160,6 +161,7 @@ struct Siblings {
 std::vector<Siblings> FindSiblings(const std::vector<const Alert*>& alerts,
                                    const std::vector<Choice>& choices) {
     std::vector<std::int64_t> sent;
+    sent.reserve(choices.size());
     for (const Choice& choice : choices) sent.push_back(SentTime(*alerts[choice.alert]));
     std::vector<Siblings> groups;
     for (const std::size_t at : feed::StableOrder(sent)) {
@@ -205,13 +207,13 @@ void IdentifyEvents(const std::vector<const Alert*>& alerts, std::vector<Choice>
             return other.identity == identity && AreaKey(other) != area;
         };
         if (std::any_of(kept.begin(), kept.end(), isElsewhere))
-            identity = feed::ShortIdentity(identity + "\n" + area);
+            identity = feed::ShortIdentity(identity, area);
         for (const std::size_t at : group.choices) chains.Remember(choices[at].alert, identity);
         const auto isOther = [&](const Choice& other) {
             return other.identity == identity && HaveDivided(other, choices[best]);
         };
         if (std::any_of(kept.begin(), kept.end(), isOther))
-            identity = feed::ShortIdentity(identity + "\n" + EventKey(choices[best]));
+            identity = feed::ShortIdentity(identity, EventKey(choices[best]));
         choices[best].identity = identity;
         kept.push_back(std::move(choices[best]));
     }

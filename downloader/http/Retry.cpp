@@ -77,8 +77,9 @@ std::optional<std::int64_t> ParseHttpDate(std::string_view text) {
                                            std::chrono::month(unsigned(month / 3 + 1)),
                                            std::chrono::day(unsigned(*day)));
     if (!date.ok() || *hour > 23 || *minute > 59 || *second > 60) return std::nullopt;
-    return std::int64_t{std::chrono::sys_days(date).time_since_epoch().count()} * 86400 +
-           *hour * 3600 + *minute * 60 + *second;
+    const std::int64_t days = std::chrono::sys_days(date).time_since_epoch().count();
+    const std::int64_t hours = days * 24 + *hour;
+    return (hours * 60 + *minute) * 60 + *second;
 }
 
 }  // namespace http

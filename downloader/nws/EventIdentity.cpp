@@ -67,6 +67,7 @@ KnownEvent EventOfText(const Message& message, const AlertMemory& memory) {
 
 std::vector<std::size_t> ByTime(const std::vector<Message>& messages) {
     std::vector<std::int64_t> sent;
+    sent.reserve(messages.size());
     for (const Message& message : messages)
         sent.push_back(feed::ParseTime(message.sent).value_or(INT64_MIN));
     return feed::StableOrder(sent);
