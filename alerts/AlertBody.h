@@ -24,8 +24,8 @@ std::string_view SeverityWord(Severity severity);
 // Appends the text with the characters that HTML reserves escaped and control characters as spaces.
 void AppendText(std::string& html, std::string_view text);
 
-// Appends a body as paragraphs, which an empty line separates, and lists, whose items have lines
-// of their own, begin with "* " or "- ", and may have empty lines between them.
+// Appends a body as paragraphs, which an empty line separates, and lists, whose items have lines of
+// their own, begin with "* " or "- ", and may have empty lines between them.
 void AppendBody(std::string& html, std::string_view body);
 
 }  // namespace alerts

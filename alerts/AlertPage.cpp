@@ -10,7 +10,7 @@
 namespace alerts {
 namespace {
 
-// An outline in a square of 16 units for each severity, so that shapes tell them apart.
+// One outline per severity, in a 16-unit square, so that severities differ in shape too.
 constexpr std::string_view kShapes[] = {
     "M2 2h12v12H2z",                // a square
     "M8 1a7 7 0 1 0 .01 0z",        // a disc

@@ -24,8 +24,7 @@ struct PlaceAnswer {
     std::uint64_t tick = 0;     // the same, in milliseconds since the system started
 };
 
-// Whether this is the title of an entry with which a source says that it cannot tell whether a
-// place has alerts, or whether these are all.
+// Whether an entry with this title is a notice: a place's alerts are unknown or incomplete.
 bool IsNotice(std::string_view title);
 
 // Whether an entry with this title is kept whatever its words: a notice, or an alert whose text
@@ -33,11 +32,10 @@ bool IsNotice(std::string_view title);
 bool IsExemptFromFilter(std::string_view title);
 
 // Keeps the answer of the feed at this address for a place, unless there is one to a later request.
-// Requests may end in another order than they began.
+// Requests may finish out of order.
 void RecordAnswer(const std::string& code, std::string_view feed, PlaceAnswer answer);
 
-// Records that the request for a place failed that began at this tick; the alerts of its last
-// answer stay.
+// Records that the request that began at `tick` failed; the last answer's alerts stay.
 void RecordFailure(const std::string& code, std::string_view feed, std::uint64_t tick);
 
 // Returns the last answer of the feed at this address; one that is not known if it has none.

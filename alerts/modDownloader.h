@@ -34,7 +34,7 @@ std::optional<std::string> WaitForStatus(const std::string& statusFile,
                                          win::KernelHandle& downloader,
                                          IsCancelled isCancelled = nullptr);
 
-// Whether a status means success: the number at its start is 0, which it also is for other text.
+// Whether a status means success: the number at its start is 0; text without a number counts as 0.
 bool IsSuccess(std::string_view status);
 
 // A download of one address into a temporary file. The destructor deletes its files.

@@ -2,7 +2,7 @@
 #include "settings/IniOpenSave.h"
 #include "tray/OptionsDialog.h"
 
-// The tray opens the Options dialog, which is above it.
+// Implemented here because the tray must not include options/.
 namespace tray {
 
 void ShowOptions() {

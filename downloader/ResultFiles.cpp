@@ -91,7 +91,7 @@ void DeleteDataFile() {
     if (isReporting.test_and_set()) SleepUntilTheEnd();
     if (status != http::kSuccess) DeleteDataFile();
     if (!win::WriteAll(statusFile.Get(), win::Decimal(status))) {
-        // The disk may be full: deleting the body makes room for the status.
+        // The disk may be full: deleting the body frees space for the status.
         DeleteDataFile();
         if (status == http::kSuccess) status = http::kCannotWriteStatusFile;
         RetryForParent([status] {

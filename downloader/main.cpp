@@ -20,7 +20,7 @@ LONG WINAPI EndAfterCrash(EXCEPTION_POINTERS*) {
     EndWith(http::kInternalError);
 }
 
-// A crash must not show a message box: there may be nobody to close it, and the caller waits until
+// A crash must not show a message box: there may be no one to close it, and the caller waits until
 // a status is written.
 void EndQuietlyAfterCrashes() {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);

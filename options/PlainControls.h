@@ -22,8 +22,8 @@ struct PlainControl {
 };
 
 // Shows the stored values. A check box that is ticked by default stays so unless "False" is stored;
-// any other one is ticked only for "True". A combo box must have its entries already; for a value
-// that is none of them nothing is selected.
+// any other one is ticked only for "True". A combo box must have its entries already; a value
+// without an entry selects nothing.
 void LoadControls(HWND page, std::span<const PlainControl> controls);
 
 // Stores the values in table order. A combo box without a selection leaves its setting unchanged.

@@ -105,8 +105,8 @@ void LoadRemainingFrames(const std::string& shownKey) {
 }
 
 // Shows and loads the pages. While a setting cannot be read, the pages stay disabled and a timer
-// calls this again: a page loaded without its settings would store their defaults. Reading may let
-// messages run, so the dialog may be closed meanwhile.
+// calls this again: a page loaded without its settings would store their defaults. Reading may
+// handle messages, so the dialog may be closed meanwhile.
 void LoadPages() {
     constexpr UINT_PTR kRetryTimer = 1;
     constexpr UINT kRetryMilliseconds = 1000;
@@ -147,7 +147,7 @@ void Apply() {
     for (const PageEntry* page : kApplyOrder) {
         const std::size_t i = IndexOf(page);
         if (std::exchange(form.changed[i], false)) page->apply(form.frames[i]);
-        if (!form.window) return;  // storing lets messages run, so the dialog may be closed
+        if (!form.window) return;  // storing handles messages, so the dialog may be closed
     }
     ShowRestartMessage(form.window);
     // A later Apply stores the pages that could not be stored or have been changed meanwhile.

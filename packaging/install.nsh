@@ -137,7 +137,8 @@ Function LeaveFolderPage
   ${EndIf}
 FunctionEnd
 
-; Does not offer "Start with Windows" to another user. Selects it if the switch says so, or if it is set for the copy to update.
+; Does not offer "Start with Windows" to another user. Selects it if the switch says so, or if it is
+; set for the copy to update.
 Function ReadStartState
   !insertmacro AskForOtherUser
   StrCpy $OtherUser $0

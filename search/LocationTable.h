@@ -18,11 +18,11 @@ struct Location {
 struct LocationTable {
     // At most 52 entries. Reading stops when the 52nd slot is opened, which therefore stays empty.
     std::vector<Location> locations;
-    // A value would have gone before the first slot. The search then ends without a result.
+    // A value belonged before the first slot. The search then ends without a result.
     bool failed = false;
 };
 
-// Reads the feed's location elements into a table. A location of type "1" gives up its slot as soon
+// Reads the feed's location elements into a table. A location of type "1" releases its slot as soon
 // as its type is read: its remaining attributes overwrite the previous slot, and the next location
 // reuses its slot and keeps the values that it does not overwrite.
 LocationTable ReadLocations(const std::vector<win::XmlAttributes>& elements);

@@ -10,9 +10,10 @@
 
 namespace search {
 
-// What the control asks its host for, as ATL declares it. The compiler's headers lack it. Only the
-// members up to the last one used are declared, in the order of the table. Not in an unnamed
-// namespace: the compiler would conclude that nothing implements the interface, and call null.
+// The host's interface for ambient properties, as ATL declares it. The compiler's headers lack it.
+// Only the members up to the last one used are declared, in the order of the table. Not in an
+// unnamed namespace: the compiler would conclude that nothing implements the interface, and call
+// null.
 struct IAxWinAmbientDispatch : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE put_AllowWindowlessActivation(VARIANT_BOOL) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_AllowWindowlessActivation(VARIANT_BOOL*) = 0;
@@ -92,7 +93,7 @@ win::Automation FindElement(const win::Automation& browser, std::string_view ide
 KeyTarget FindKeyTarget(WPARAM key, bool isControlDown) {
     if (key == VK_ESCAPE) return KeyTarget::Dialog;
     if (isControlDown) return KeyTarget::None;
-    // Space, Page Up, Page Down, End, Home and the arrows, also those of the number pad.
+    // Space, Page Up, Page Down, End, Home and the arrows, including the numeric keypad's.
     if (key >= VK_SPACE && key <= VK_DOWN) return KeyTarget::Map;
     for (const int used : {VK_TAB, VK_RETURN, VK_ADD, VK_SUBTRACT, VK_OEM_PLUS, VK_OEM_MINUS})
         if (key == static_cast<WPARAM>(used)) return KeyTarget::Map;
@@ -164,14 +165,13 @@ bool MapBrowser::HandleKey(const MSG& message) const {
     // Keys with Alt have other messages, which the dialog handles.
     const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_DEADCHAR;
     if (!isKey || !window_ || !IsChild(window_, message.hwnd)) return false;
-    // Character messages come only from keys that the map has been given.
+    // Character messages come only from keys that the map has received.
     if (message.message == WM_KEYDOWN || message.message == WM_KEYUP) {
         const KeyTarget target = FindKeyTarget(message.wParam, GetKeyState(VK_CONTROL) < 0);
         if (target != KeyTarget::Map) return target == KeyTarget::None;
     }
     if (SendMessageW(window_, kForwardMessage, 0, reinterpret_cast<LPARAM>(&message))) return true;
-    // After the page's last link Tab moves on to the dialog. Other keys must not, or the arrows
-    // would.
+    // After the page's last link Tab moves on to the dialog. Other keys stay in the map.
     if (message.wParam == VK_TAB) return false;
     TranslateMessage(&message);
     DispatchMessageW(&message);

@@ -5,12 +5,12 @@
 #include "win/XmlAttribute.h"
 #include "win/XmlDocument.h"
 
-// What the search asks the feed, and the elements of its answers.
+// The search's requests to the feed, and the elements of the answers.
 namespace search {
 
 struct FeedAnswer {
     bool succeeded = false;     // the download
-    win::XmlDocument document;  // null when the answer is no XML
+    win::XmlDocument document;  // null when the answer is not XML
 };
 
 // Downloads an address. Messages are handled while it waits; it stops waiting, and returns an empty

@@ -9,8 +9,8 @@ namespace search {
 // space, the other controls keep their distances to the borders.
 class SearchLayout {
   public:
-    // Takes the size in the dialog's resource as its smallest on a screen that is large enough, and
-    // the controls' current places as those for it.
+    // Records the resource's size as the minimum on a screen that is large enough, and the
+    // controls' current places as those for that size.
     void Remember(HWND dialog);
     // Moves the controls to their places. Without a map (null) the list takes all the space.
     void Apply(HWND map) const;

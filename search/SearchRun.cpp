@@ -74,7 +74,7 @@ std::optional<Target> UseSingleLocation(const Location& location) {
 }
 
 // Finds the place for the text. Returns nullopt, with the status set, when the search ends here. An
-// answer that is no XML or no usable table ends it without a message.
+// answer that is not XML or not a usable table ends it without a message.
 std::optional<Target> FindTarget(const std::string& text) {
     if (win::IsNumeric(text)) return Target{{text, true}, true};
     const FeedAnswer answer = FetchDocument(settings::LocationsRequest(text), IsFormClosing);
@@ -162,7 +162,7 @@ void EndSearch() {
         if (!WaitForMap()) return;
         if (!Form().browser.HasDocument()) RemoveMap();
         CenterMap();
-        if (IsChild(Form().browser.Window(), GetFocus())) SetFocus(list);  // the new page took it
+        if (IsChild(Form().browser.Window(), GetFocus())) SetFocus(list);  // the page took focus
     }
     SetWaitPointer(false);
 }

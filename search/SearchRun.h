@@ -3,7 +3,7 @@
 namespace search {
 
 // Runs one search for the text in Text1, from the click on "Search" to the filled list and the
-// centred map. Does nothing when the text is empty or another search has turned the button off.
+// centred map. Does nothing when the text is empty or another search has disabled the button.
 void Command1_Click();
 
 }  // namespace search

@@ -46,7 +46,7 @@ std::string KeyLine(std::string_view key, std::string_view value) {
 // A file text, cut around the lines of one section.
 struct Parts {
     bool found = false;
-    std::string_view before;  // up to and with the section's header; the whole text if not found
+    std::string_view before;  // up to and including the header; the whole text if not found
     std::string_view lines;   // of the section, without empty lines at its end
     std::string_view after;
 };

@@ -26,8 +26,8 @@ int IntervalMinutes() {
     return 0;
 }
 
-// Counts this minute. The timers stand still while the computer sleeps: after that the elapsed time
-// decides too.
+// Counts this minute. Timers stop while the computer sleeps, so after a sleep the elapsed time
+// counts too.
 bool IsRetrievalDue() {
     constexpr std::uint64_t kMinute = 60'000;
     settings::ProgramState& state = settings::State();
@@ -57,7 +57,7 @@ void StopMinuteClock() {
 
 void TickMinuteClock(Timer half) {
     nextHalf = half == Timer::TimerUpdate1 ? Timer::TimerUpdate2 : Timer::TimerUpdate1;
-    // No retrieval starts while the menu is open; the next tick makes up for it.
+    // No retrieval starts while the menu is open; the next tick starts it.
     if (!IsRetrievalDue() || IsTrayMenuOpen()) return StartNextHalf();
     hasSlept = false;
     settings::State().minuteCounter = 0;

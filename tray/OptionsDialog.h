@@ -1,7 +1,7 @@
 #pragma once
 
-// One call goes upward: the Options dialog is above the tray, which opens it. Both functions are
-// implemented in app/Dialogs.cpp.
+// The one upward call: the tray opens the Options dialog, which is in a higher layer. Both
+// functions are implemented in app/Dialogs.cpp.
 namespace tray {
 
 // Shows the Options dialog and returns when it is closed. If it is already open, brings it to the

@@ -129,7 +129,7 @@ void StartCycle(bool interactive, void (*whenEnded)()) {
     if (!stepTimer) stepTimer = SetTimer(nullptr, 0, kStepMilliseconds, ContinueCycle);
 }
 
-// Makes up for a retrieval that was requested while the station file could not be read.
+// Starts the retrieval that was requested while the station file could not be read.
 void CALLBACK RetrieveWhenRead(HWND, UINT, UINT_PTR, DWORD) {
     if (IsTrayMenuOpen()) return;
     LoadUnreadStations();

@@ -29,7 +29,8 @@ std::string LinkText(int control) {
     return std::string(win::TrimSpaces(text));
 }
 
-// The control may draw a link wider than it measured it, and cut its end: the space makes room.
+// The control may draw a link wider than it measured and cut it off; the trailing space prevents
+// that.
 void ShowLink(int control, const std::string& text) {
     win::SetControlText(openBox, control, "<a>" + text + " </a>");
 }

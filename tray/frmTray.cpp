@@ -90,7 +90,7 @@ void RunTimer(Timer timer) {
     }
 }
 
-// The clock counts minutes while the menu is open too, and nothing may delay the shutdown.
+// The minute clock also runs while the menu is open, and nothing may delay the shutdown.
 bool MustWaitForMenu(Timer timer) {
     return IsTrayMenuOpen() && timer != Timer::TimerUpdate1 && timer != Timer::TimerUpdate2 &&
            timer != Timer::TimerUnload;

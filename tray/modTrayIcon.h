@@ -26,10 +26,10 @@ struct TrayImages {
 };
 TrayImages& Images();
 
-// Gives an image its built-in picture.
+// Sets the image to its built-in picture.
 void UseBuiltInPicture(TrayImage& image);
 
-// Gives an image the icon in the file; keeps its picture if the file cannot be loaded.
+// Loads the image from the icon file; keeps its picture if the file cannot be loaded.
 void UseIconFile(TrayImage& image, const std::string& path);
 
 // Loads the pictures of both images, again if the size of the taskbar's icons may have changed.

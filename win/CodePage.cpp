@@ -46,7 +46,7 @@ std::string FromWide(std::wstring_view text) {
 
 std::string ToAnsi(std::string_view text) {
     if (IsProcessUtf8()) return std::string(text);
-    // Without similar characters: "Lodz" would not show that letters are missing.
+    // No best-fit characters: "Lodz" would hide that letters were lost.
     return Narrow(ToWide(text), CP_ACP, WC_NO_BEST_FIT_CHARS);
 }
 

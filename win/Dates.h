@@ -12,7 +12,7 @@ std::string GeneralDateNow();
 std::string ShortDateToday();
 
 // Returns the short date of a text that starts with a date; empty if it does not. May also be empty
-// for any other day than today.
+// for a date other than today.
 std::string ShortDateIfToday(std::string_view text);
 
 }  // namespace win

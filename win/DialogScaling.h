@@ -6,7 +6,7 @@
 namespace win {
 
 // Shows the program's icon on a dialog, and fits the dialog to the resolution of its screen each
-// time that it changes: the font, the controls with those of its pages, its size and its icon. The
+// time that it changes: the font, its controls and those of its pages, its size and its icon. The
 // dialog procedure then receives WM_DPICHANGED, and can place and load what else depends on it. The
 // dialog must have a button with the identifier IDOK.
 class DialogScaling {

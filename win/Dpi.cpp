@@ -20,7 +20,7 @@ UINT WindowDpi(HWND window) {
 UINT TaskbarDpi() {
     static constinit LateFunction<decltype(::GetDpiForMonitor)> getDpi(L"shcore.dll",
                                                                        "GetDpiForMonitor");
-    // That of its screen: the taskbar of some systems is a window that the system enlarges.
+    // Uses the screen's DPI: on some systems the taskbar window itself is scaled.
     const HWND taskbar = FindWindowW(L"Shell_TrayWnd", nullptr);
     UINT dpi = 0;
     UINT vertical = 0;

@@ -8,7 +8,7 @@
 
 #include "win/XmlAttribute.h"
 
-// XML documents of the system's library, as the feed readers use them.
+// XML documents, read with the system's library.
 namespace win {
 
 using XmlDocument = Microsoft::WRL::ComPtr<IXMLDOMDocument>;

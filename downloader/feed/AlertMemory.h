@@ -5,7 +5,7 @@
 #include <string_view>
 
 // What the sources remember of the messages that they have read, so that an event keeps its
-// identifier although each message of it names at most the one before.
+// identifier although each message of it names at most its predecessor.
 namespace feed {
 
 // Returns exactly seven characters 0-9 A-Z that identify the text. The list of alerts that the
@@ -47,7 +47,8 @@ class AlertMemory {
     // Whether Remember has changed anything worth saving.
     bool IsChanged() const { return isChanged_; }
 
-    // The memory as text, without what is too old, from the future or too much.
+    // The memory as text, without entries that are too old or from the future; at most
+    // kMostEntries.
     std::string Text(std::int64_t now) const;
 
   private:

@@ -3,7 +3,7 @@
 
 #include "downloader/feed/AlertMemory.h"
 
-// The file of the alert memory, in the temporary folder beside the cached answers.
+// The file of the alert memory, in the temporary folder next to the cached answers.
 namespace feed {
 
 // Returns what the file holds; an empty memory when it cannot be read.

@@ -54,7 +54,7 @@ void AppendEscaped(std::string& xml, std::string_view text) {
     xml.append(text.substr(done));
 }
 
-// Replaces the brackets, bars and asterisks that the program would take for its own delimiters.
+// Replaces the brackets, bars and asterisks that the program uses as delimiters.
 std::string ReplaceDelimiters(std::string_view text) {
     std::string replaced(text);
     for (char& c : replaced) {

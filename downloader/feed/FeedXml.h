@@ -29,7 +29,7 @@ class AlertDocument {
     // Adds an alert, its texts in well-formed UTF-8.
     void Add(std::string_view identifier, std::string_view title, std::string_view body);
 
-    // Returns the document, which takes no more alerts then.
+    // Returns the document. No alerts can be added afterwards.
     std::string Finish();
 
   private:
@@ -51,8 +51,8 @@ struct Station {
 
 // Appends the element of a station to a document between kXmlHead and kXmlTail. The station has the
 // city, state and code of the place, so that alerts are requested for the place. As in all texts of
-// stations and locations, brackets, bars and asterisks are replaced: the program would take them
-// for its own delimiters.
+// stations and locations, brackets, bars and asterisks are replaced, which the program uses as
+// delimiters.
 void AppendStation(std::string& xml, const Station& station, const Place& place);
 
 // Returns the document that answers a search for stations near a place abroad: the place itself.

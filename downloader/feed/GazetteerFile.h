@@ -26,7 +26,7 @@ class GazetteerFile {
     std::size_t size_ = 0;
 };
 
-// Returns the path of the gazetteer, places.dat beside the program.
+// Returns the path of the gazetteer, places.dat next to the program.
 std::string GazetteerPath();
 
 }  // namespace feed

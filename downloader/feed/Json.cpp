@@ -87,7 +87,7 @@ bool ReadJsonInPlace(std::string& json, const std::function<void(const JsonItem&
     rapidjson::InsituStringStream stream(json.data() + start);
     rapidjson::Reader reader;
     Handler handler(visit);
-    // The parser takes a zero byte for the end of the text.
+    // The parser treats a zero byte as the end of the text.
     return !reader.Parse<rapidjson::kParseInsituFlag>(stream, handler).IsError() &&
            start + stream.Tell() == json.size();
 }

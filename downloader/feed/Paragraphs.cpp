@@ -38,7 +38,7 @@ std::size_t EndOfGap(std::string_view line, std::size_t from) {
     return std::string_view::npos;
 }
 
-// Columns are three spaces apart or more, and there are several; sentences are two spaces apart.
+// A row has several columns, at least three spaces apart; sentences are two apart.
 bool IsTableRow(std::string_view line) {
     if (std::memchr(line.data(), '\t', line.size())) return true;
     const std::size_t second = EndOfGap(line, 0);

@@ -137,7 +137,7 @@ std::string PlainLetters(std::string_view name) {
         } else if (kPunctuation.find(c) != std::string_view::npos) {
             plain += ' ';
         } else if ((c >= 'a' && c <= 'z') || c == ' ' || (bytes.size() == 1 && c < 0)) {
-            plain += c;  // the last is no UTF-8
+            plain += c;  // the last is not UTF-8
         } else {
             AppendFolded(plain, Decode(bytes), bytes);
         }

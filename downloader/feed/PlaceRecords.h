@@ -1,8 +1,8 @@
 #pragma once
 #include <cstddef>
 
-// The records of the gazetteer: the offset of each number in its record. Every text is an offset
-// of 3 bytes in the texts; coordinates have 3 bytes, populations and indexes 2, if nothing else is
+// The records of the gazetteer: the offset of each number in its record. Every text is an offset of
+// 3 bytes in the texts; coordinates have 3 bytes, populations and indexes 2, if nothing else is
 // said.
 namespace feed {
 

@@ -62,8 +62,7 @@ std::optional<std::string_view> ValueOf(std::string_view query, std::string_view
     return std::nullopt;
 }
 
-// Parses the query into `request`; returns false when its type is unknown or its
-// value is missing.
+// Parses the query into `request`; returns false when its type is unknown or its value is missing.
 bool ParseQuery(std::string_view query, Request& request) {
     using Kind = Request::Kind;
     struct Form {
@@ -84,7 +83,7 @@ bool ParseQuery(std::string_view query, Request& request) {
         if (type != form.type || !value) continue;
         request.kind = form.kind;
         request.text = Unescape(*value);
-        // The program puts a zero before the code of a city abroad when it asks for alerts.
+        // The program prefixes the code of a city abroad with a zero in requests for alerts.
         request.isAbroad =
             form.isAbroad || (form.kind == Kind::Alerts && request.text.starts_with('0') &&
                               request.text.size() > 5 && request.text[5] != '-');

@@ -12,8 +12,7 @@
 
 namespace {
 
-// Where the parser's errors lead, which must not return to it. It has no
-// objects to destroy.
+// Where the parser's errors lead, which must not return to it. It has no objects to destroy.
 std::jmp_buf parseFailed;
 
 }  // namespace
@@ -35,9 +34,9 @@ bool IsWhite(char c) {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
 }
 
-// Returns the position of the next "<" at or after `at`, or the size. The
-// numbers of polygons are most of a long document: after a few characters,
-// whole blocks are compared, which the compiler does with vectors.
+// Returns the position of the next "<" at or after `at`, or the size. The numbers of polygons are
+// most of a long document: after a few characters, whole blocks are compared, which the compiler
+// does with vectors.
 std::size_t FindTag(std::string_view text, std::size_t at) {
     constexpr std::size_t kBlock = 64;
     const auto findBefore = [&](std::size_t end) {
@@ -55,16 +54,14 @@ std::size_t FindTag(std::string_view text, std::size_t at) {
     return at;
 }
 
-// Returns the position after `end`, searched from `from` on; npos if it is
-// missing.
+// Returns the position after `end`, searched from `from` on; npos if it is missing.
 std::size_t After(std::string_view text, std::string_view end, std::size_t from) {
     const std::size_t found = text.find(end, from);
     return found == std::string_view::npos ? found : found + end.size();
 }
 
-// Returns the position after the start tag whose name begins at `at`; npos if
-// it has no end. Just as for the parser, a quote begins a value only after "=",
-// and the name may contain both.
+// Returns the position after the start tag whose name begins at `at`; npos if it has no end. Just
+// as for the parser, a quote begins a value only after "=", and the name may contain both.
 std::size_t AfterTag(std::string_view text, std::size_t at) {
     while (at < text.size() && !IsWhite(text[at]) && text[at] != '/' && text[at] != '>') ++at;
     bool isValue = false;  // comes next
@@ -80,8 +77,8 @@ std::size_t AfterTag(std::string_view text, std::size_t at) {
     return std::string_view::npos;
 }
 
-// Returns the position after the comment, section or instruction that begins at
-// `at`; npos if it has no end, or for a declaration.
+// Returns the position after the comment, section or instruction that begins at `at`; npos if it
+// has no end, or for a declaration.
 std::size_t AfterDivider(std::string_view text, std::size_t at) {
     const std::string_view rest = text.substr(at);
     if (rest.starts_with("<?")) return After(text, "?>", at);
@@ -89,14 +86,13 @@ std::size_t AfterDivider(std::string_view text, std::size_t at) {
     return rest.starts_with("<![CDATA[") ? After(text, "]]>", at) : std::string_view::npos;
 }
 
-// What is found out about a document before it is parsed.
+// Properties of a document, found before it is parsed.
 struct Survey {
     bool isWithinBounds = false;   // and declares nothing
     bool hasDividedTexts = false;  // by comments or elements, or in sections of their own
 };
 
-// Bounds the parser's recursion into elements. It need not be correct where the
-// parser fails.
+// Bounds the parser's recursion into elements. Its result does not matter if parsing fails.
 Survey SurveyTags(std::string_view text) {
     Survey survey;
     int depth = 0;
@@ -125,8 +121,7 @@ Survey SurveyTags(std::string_view text) {
     return survey;
 }
 
-// Whether the XML declaration names another encoding than UTF-8, and the
-// document makes use of it.
+// Whether the XML declaration names another encoding than UTF-8, and the document makes use of it.
 bool HasOtherEncoding(std::string_view text) {
     if (!text.starts_with("<?xml")) return false;
     const std::string head = win::AsciiLower(text.substr(0, text.find("?>")));
@@ -136,9 +131,8 @@ bool HasOtherEncoding(std::string_view text) {
                        [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }
 
-// Parses in place. The pieces of a divided text become nodes; otherwise the
-// element has its text as a value, which takes half the time and memory for
-// short texts.
+// Parses in place. The pieces of a divided text become nodes; otherwise the element has its text as
+// a value, which takes half the time and memory for short texts.
 bool Parse(rapidxml::xml_document<char>& tree, char* text, bool hasDividedTexts) {
     constexpr int kPieces =
         rapidxml::parse_no_element_values | rapidxml::parse_validate_closing_tags;

@@ -18,7 +18,7 @@ class XmlElement {
     // Returns the name without a namespace's prefix.
     std::string_view Name() const;
 
-    // Returns the first element inside this one, and the next one beside it; none if there is none.
+    // Returns the first element inside this one, and the next sibling; null if there is none.
     XmlElement FirstChild() const;
     XmlElement Next() const;
 
@@ -34,10 +34,10 @@ class XmlElement {
     const void* node_;
 };
 
-// Parses a document. It must be in UTF-8 and well-formed, at most
-// kLongestDocument, with at most 32 levels and
-// 250,000 elements. Document types are rejected, so that no entity can be declared; references to
-// undeclared ones stay as they are written, and nothing outside the document is ever read.
+// Parses a document. It must be in UTF-8 and well-formed, at most kLongestDocument, with at most 32
+// levels and 250,000 elements. Document types are rejected, so that no entity can be declared;
+// references to undeclared ones stay as they are written, and nothing outside the document is ever
+// read.
 class XmlTree {
   public:
     explicit XmlTree(std::string document);

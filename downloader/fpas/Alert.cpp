@@ -25,7 +25,7 @@ std::size_t StartOfLastCharacter(std::string_view text) {
     return start;
 }
 
-// Reads the elements of a document, and whether there are not too many blocks, and all texts are
+// Reads a document's elements, and checks that there are not too many blocks and that all texts are
 // well-formed UTF-8.
 class Reader {
   public:
@@ -57,8 +57,7 @@ class Reader {
     }
 
   private:
-    // Returns the text; only the beginning of one that nobody would read to its
-    // end.
+    // Returns the text; only the beginning of a very long one.
     std::string Text(XmlElement element) {
         constexpr std::size_t kLongest = 32'768;
         constexpr std::size_t kLongestCharacter = 4;
@@ -114,8 +113,8 @@ class Reader {
         return info;
     }
 
-    // Returns a hash of the shape: of all of a short one. Samples are enough to
-    // tell a long one from another.
+    // Returns a hash of the shape. A short one is hashed whole; samples are enough to distinguish
+    // long ones.
     static std::uint64_t HashOfShape(std::string_view shape) {
         constexpr std::size_t kLongestShort = 512;  // bytes
         constexpr std::size_t kSamples = 16;

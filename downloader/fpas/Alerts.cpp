@@ -19,8 +19,7 @@ namespace {
 
 using Blocks = std::vector<const Info*>;
 
-// The blocks of one event in an alert. They may differ in area, time or
-// severity.
+// The blocks of one event in an alert. They may differ in area, time or severity.
 struct Entry {
     const Alert* alert = nullptr;
     Blocks blocks;
@@ -31,8 +30,7 @@ int SeverityRank(const Info* info) {
     return feed::SeverityRank(info->severity, info->urgency);
 }
 
-// The distance from the place to the block: 0 if it has an area without a
-// readable shape.
+// The distance from the place to the block: 0 if it has an area without a readable shape.
 double DistanceTo(const Info& info, const feed::Position& place) {
     if (info.areas.empty()) return 0;
     double nearest = DistanceTo(info.areas.front(), place).value_or(0);
@@ -41,10 +39,9 @@ double DistanceTo(const Info& info, const feed::Position& place) {
     return nearest;
 }
 
-// Returns the blocks that concern the place, of all in one language: those that
-// hold it or have no shapes, as blocks for one area. If none does, it is those
-// that the server has found near the place, within a box of about 1 km to each
-// side.
+// Returns the blocks that concern the place, of all in one language: those that hold it or have no
+// shapes, as blocks for one area. If none does, it is those that the server has found near the
+// place, within a box of about 1 km to each side.
 Blocks ChooseByPlace(const Blocks& blocks, const feed::Position& place) {
     constexpr double kToCorner = 1.6;  // kilometres
     Blocks holding;
@@ -57,9 +54,8 @@ Blocks ChooseByPlace(const Blocks& blocks, const feed::Position& place) {
     return holding.empty() ? near : holding;
 }
 
-// Returns the blocks that are shown. If no block of the best language is in
-// force at the place, blocks of others may be: an alert in a foreign language
-// is better than none.
+// Returns the blocks that are shown. If no block of the best language is in force at the place,
+// blocks of others may be: an alert in a foreign language is better than none.
 Choice ChooseBlocks(const Alert& alert, const feed::Position& place, std::string_view language,
                     std::int64_t now) {
     const auto isSameLanguage = [](const Info& left, const Info& right) {
@@ -101,8 +97,7 @@ bool SaySame(const Info& left, const Info& right) {
            left.instruction == right.instruction && left.senderName == right.senderName;
 }
 
-// Returns the texts of the entry, paragraph by paragraph. Blocks that say the
-// same are one.
+// Returns the texts of the entry, paragraph by paragraph. Blocks that say the same are one.
 std::string Body(const Entry& entry, std::string_view title) {
     std::string body;
     const Info& worst = *entry.worst;
@@ -138,9 +133,8 @@ const std::string& FirstEvent(const Alert& alert, std::string_view language) {
         ->event;
 }
 
-// Returns the entries of the choices, one for each event that an alert names.
-// The first event of an alert has the identity of the alert, the others have
-// their own.
+// Returns the entries of the choices, one for each event that an alert names. The first event of an
+// alert has the identity of the alert, the others have their own.
 std::vector<feed::RankedAlert> MakeEntries(const std::vector<const Alert*>& alerts,
                                            const std::vector<Choice>& choices,
                                            std::vector<Entry>& entries) {

@@ -21,8 +21,7 @@ bool IsWhite(char c) {
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
 
-// A position in millionths of a degree: integers are read several times as
-// fast.
+// A position in millionths of a degree: integers are read several times as fast.
 struct Point {
     std::int32_t latitude = 0;
     std::int32_t longitude = 0;
@@ -54,7 +53,7 @@ class NumberReader {
         if (at_ != end_ && *at_ == '.') {
             ++at_;
             fraction = ReadDigits(value, kMostFraction);
-            while (at_ != end_ && IsDigit(*at_)) ++at_;  // of no consequence
+            while (at_ != end_ && IsDigit(*at_)) ++at_;  // too precise to matter
         }
         static constexpr std::int32_t kScales[] = {1'000'000, 100'000, 10'000, 1'000, 100, 10, 1};
         number = value * kScales[fraction];
@@ -62,8 +61,7 @@ class NumberReader {
         return whole + fraction > 0;
     }
 
-    // Reads a pair of degrees that can be a position; some senders count on past
-    // 180 degrees.
+    // Reads a pair of degrees that can be a position; some senders continue past 180 degrees.
     bool ReadPoint(Point& point) {
         if (!ReadMillionths(point.latitude) || IsAtEnd() || *at_ != ',') return false;
         ++at_;
@@ -109,8 +107,8 @@ feed::Position ToPosition(const Point& point) {
             static_cast<double>(point.longitude) / kDegree};
 }
 
-// Calls `visit` for each point of a polygon. A longitude does not jump at 180
-// degrees, but counts on. Returns false if the polygon cannot be read.
+// Calls `visit` for each point of a polygon. A longitude does not jump at 180 degrees, but
+// continues. Returns false if the polygon cannot be read.
 template <class Visit>
 bool ReadRing(std::string_view text, const Visit& visit) {
     constexpr std::int32_t kFarthestTurn = 3 * kTurn;
@@ -144,8 +142,7 @@ bool IsNear(const Extent& extent, const feed::Position& place) {
            eastward <= most.longitude - least.longitude + 2 * sideMargin;
 }
 
-// Most polygons of a large area are nowhere near the place, which their extents
-// show.
+// The extent alone rules out most polygons of a large area.
 std::optional<double> DistanceToPolygon(std::string_view text, const feed::Position& place) {
     Extent extent;
     const bool isRing = ReadRing(text, [&](const Point& point) {
@@ -155,7 +152,7 @@ std::optional<double> DistanceToPolygon(std::string_view text, const feed::Posit
         extent.most.longitude = std::max(extent.most.longitude, point.longitude);
     });
     const std::int64_t width = std::int64_t{extent.most.longitude} - extent.least.longitude;
-    // From its corners alone, nobody knows which way around the Earth a wide polygon leads.
+    // The corners of a wide polygon do not show which way around the Earth it extends.
     if (!isRing || width == 0 || width >= kTurn / 2) return std::nullopt;
     if (!IsNear(extent, place)) return kFar;
     feed::Ring ring;
@@ -163,8 +160,7 @@ std::optional<double> DistanceToPolygon(std::string_view text, const feed::Posit
     return feed::DistanceTo({{std::move(ring)}}, place);
 }
 
-// The distance along the surface, which is also accurate for the large circles
-// of earthquakes.
+// The distance along the surface, which is also accurate for the large circles of earthquakes.
 double DistanceBetween(const feed::Position& left, const feed::Position& right) {
     constexpr double kRadian = std::numbers::pi / 180;
     const double north = std::sin((right.latitude - left.latitude) * kRadian / 2);

@@ -32,7 +32,7 @@ std::string AreaKey(const Choice& choice) {
     return key;
 }
 
-// What the choice announces, for when.
+// The choice's events and onset times.
 std::string EventKey(const Choice& choice) {
     std::string key;
     for (const Info* const block : choice.blocks)

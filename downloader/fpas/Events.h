@@ -20,7 +20,7 @@ struct Choice {
 // Finds the event of each choice, and keeps one choice for an event: of alerts that differ only in
 // language the one that suits the user best, else the newest. Two alerts for different areas, or
 // with different events or beginnings, stay two events although they update the same one. Null
-// alerts take no part; the others are remembered, also those that are no longer shown. `now` is the
+// alerts are ignored; the others are remembered, also those that are no longer shown. `now` is the
 // server's time in seconds since 1970.
 void IdentifyEvents(const std::vector<const Alert*>& alerts, std::vector<Choice>& choices,
                     feed::AlertMemory& memory, std::int64_t now);

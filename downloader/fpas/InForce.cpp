@@ -34,7 +34,7 @@ bool IsGreen(const Info& info) {
     return HasWord(info.awarenessLevel, "green", "; ") || info.awarenessLevel.starts_with("1;");
 }
 
-// A block that names no category, which it must do, could be about anything.
+// A block that names no category, although the standard requires one, could be about anything.
 bool HasOurCategory(const Info& info) {
     constexpr std::string_view kOurs[] = {"Met", "Geo", "Fire", "Env"};
     return info.categories.empty() ||
@@ -44,8 +44,8 @@ bool HasOurCategory(const Info& info) {
 }
 
 // Returns when the block ends; INT64_MAX if that is not known or cannot be read. Many senders state
-// no end for what they expect to cancel, and some never cancel: a day after the beginning it is no
-// longer news.
+// no end for what they expect to cancel, and some never cancel: such a block ends a day after its
+// onset or after it was sent, whichever is later.
 std::int64_t EndOf(const Info& info, const Alert& alert) {
     constexpr std::int64_t kDay = 86'400;
     if (!info.expires.empty()) return feed::ParseTime(info.expires).value_or(INT64_MAX);

@@ -9,7 +9,7 @@
 // Which alerts and which of their blocks are in force for the public.
 namespace fpas {
 
-// Whether the alert is for the public, unless it says that it is a test or for others.
+// Whether the alert is for the public: neither a test nor restricted.
 bool IsPublic(const Alert& alert);
 
 // Whether a public alert has what every alert must have, in the words of CAP, and says something
@@ -19,8 +19,8 @@ bool IsComplete(const Alert& alert);
 // Whether the alert announces something: it is an Alert or an Update.
 bool IsAnnouncement(const Alert& alert);
 
-// Whether a block of the alert is in force at `now` (seconds since 1970): it has not ended, is no
-// message that all is well, and is about weather, the ground, fire or the environment.
+// Whether a block of the alert is in force at `now` (seconds since 1970): it has not ended, is not
+// a message that all is well, and is about weather, the ground, fire or the environment.
 bool IsInForce(const Info& info, const Alert& alert, std::int64_t now);
 
 // A message that another one refers to.
@@ -31,8 +31,7 @@ struct Reference {
 };
 std::vector<Reference> ReferencesOf(const Alert& alert);
 
-// Returns for each alert whether another of them replaces or cancels it. Those that are null take
-// no part.
+// Returns for each alert whether another of them replaces or cancels it. Null ones are ignored.
 std::vector<bool> FindReplaced(const std::vector<const Alert*>& alerts);
 
 }  // namespace fpas

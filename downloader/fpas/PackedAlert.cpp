@@ -11,8 +11,7 @@ namespace {
 
 constexpr std::string_view kPackHeader = "skyvane-cap-1;";
 
-// Calls `act` for each text of the owner in the tables, in the order in which
-// they are packed.
+// Calls `act` for each text of the owner in the tables, in the order in which they are packed.
 template <class Act, class Owner, std::size_t... sizes>
 void ForEachText(const Act& act, Owner& owner,
                  const Field<std::remove_const_t<Owner>> (&... tables)[sizes]) {
@@ -22,8 +21,7 @@ void ForEachText(const Act& act, Owner& owner,
     (visit(tables), ...);
 }
 
-// A number is its digits and ";"; a text is its length as a number, then its
-// bytes.
+// A number is its digits and ";"; a text is its length as a number, then its bytes.
 class Packer {
   public:
     explicit Packer(std::string& packed) : packed_(packed) {}

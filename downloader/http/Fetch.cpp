@@ -20,7 +20,7 @@ namespace {
 constexpr int kConnectTimeout = 15'000;  // milliseconds; also for name resolution
 constexpr int kSilenceTimeout = 30'000;  // milliseconds without a byte sent or received
 constexpr DWORD kTls12 = WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_2;
-constexpr DWORD kAutologonProxyOnly = 3;  // of newer systems; the cross compiler has no name for it
+constexpr DWORD kAutologonProxyOnly = 3;  // newer systems only; not in the cross compiler's headers
 constexpr DWORD kTls13 = WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_3;
 
 struct Address {
@@ -114,7 +114,7 @@ bool OpenSession(const Address& address, Exchange& exchange) {
     // Older systems lack TLS 1.3, and their defaults are below what most servers now accept.
     if (!SetNumber(session, WINHTTP_OPTION_SECURE_PROTOCOLS, kTls12 | kTls13))
         SetNumber(session, WINHTTP_OPTION_SECURE_PROTOCOLS, kTls12);
-    // A broken IPv6 path costs a moment instead of the connection; older systems cannot.
+    // A broken IPv6 path costs a moment instead of the connection; older systems lack the option.
     SetNumber(session, WINHTTP_OPTION_IPV6_FAST_FALLBACK, TRUE);
     return true;
 }

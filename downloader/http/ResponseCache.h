@@ -20,8 +20,8 @@ struct CachedDocument {
 };
 
 // Returns the document cached for the key, or nullopt when there is none or it has expired. `slot`
-// names the cache file: keys of one slot take each other's place. Without it the key belongs to one
-// of 1024 slots, however many keys are in use.
+// names the cache file: keys of one slot replace each other. Without it the key belongs to one of
+// 1024 slots, however many keys are in use.
 std::optional<CachedDocument> FindCached(std::string_view key, std::string_view slot = {});
 
 // Caches a document for so many seconds; failures are ignored.

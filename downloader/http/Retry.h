@@ -5,12 +5,13 @@
 
 #include "downloader/http/Response.h"
 
-// When a failed request is tried again. Waking up, a computer has no network for some seconds, and
-// a busy server answers later.
+// When a failed request is tried again. A computer that has just woken has no network for some
+// seconds, and a busy server recovers later.
 namespace http {
 
-// Whether a later try may succeed: the connection failed, the server failed or was asked too often,
-// or the body has another form than it should have (a gateway's page, an incomplete answer).
+// Whether a later try may succeed: the connection failed, the server failed or received too many
+// requests, or the body has another form than it should have (a gateway's page, an incomplete
+// answer).
 bool IsTransient(const Response& response, BodyForm form);
 
 // Returns how many milliseconds to wait after a failure before the next try, or nullopt if there is
@@ -23,8 +24,8 @@ std::optional<std::int64_t> WaitBeforeRetry(const Response& response, int failur
                                             std::int64_t elapsed, std::int64_t latest,
                                             unsigned char jitter);
 
-// Returns the server's time when the response arrived, in seconds since 1970: its Date, and the Age
-// if a cache gave it out later. Returns nullopt without a Date.
+// Returns the server's time when the response arrived, in seconds since 1970: its Date, plus its
+// Age if a cache served it. Returns nullopt without a Date.
 std::optional<std::int64_t> ServerTime(const Response& response);
 
 // Parses an HTTP date such as "Tue, 15 Nov 1994 08:12:31 GMT", in seconds since 1970. Returns

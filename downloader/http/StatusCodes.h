@@ -40,7 +40,7 @@ inline constexpr int kUnknownZipCode = 1014;
 // The live source received something other than the document requested: an error page, or an
 // incomplete document.
 inline constexpr int kUnusableAnswer = 1015;
-// The live source's gazetteer, places.dat beside the program, is missing or damaged.
+// The live source's gazetteer, places.dat next to the program, is missing or damaged.
 inline constexpr int kNoGazetteer = 1016;
 // The request to the live source is not for alerts, locations or stations, or its host is not
 // allowed.

@@ -8,7 +8,7 @@ namespace live {
 
 enum class Kind { UnitedStates, World, Locations };
 
-// A request, and the same request in the terms of each source.
+// A request, and the same request as each source expects it.
 struct Route {
     Kind kind = Kind::UnitedStates;
     std::string usUrl;       // "nws://..."
@@ -17,7 +17,7 @@ struct Route {
 };
 
 // Parses a request to "live://US-HOST,WORLD-HOST/". With "+http" appended to the scheme, the
-// sources are asked over http, which they allow for this machine only. Returns nullopt for any
+// sources are contacted over http, which they allow for this machine only. Returns nullopt for any
 // other URL.
 std::optional<Route> ParseUrl(std::string_view url);
 

@@ -36,7 +36,7 @@ std::vector<std::string_view> ReplacedIdentifiers(const std::vector<Message>& me
 constexpr double kLongestReach = 40;
 
 // Whether the message concerns the place: its polygon comes near enough, or, without one, it names
-// a zone of the place. One that names no area at all concerns everybody.
+// a zone of the place. One that names no area at all concerns every place.
 bool Concerns(const Message& message, const AlertPlace& place) {
     const double distance = feed::DistanceTo(message.polygons, place.centre);
     if (std::isfinite(distance)) return distance <= std::min(place.reach, kLongestReach);

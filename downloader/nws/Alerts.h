@@ -9,7 +9,7 @@
 
 namespace nws {
 
-// A place, as far as alerts can concern it.
+// What decides whether an alert concerns a place.
 struct AlertPlace {
     feed::Position centre;
     double reach = 0;  // kilometres

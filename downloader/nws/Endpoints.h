@@ -5,8 +5,7 @@
 #include "downloader/feed/Gazetteer.h"
 #include "downloader/nws/Zones.h"
 
-// The addresses of the Weather Service. `origin` is "https://" and the host,
-// perhaps with a path.
+// The addresses of the Weather Service. `origin` is "https://" and the host, perhaps with a path.
 namespace nws {
 
 // Returns the address of the alerts for any of the zones.

@@ -3,7 +3,7 @@
 namespace nws {
 namespace {
 
-// Stores the count; whether it is another one than before.
+// Stores the count. Returns whether it changed.
 bool HasChanged(std::size_t& stored, std::size_t count) {
     const bool hasChanged = stored != count;
     stored = count;

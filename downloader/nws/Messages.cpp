@@ -78,7 +78,7 @@ struct Collector {
         if (vtec && (!message.vtec || rank(*vtec) > rank(*message.vtec))) message.vtec = vtec;
     }
 
-    // Older messages than the references name: "sender,identifier,time", separated by spaces.
+    // Messages older than those in the references: "sender,identifier,time", separated by spaces.
     void AddExpiredReferences(Message& message, std::string_view text) {
         while (!text.empty()) {
             const std::string_view entry = text.substr(0, text.find(' '));
@@ -170,7 +170,7 @@ bool IsInForce(const Message& message, std::int64_t now) {
 }
 
 int FirstSentYear(const Message& message) {
-    // What a new event replaces is another event.
+    // The messages that a new event replaces belong to other events.
     const bool isNew = message.vtec && message.vtec->action == "NEW";
     const bool isFirstKnown = !isNew && IsEarlier(message.firstSent, message.sent);
     const auto time = feed::ParseTime(isFirstKnown ? message.firstSent : message.sent);

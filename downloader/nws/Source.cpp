@@ -38,8 +38,8 @@ Response FetchJson(const std::string& address) {
 }
 
 // Reads the zones of a point. Returns kSuccess or the status of a failure. The service itself says
-// that it does not cover a point (at sea, across a border): that point has no zones. A page of
-// anybody else with the same status is a failure.
+// that it does not cover a point (at sea, across a border): that point has no zones. A page from
+// another server with the same status is a failure.
 int FetchPointZones(Response point, ZoneIds& zones) {
     constexpr std::string_view kProblem = "application/problem+json";
     if (point.status == kNotFound && point.contentType.starts_with(kProblem)) return http::kSuccess;
@@ -63,7 +63,7 @@ int FetchZones(const std::string& origin, const feed::Place& place, PlaceZones& 
     zones.all = zones.own;
     for (const feed::Place& edge : EdgesOf(place)) {
         Response point = http::Fetch(PointAddress(origin, edge), {kGeoJson});
-        // Without an edge the place still has alerts; it is asked again soon.
+        // Without an edge the place still has alerts; the edges are retried soon.
         if (FetchPointZones(std::move(point), zones.all) != http::kSuccess) seconds = kHour;
     }
     if (zones.own.empty()) zones.own = zones.all;

@@ -7,7 +7,7 @@
 #include "downloader/feed/Gazetteer.h"
 
 // The service's zones (forecast zones, counties, fire weather zones) in which a place lies, by
-// identifiers such as "KSZ009". Alerts are asked for by zone.
+// identifiers such as "KSZ009". Alerts are requested by zone.
 namespace nws {
 
 using ZoneIds = std::vector<std::string>;  // sorted, each once
@@ -31,7 +31,7 @@ void AddZones(ZoneIds& zones, const ZoneIds& more);
 // The identifier at the end of a zone's address; empty if there is none.
 std::string_view ZoneIdOf(std::string_view address);
 
-// Both lists as one line of text, for the cache; and back, nullopt if the text is no such line.
+// Both lists as one line of text, for the cache; and back, nullopt if the text is not such a line.
 std::string PackZones(const PlaceZones& zones);
 std::optional<PlaceZones> UnpackZones(std::string_view text);
 

@@ -195,8 +195,7 @@ TEST(BuildAlertDocument, ChoosesTheBlocksOfThePlace) {
         EXPECT_EQ(All("title", {document}, {.place = c.place}), c.isShown ? Texts{"Snow"} : Texts{})
             << c.area;
     }
-    // The server has found the area of a block that is alone, and of blocks for
-    // one area.
+    // The server has found the area of a block that is alone, and of blocks for one area.
     EXPECT_EQ(All("title", {Document({}, Block({{"area", far}}))}), Texts{"Storm"});
     const std::string same = Block({{"area", far}}) + Block({{"event", "Snow"}, {"area", far}});
     EXPECT_EQ(All("id", {Document({}, same)}).size(), 2u);
@@ -254,8 +253,7 @@ TEST(BuildAlertDocument, KeepsTheIdentifierOfAnEvent) {
     EXPECT_NE(
         identify({Document({{"identifier", "e"}}, Block({{"onset", "2026-07-15T18:30:00Z"}}))}),
         first);
-    // The same event in another language, from a document that was sent before
-    // the known one.
+    // The same event in another language, from a document that was sent before the known one.
     const std::string french = Document({{"identifier", "h"}, {"sent", "2026-07-15T15:00:00Z"}},
                                         Block({{"language", "fr"}, {"event", "Orage"}}));
     EXPECT_EQ(identify({french, Document({})}), first);
