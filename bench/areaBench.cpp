@@ -1,8 +1,8 @@
-// Counts the towns inside warned areas that get the warning if each asks by its nearest ZIP code:
-// by the centre of the ZIP code alone, and by its reach. Arguments: places.dat; a file of towns,
-// "LATITUDE LONGITUDE" on each line; a file of polygons, "LATITUDE,LONGITUDE ..." on each line.
-// Prints how many towns lie inside, how many of them are missed by centre and by reach, how many
-// ZIP codes get a warning by centre and by reach, and the largest distance in kilometres among
+// Counts the towns inside warned areas that get the warning if each requests alerts for its nearest
+// ZIP code: by the centre of the ZIP code alone, and by its reach. Arguments: places.dat; a file of
+// towns, "LATITUDE LONGITUDE" on each line; a file of polygons, "LATITUDE,LONGITUDE ..." on each
+// line. Prints how many towns lie inside, how many of them are missed by centre and by reach, how
+// many ZIP codes get a warning by centre and by reach, and the largest distance in kilometres among
 // them.
 #include <cmath>
 #include <cstdio>

@@ -1,4 +1,4 @@
-"""Towns inside warned areas that are not told, by areaBench."""
+"""Towns inside warned areas that get no warning, counted by areaBench."""
 
 import gzip
 import json

@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""How many requests reach the service behind the shared cache of packaging/cache: 200 requests for five
-sets of zones within a minute. Needs nginx (a package that bench/run does not install).
+"""How many requests the shared cache of packaging/cache forwards to the service: 200 requests for five sets of
+zones within a minute. Needs nginx (a package that bench/run does not install).
 
-The configuration that ships is used, but with the loopback addresses, folders and plain http of this
-machine, and with three seconds instead of five minutes for answers that stand in for a failed one."""
+The shipped configuration is used, but with the loopback addresses, folders and plain http of this machine,
+and old answers are sent after a failure for three seconds instead of five minutes."""
 
 import collections
 import concurrent.futures
@@ -62,7 +62,7 @@ def main():
     failing = False
 
     def find_answer(head):
-        time.sleep(0.2)  # as the service takes
+        time.sleep(0.2)  # about as long as the service takes
         return answer(503) if failing else answer(200, b'{"features":[]}',
                                                   f"Cache-Control: public, max-age={MAX_AGE if steady else 1}")
 

@@ -33,7 +33,7 @@ class Stopwatch:
         return answer
 
     def start(self, path, window):
-        # Once in some hundred starts, Wine's shell loses the icon, of any program.
+        # About once in a hundred starts of any program, Wine's shell loses the icon.
         if (elapsed := self.try_command("start", windows_path(path), "-id")) is None:
             print(f"    (the icon of {path.name} did not appear; the program was started again)", flush=True)
             self.end(window)

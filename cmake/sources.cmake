@@ -58,7 +58,7 @@ set(portableSources
   win/XmlGuard.cpp
 )
 
-# The whole text of an answer passes through these: they are built for speed, the others for size.
+# These process the whole text of an answer, so they are built for speed, the others for size.
 set_source_files_properties(downloader/feed/FeedXml.cpp downloader/feed/Json.cpp
   downloader/feed/Paragraphs.cpp downloader/nws/Messages.cpp win/Text.cpp
   PROPERTIES COMPILE_OPTIONS -O2)

@@ -1,7 +1,7 @@
-# cmake -D NM=... -D FILES=... -D ROOT=... -P: checks that only the listed sources call functions of
-# Windows that take or return text in the process's code page. Such a call cannot carry every character
-# on all systems. A source that passes texts of the user on must convert them with win::ToAnsi. The list
-# has the sources, which contain a slash, each with its functions.
+# cmake -D NM=... -D FILES=... -D ROOT=... -P: checks that only the listed sources call Windows
+# functions that take or return text in the process's code page, which cannot represent every character on
+# all systems. A source that passes the user's text to such a function must convert it with win::ToAnsi.
+# The list has the sources, which contain a slash, each with its functions.
 cmake_policy(VERSION 3.22)
 set(allowed
   settings/IniFile GetPrivateProfileSectionA GetPrivateProfileStringA WritePrivateProfileStringA
@@ -24,7 +24,7 @@ string(REPLACE "\n" ";" calls "${symbols}")
 list(FILTER calls INCLUDE REGEX " U __imp__[A-Za-z0-9_]+A@")
 list(TRANSFORM calls REPLACE "^.*\\.dir/(\\./)?(.*)\\.cpp\\.obj: *U __imp__(.*)@[0-9]*$" "\\2:\\3")
 
-# Functions loaded later, and messages, which no object file shows.
+# Functions loaded at run time, and messages, which no object file shows.
 set(sources)
 foreach(folder app options search tray alerts stations settings win downloader runtime)
   file(GLOB_RECURSE found RELATIVE ${ROOT} ${ROOT}/${folder}/*.cpp ${ROOT}/${folder}/*.h)

@@ -48,7 +48,7 @@ TEST(AlertPage, SaysNoAlertsOnlyWhenThatIsCertain) {
     }
 }
 
-TEST(AlertPage, TextsOfAFeedNeverBecomeMarkup) {
+TEST(AlertPage, FeedTextNeverBecomesMarkup) {
     constexpr char kHostile[] = "</style><script>a()</script>\"'><img src=x onerror=a()>&lt;\x01";
     constexpr char kEscaped[] =
         "&lt;/style&gt;&lt;script&gt;a()&lt;/script&gt;&quot;&#39;&gt;&lt;img src=x "
@@ -67,7 +67,7 @@ TEST(AlertPage, TextsOfAFeedNeverBecomeMarkup) {
     EXPECT_TRUE(Has(page, "Urgency: &lt;i&gt;. Certainty: &lt;u&gt;."));
 }
 
-TEST(AlertPage, ShowsTheWorstAlertFirstAndItsTextInParagraphsAndLists) {
+TEST(AlertPage, SortsBySeverityAndWritesParagraphsAndLists) {
     const std::string page = Page(KnownPlace(
         {{"1", "Watch", "Text.\n\nSeverity: Minor. Urgency: Future. Certainty: Possible."},
          {"2", "Odd", "No facts."},
@@ -83,7 +83,7 @@ TEST(AlertPage, ShowsTheWorstAlertFirstAndItsTextInParagraphsAndLists) {
     EXPECT_TRUE(Has(page, "Severity not known</span>"));
 }
 
-TEST(AlertPage, MarksWhatAnEarlierSessionStored) {
+TEST(AlertPage, MarksAlertsStoredByAnEarlierSession) {
     PagePlace place;
     place.stored = {{"1", "Old", "12345"}};
     EXPECT_TRUE(Has(Page(place, 5), "Only the beginning"));

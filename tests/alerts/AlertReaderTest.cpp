@@ -9,7 +9,7 @@ namespace {
 
 class AlertReaderTest : public tests::ScratchStore {};
 
-TEST_F(AlertReaderTest, TheFilterLeavesTheAnswerItsNotices) {
+TEST_F(AlertReaderTest, FilterKeepsNotices) {
     settings::WriteSetting(settings::kAlertFilters, "tornado");
     settings::WriteSetting(settings::kShowFilteredWords, settings::kTrue);
     feed::AlertDocument document;

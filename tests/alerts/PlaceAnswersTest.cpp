@@ -5,7 +5,7 @@
 namespace alerts {
 namespace {
 
-TEST(PlaceAnswers, TheLatestRequestCountsInWhateverOrderTheyEnd) {
+TEST(PlaceAnswers, KeepsTheAnswerToTheLatestRequest) {
     const auto find = [] { return FindAnswer("66044", "feed"); };
     const auto succeed = [&find](std::uint64_t tick) {
         PlaceAnswer answer;

@@ -13,7 +13,7 @@ AREA = "/alert/area?"
 
 
 def info(event="Thunderstorm", **more):
-    """Returns an info block; a value of None leaves its element out."""
+    """Returns an info block; a value of None omits the element."""
     facts = {"language": "en", "category": "Met", "event": event, "responseType": "Shelter",
              "urgency": "Immediate", "severity": "Severe", "certainty": "Likely", "expires": moment(1),
              "senderName": "Weather Office", "headline": f"{event} headline", "description": "Text.",
@@ -45,7 +45,7 @@ class AlertServer:
         self.live = self.feed + "GetXml.aspx?partnerid=7e3a90d4&"
 
     def set(self, *documents):
-        """Replaces the alerts; a document that is listed but gone is None."""
+        """Replaces the alerts; None is a document that is listed but no longer exists."""
         self.documents = {str(uuid.uuid4()): document for document in documents}
         return list(self.documents)
 

@@ -31,8 +31,8 @@ def temp_folder(user_folders):
 
 @pytest.fixture
 def set_keyboard():
-    """A function that sets a keyboard with the keys of a language, before the program starts. A letter that has no
-    key does not always arrive."""
+    """A function that sets the keyboard layout of a language, before the program starts. A letter without a key does
+    not always arrive."""
     yield lambda layout: subprocess.run(["setxkbmap", layout], check=True)
     subprocess.run(["setxkbmap", "us"], check=True)
 
@@ -110,7 +110,7 @@ def feed():
 
 @pytest.fixture
 def service(temp_folder):
-    """The simulated Weather Service, without answers that an earlier test left in the cache."""
+    """The simulated Weather Service, with no answers from earlier tests in the cache."""
     for file in temp_folder.glob("SkyvaneAlerts.*.cache"):
         file.unlink()
     weather = WeatherService()

@@ -54,7 +54,7 @@ class Downloader:
         self.environment = {
             **os.environ,
             "WINEDEBUG": "-all",
-            "SKYVANE_ALERTS_INI_USER": "Tester",  # reads Tester.ini beside dl.exe
+            "SKYVANE_ALERTS_INI_USER": "Tester",  # reads Tester.ini next to dl.exe
             "SKYVANE_DL_SECONDS": "20",
         }
 

@@ -29,8 +29,8 @@ def send_slowly(connection):
         time.sleep(0.3)
 
 
-# Answers that the plain feed takes for a document without alerts, and that the live source refuses. WinHTTP in Wine
-# does not report a chunk that is cut short.
+# Answers that the plain feed treats as a document without alerts and that the live source rejects. Wine's WinHTTP
+# does not report a truncated chunk.
 UNLOADABLE = {
     "cut chunk": send_and_close(chunked(BODY)[:-40]),
     "cut document": answer(200, BODY[:-20]),

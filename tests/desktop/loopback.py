@@ -22,7 +22,7 @@ def chunked(*chunks):
 
 
 class Held:
-    """An answer that waits: `asked` is set by the request, setting `gate` sends the answer."""
+    """An answer that waits: the request sets `asked`, and setting `gate` sends the answer."""
 
     def __init__(self, reply):
         self.reply = reply

@@ -5,7 +5,7 @@ import pathlib
 
 import stores
 
-# Files that change on their own, and the harness's log.
+# Files that change without the program, and the harness's log.
 IGNORED = ("/Temp/", "/temp/", "/stderr.txt")
 KEYS = ("HKEY_CURRENT_USER\\Software", "HKEY_LOCAL_MACHINE\\Software")
 IGNORED_KEYS = ("\\Software\\Wine\\", "\\Explorer\\")

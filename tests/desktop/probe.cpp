@@ -1,8 +1,7 @@
 // Observes and controls Windows programs for the tests from inside Wine. Each command prints lines
 // of fields separated by tabs; \n, \r, \t and \\ are escaped.
 //
-//   windows                                visible windows and their descendants; the text of a
-//   list
+//   windows                                visible windows and their descendants; a list's text
 //                                          is its entries
 //   send CLASS MESSAGE WPARAM LPARAM       SendMessage; MESSAGE is a number or a registered name
 //   post CLASS MESSAGE WPARAM LPARAM ...   PostMessage for each group of three
@@ -17,9 +16,9 @@
 //   run PROGRAM [COMMANDLINE]              starts the program and waits until it exits
 //   hold FILE SECONDS                      locks the file
 //   catch ADDRESS                          acts as the browser: appends the address to opened.txt
-//   serve                                  reads commands from standard input, one per line with
-//   words
-//                                          separated by tabs, and ends each answer with a line "."
+//   serve                                  reads commands from standard input, one per line, its
+//                                          words separated by tabs; ends each answer with a line
+//                                          "."
 #include <windows.h>
 #include <commctrl.h>
 #include <shellapi.h>
@@ -105,7 +104,7 @@ HWND FindByClass(const char* className) {
     return window;
 }
 
-// Removes a program's icon from the taskbar without its knowledge.
+// Removes a program's icon from the taskbar without notifying the program.
 void ForgetIcon(const char* className) {
     NOTIFYICONDATAA icon{};
     icon.cbSize = sizeof icon;
@@ -114,7 +113,7 @@ void ForgetIcon(const char* className) {
     Shell_NotifyIconA(NIM_DELETE, &icon);
 }
 
-// Receives the changes of icons in place of the taskbar and passes them on to it.
+// Receives the changes of icons instead of the taskbar and forwards them to it.
 LRESULT CALLBACK WatchIcon(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_COPYDATA) return DefWindowProcW(window, message, wParam, lParam);
     struct Change {  // the beginning of what Wine sends; the rest differs between its versions

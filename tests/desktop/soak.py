@@ -30,7 +30,7 @@ from weather_service import alert, collection, moment, vtec
 SEED = 20261123
 STATIONS = [("Lawrence, KS (Downtown)", "66044"), ("New York, NY (Park)", "10001")]
 CODES = [code for _, code in STATIONS]
-# When the list of seen alerts exceeds 500 characters, it loses 249: more than the alerts that are alive must remain.
+# A list of seen alerts with more than 500 characters loses 249; the alerts in force must fit in the rest.
 MOST_ALIVE, MOST_NEW, MOST_SEEN = 13, 4, 50
 WM_COMMAND, RETRIEVE = 0x111, 102  # mnuRetrieveSevereAlerts
 # Five minutes pass; ticks of a timer that does not run are ignored.
@@ -39,7 +39,7 @@ FIVE_MINUTES = [field for timer in 3 * MINUTE_TIMERS for field in (WM_TIMER, tim
 
 def send_signal(processes, number):
     for process in processes:
-        with contextlib.suppress(ProcessLookupError):  # Wine starts a program by a process that ends at once
+        with contextlib.suppress(ProcessLookupError):  # Wine starts a program through a process that ends at once
             os.kill(process, number)
 
 
@@ -213,7 +213,7 @@ class Soak:
             self.counts[f"event: {event.__name__}: {result}"] += 1
 
     def check_alerts(self, offered, succeeded, where):
-        """A cycle that succeeds tells those of its alerts that no earlier cycle has told, with one sound."""
+        """A successful cycle announces, with one sound, those of its alerts that no earlier cycle has announced."""
         seen = [entry for entry in (self.program.store.read("Misc", "OldAlerts") or "").split("¦") if entry]
         new = seen[seen.index(self.seen[-1]) + 1 if self.seen else 0:]
         if new:
@@ -288,4 +288,4 @@ def test_soak(soak):
     assert soak.most_seen <= MOST_SEEN
     assert late.kernel <= early.kernel + 2 and late.gdi <= early.gdi + 10  # a few fonts and bitmaps are created late
     assert late.user <= early.user + 25  # includes the taskbar and its balloons
-    assert late.private_kib <= early.private_kib + 2048  # one mebibyte of Wine comes and goes
+    assert late.private_kib <= early.private_kib + 2048  # one mebibyte of Wine's varies

@@ -41,7 +41,7 @@ def test_the_chosen_place_comes_first_with_the_whole_text(make_watcher, service,
     assert "No alerts" not in page and "Not known whether" in page
 
 
-def test_no_alerts_is_said_only_after_a_successful_retrieval(make_watcher, service, opened):
+def test_page_says_no_alerts_only_after_a_successful_retrieval(make_watcher, service, opened):
     program = make_watcher(LAWRENCE)
     start(program, service)
 
@@ -67,7 +67,7 @@ def test_no_alerts_is_said_only_after_a_successful_retrieval(make_watcher, servi
     assert "No alerts" not in page and "The last retrieval failed." in page
 
 
-def test_the_web_is_used_when_the_page_cannot_be_written_or_a_site_is_set(make_watcher, service, browser):
+def test_web_site_opens_when_the_page_cannot_be_written_or_a_site_is_set(make_watcher, service, browser):
     program = make_watcher(LAWRENCE)
     (program.data_folder() / "Alerts.html").mkdir()
     start(program, service)
@@ -92,7 +92,7 @@ def no_page_program(browser):
     stores.import_registry(before)
 
 
-def test_the_web_is_used_when_no_program_opens_the_page(make_watcher, service, browser, no_page_program):
+def test_web_site_opens_when_no_program_opens_the_page(make_watcher, service, browser, no_page_program):
     program = make_watcher(LAWRENCE)
     start(program, service)
     choose(program, "View Weather", NAMES[0], stations=NAMES[:1])

@@ -89,7 +89,7 @@ def test_many_alerts_and_elements_of_sixteen_mebibytes(make_watcher, feed):
 
 @pytest.mark.parametrize("registry", [False, True], ids=["ini", "registry"])
 def test_settings_of_many_characters(make_watcher, feed, registry):
-    """In the INI file no longer than the program writes them: some versions of Wine cut longer lines."""
+    """In the INI file no longer than the program writes them: some versions of Wine truncate longer lines."""
     feed.serve("66044", TORNADO)
     long = "Ł" * (100_000 if registry else 749)
     program = make_watcher(

@@ -79,7 +79,7 @@ def test_known_alerts_are_not_announced_again(make_watcher, feed, registry):
 
 
 def test_balloon_is_sent_again_with_each_later_change(make_watcher, feed, tmp_path):
-    """Each call shows the balloon again on Windows: a call more is one more notification."""
+    """On Windows each call shows the balloon again, so an extra call would be an extra notification."""
     calls = tmp_path / "calls.txt"
     with open(calls, "wb") as output:
         watcher = subprocess.Popen(["wine", os.environ["PROBE"], "watch-icons"], stdout=output, stderr=subprocess.DEVNULL)

@@ -64,12 +64,12 @@ def test_bad_answer_has_its_status_and_leaves_no_data(serve, downloader, reply, 
     assert not any("authorization" in head.lower() for head in server.heads)
 
 
-def test_gzip_is_decoded_where_it_was_requested(serve, downloader):
+def test_gzip_is_decoded_if_it_was_requested(serve, downloader):
     server = serve({"/feed": answer(200, gzip.compress(XML), "Content-Encoding: gzip")})
     outcome = downloader.fetch(server.url("/feed"))
     if "accept-encoding:" in server.heads[0].lower():
         assert (outcome.status, outcome.data) == ("0", XML)
-    else:  # the system cannot decode: compressed data must not pass for an answer
+    else:  # the system cannot decode: compressed data must not be accepted as an answer
         assert_failed(outcome, 1008)
 
 

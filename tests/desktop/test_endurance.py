@@ -20,8 +20,8 @@ def holdings_of(program):
 
 
 def run_cycles(program, feed, numbers):
-    """Every station has ten new alerts in a cycle and ten of the one before. Their identifiers fit in the
-    249 characters that a cycle cuts from the list of seen alerts; with more, that list would grow."""
+    """In each cycle every station has ten new alerts and the ten of the previous cycle. Their identifiers fit in the
+    249 characters that a cycle removes from the list of seen alerts; with more, the list would grow."""
     for number in numbers:
         for code in ("66044", "064321"):
             feed.serve(code, *((f"{n}{code}{i}", f"Alert {n} {i}", "body " * 50)
@@ -43,5 +43,5 @@ def test_cycles_leak_nothing(make_watcher, feed):
     late = holdings_of(program)
     print(f"after 10 cycles {early}, after {cycles} {late}")
     assert (late.kernel, late.gdi, late.user) == (early.kernel, early.gdi, early.user)
-    # Some heap pages are used late; 1000 cycles add no more than that.
+    # Some heap pages are used late; even 1000 cycles add no more than this.
     assert late.private_kib <= early.private_kib + 64

@@ -62,7 +62,7 @@ class Image:
         return {(library, name) for library, name in pairs if library.endswith(".dll") and name}
 
     def named_libraries(self):
-        """Returns also the libraries that are loaded on demand."""
+        """Returns all named libraries, including those that are loaded on demand."""
         names = (found[0].replace(b"\0", b"").decode("ascii").lower() for found in NAME.finditer(self.memory))
         return {name for name in names if name.endswith(".dll")} - {PROBED}
 

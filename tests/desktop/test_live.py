@@ -119,7 +119,7 @@ def test_stations_that_share_zones_share_a_request(service, downloader):
 
 
 @pytest.mark.parametrize("hours", [-2, 2])
-def test_the_clock_of_the_service_counts(service, downloader, hours):
+def test_expiry_follows_the_clock_of_the_service(service, downloader, hours):
     service.clock = hours
     service.alerts = collection(alert("a", "Hail", expires=moment(hours + 0.1)),
                                 alert("b", "Wind", expires=moment(hours - 0.1)))
@@ -127,7 +127,7 @@ def test_the_clock_of_the_service_counts(service, downloader, hours):
     assert b"<aws:title>Hail</aws:title>" in outcome.data and b"Wind" not in outcome.data
 
 
-def test_copies_at_once(service, downloader):
+def test_several_copies_at_once(service, downloader):
     service.max_age = 30
     service.alerts = collection(*(alert(f"urn:{n}", f"Hail {n}", vtec=vtec("NEW", f"KTOP.TO.W.00{n}"))
                                   for n in range(10, 30)))

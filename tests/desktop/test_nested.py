@@ -66,7 +66,7 @@ def test_commands_work_while_retrieving_is_disabled(waiting, feed, browser):
     wait_until(lambda: len(feed.codes()) == 2, "the second retrieval")
 
 
-def test_clock_starts_a_cycle_inside_a_waiting_one(waiting, feed):
+def test_clock_starts_a_cycle_during_a_waiting_one(waiting, feed):
     program, gate = waiting(at_start=False)
     program.tick(4)
     assert program.answers() and len(feed.codes()) == 1
@@ -86,7 +86,7 @@ def test_clock_starts_a_cycle_inside_a_waiting_one(waiting, feed):
 
 @pytest.mark.parametrize("by_clock", [True, False], ids=["clock", "command"])
 @pytest.mark.parametrize("window", ["Options", "About", "Check for New Version"])
-def test_retrievals_go_on_while_a_window_is_open(make_watcher, feed, window, by_clock):
+def test_retrievals_continue_while_a_window_is_open(make_watcher, feed, window, by_clock):
     feed.serve("66044", TORNADO)
     gate = feed.hold("66044")
     program = make_watcher(LAWRENCE)

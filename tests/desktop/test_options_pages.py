@@ -174,7 +174,7 @@ def test_every_control(make_program, feed, app_data_folder, set_keyboard, run_va
     assert program.store.read("Options", "Icon") == "default" and run_value() is None
 
 
-def test_only_an_icon_replaces_an_icon(make_program):
+def test_only_a_valid_icon_file_replaces_an_icon(make_program):
     program = make_program()
     program.store.write({"Misc": {"Runs": "2"}, "Options": {"LastOption": "TrayIcon"}})
     make_own_icon(program)

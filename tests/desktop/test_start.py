@@ -69,7 +69,7 @@ def test_start_loads_no_library_that_is_needed_later(make_watcher):
     assert [name for name in ("comctl32", "comdlg32", "ole32", "oleaut32", "winmm") if f"/{name}.dll" in mapped] == []
 
 
-def test_folder_name_is_no_switch(make_program, tmp_path):
+def test_folder_name_is_not_a_switch(make_program, tmp_path):
     program = make_program(registry=True, folder=tmp_path / "my -id folder")
     program.store.write({"Misc": {"Runs": "2"}})
     program.launched.append(subprocess.Popen(["wine", os.environ["PROBE"], "run",
@@ -92,7 +92,7 @@ def test_locked_files_do_not_count_as_empty(make_watcher, feed):
     choose(program, "Exit", alerts=["Tornado"], stations=["Lawrence"])
 
 
-def test_second_copy_ends_in_silence(make_watcher, feed, temp_folder):
+def test_second_copy_exits_silently(make_watcher, feed, temp_folder):
     feed.serve("66044", TORNADO)
     in_use = temp_folder / "SVA7.tmp"
     in_use.write_text("of the first copy's search")

@@ -130,7 +130,7 @@ def test_the_body_and_the_identifier(world, downloader, forget_list):
 
 
 def test_requests(world, downloader, forget_list):
-    """20 documents cost 1 + 20 requests and their redirects, the second time one request, or none at once."""
+    """20 documents take 1 + 20 requests and their redirects; later one request, or none while the list is cached."""
     world.set(*(cap(str(n), info(f"Hail {n}")) for n in range(20)))
     first = read(downloader.fetch(world.request + ALERTS))
     assert len(first) == 20 and len(world.targets()) == 1 + 20 * 2
@@ -176,7 +176,7 @@ def test_a_failure_is_never_an_empty_list(world, downloader, reply, status, at):
     assert titles(downloader.fetch(world.live + ALERTS)) == ["Hail"], "no failure is cached"
 
 
-def test_a_server_that_hangs_does_not_silence_the_other(world, service, downloader):
+def test_hanging_server_does_not_hide_alerts_of_the_other(world, service, downloader):
     service.alerts = collection(alert("a", "Tornado"))
     downloader.environment["SKYVANE_DL_SECONDS"] = "3"
     world.failures = {AREA: lambda connection: connection.recv(1)}

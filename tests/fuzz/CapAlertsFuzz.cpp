@@ -5,8 +5,8 @@
 #include "win/Text.h"
 #include "win/XmlGuard.h"
 
-// Whatever the documents and the cache contain, the answer is valid, every document that cannot be
-// read is in it, and what was kept is read back as it was. A form feed divides documents.
+// Whatever the documents and the cache contain, the answer is valid and names every unreadable
+// document, and a packed alert is unpacked unchanged. A form feed separates documents.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
     fpas::Answer answer;
@@ -36,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (std::size_t at = 0; (at = xml.find("Unreadable alert<", at)) != std::string::npos; ++at)
         unreadable -= unreadable > 0 ? 1 : 0;
     fuzz::Require(unreadable == 0);
-    // The memory changes nothing when the same answer comes again.
+    // With the memory, the same answer produces the same document again.
     fuzz::Require(build("de-CH") == xml);
     build("pt");
     return 0;

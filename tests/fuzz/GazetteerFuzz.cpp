@@ -5,8 +5,8 @@
 #include "downloader/feed/PlaceSearch.h"
 #include "tests/fuzz/Elements.h"
 
-// Whatever a gazetteer contains, look-ups read nothing outside of it, and whatever is searched, at
-// most the wanted number of places is found.
+// Whatever a gazetteer contains, look-ups read nothing outside it, and no search finds more places
+// than requested.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
     feed::FoldName(text);

@@ -5,7 +5,7 @@
 namespace search {
 namespace {
 
-TEST(MapBrowser, GetsOnlyTheKeysOfTheMap) {
+TEST(MapBrowser, ReceivesOnlyMapKeys) {
     for (const WPARAM key : {VK_TAB, VK_RETURN, VK_SPACE, VK_PRIOR, VK_HOME, VK_LEFT, VK_DOWN,
                              VK_ADD, VK_SUBTRACT, VK_OEM_PLUS, VK_OEM_MINUS}) {
         EXPECT_EQ(FindKeyTarget(key, false), KeyTarget::Map) << key;

@@ -42,8 +42,7 @@ TEST_F(SearchFeedTest, ReadsElementsWithTheNameOfTheFirst) {
     EXPECT_TRUE(ReadElements(other, "aws:weather/").empty());
 }
 
-// Creates documents that follow external references by default, as those of Windows do and Wine's
-// do not.
+// Creates documents that resolve external references by default, as on Windows but not in Wine.
 class FollowingDocuments final : public IClassFactory {
   public:
     STDMETHODIMP QueryInterface(REFIID, void** result) override {
@@ -65,7 +64,7 @@ class FollowingDocuments final : public IClassFactory {
     }
 };
 
-TEST_F(SearchFeedTest, DocumentsOpenNothingElse) {
+TEST_F(SearchFeedTest, DocumentsLoadNothingElse) {
     win::EnsureCom();
     FollowingDocuments factory;
     DWORD registration = 0;

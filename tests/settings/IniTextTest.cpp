@@ -15,7 +15,7 @@ TEST(IniText, ReadsTheFirstSectionOfAName) {
     EXPECT_EQ(ReadIniSection("[Alerts", "Alerts"), KeyValues{});
 }
 
-TEST(IniText, MergesValuesAndKeepsAllElse) {
+TEST(IniText, MergesValuesAndKeepsTheRest) {
     struct Case {
         const char* before;
         KeyValues values;

@@ -76,7 +76,7 @@ TEST_P(EitherStore, DeletesASectionFromTheRegistryOnly) {
     EXPECT_EQ(ReadSetting("Alerts", "Count"), GetParam() == kUseIniStore ? "2" : "");
 }
 
-TEST_F(Store, CutsForeignLongValuesAfterWholeCharacters) {
+TEST_F(Store, TruncatesLongForeignValuesAtCharacterBoundaries) {
     for (const char* start : {"", "x", "xx", "xxx"}) {  // the system may cut a character
         const std::string value = start + Repeat("\xF0\x9F\x8C\xAA", 800);
         win::WriteFileAtomically(tests::ScratchIniPath(), "[Options]\r\nk=" + value);
@@ -150,7 +150,7 @@ TEST_F(Store, WaitsForALockedIniFileAndNeverOverwritesIt) {
     EXPECT_EQ(ReadSetting("Misc", "Other"), "8");
 }
 
-TEST_F(Store, KeepsTextsOfEveryScript) {
+TEST_F(Store, KeepsTextInEveryScript) {
     const std::string text = "Łódź, Ελλάδα, 天気, 🌪, ירושלים";
     for (const std::int16_t store : {kUseIniStore, kUseRegistryStore}) {
         Use(store);

@@ -18,12 +18,12 @@ TEST_F(CodePageTest, ConvertsUtf8InEveryProcess) {
     EXPECT_EQ(FromWide(wide), "Ł י 天 🌪 é");
     EXPECT_EQ(FromWide(L"a\xD83C"), "a\xEF\xBF\xBD");
     EXPECT_EQ(ToWide(""), L"");
-    // A file of an older version of Windows.
+    // From a file in the code page of an older Windows version.
     EXPECT_EQ(ToWide("\xE9t\xE9"), isUtf8 ? L"\uFFFDt\uFFFD" : L"\u00E9t\u00E9");
     EXPECT_EQ(ToLower("ŁÓDŹ"), "łódź");
 }
 
-TEST_F(CodePageTest, ShowsThatCharactersAreMissing) {
+TEST_F(CodePageTest, MarksLostCharacters) {
     EXPECT_EQ(ToAnsi("Łódź, 天"), isUtf8 ? "Łódź, 天"
                                          : "?\xF3"
                                            "d?, ?");

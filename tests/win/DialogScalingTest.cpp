@@ -89,7 +89,7 @@ void ExpectLabels(HWND dialog) {
 }
 
 // Screen readers take the name of a list or box from the text before it.
-TEST_F(DialogScalingTest, PrecedesListsAndBoxesByTheirNames) {
+TEST_F(DialogScalingTest, PutsANameBeforeEachListAndBox) {
     WithDialog(ExpectLabels);
     for (const int form : {IDD_frmSearch, IDD_frmSearchChoose, IDD_InputBox}) {
         const HWND dialog = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(form),

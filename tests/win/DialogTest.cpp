@@ -9,7 +9,7 @@
 namespace win {
 namespace {
 
-TEST(Dialog, KeepsTextsOfEveryScript) {
+TEST(Dialog, KeepsTextInEveryScript) {
     constexpr int kControl = 7;
     const HWND dialog = CreateWindowExW(0, WC_STATICW, L"", WS_OVERLAPPED, 0, 0, 9, 9, nullptr,
                                         nullptr, nullptr, nullptr);
@@ -28,7 +28,7 @@ TEST(Dialog, KeepsTextsOfEveryScript) {
     DestroyWindow(dialog);
 }
 
-TEST(Dialog, CutsTheTextOfACellToItsBuffer) {
+TEST(Dialog, TruncatesCellTextToItsBuffer) {
     wchar_t buffer[] = {L'?', L'?', L'?', L'!'};
     NMLVDISPINFOW request{};
     request.item.pszText = buffer;

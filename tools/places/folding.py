@@ -6,7 +6,7 @@ LONG = {"st": "saint", "ste": "sainte", "ft": "fort", "mt": "mount", "spgs": "sp
         "bch": "beach", "jct": "junction", "sankt": "saint"}
 DIRECTIONS = {"n": "north", "s": "south", "e": "east", "w": "west"}
 TWO_LETTERS = {"Æ": "ae", "Œ": "oe", "ß": "ss", "Þ": "th", "Ĳ": "ij"}
-# Letters that Unicode does not take apart, and a few that others write without their mark.
+# Letters that Unicode does not decompose, and a few that are often written without their mark.
 OTHER_LETTERS = {"Ð": "d", "Đ": "d", "Ø": "o", "Ħ": "h", "ı": "i", "ĸ": "k", "Ŀ": "l", "Ł": "l", "ŉ": "n",
                  "Ŋ": "n", "Ŧ": "t", "ſ": "s", "Ơ": "o", "Ư": "u", "Ș": "s", "Ț": "t", "Ə": "a", "ς": "σ",
                  "Ё": "е"}

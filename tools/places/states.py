@@ -14,10 +14,10 @@ import re
 from folding import fold
 from tables import number, population, position
 
-# The reach of a ZIP code is a part of the distance to its nearest neighbour, within bounds in kilometres. By
-# bench/run area, this part misses few towns of a warned area and warns few others.
+# The reach of a ZIP code is a fraction of the distance to its nearest neighbour, within bounds in kilometres.
+# According to bench/run area, this fraction misses few towns of a warned area and warns few others.
 REACH_PART, SHORTEST_REACH, LONGEST_REACH = 0.7, 3, 40
-SAME_PLACE = 0.5  # kilometres: ZIP codes of post office boxes lie where another one does
+SAME_PLACE = 0.5  # kilometres: ZIP codes of post office boxes share the position of another one
 FEWEST, MOST = 40_500, 42_500  # ZIP codes
 BEYOND_STATES = {"PR": "Puerto Rico", "VI": "U.S. Virgin Islands", "GU": "Guam", "AS": "American Samoa",
                  "MP": "Northern Mariana Islands", "MH": "Marshall Islands"}
@@ -102,7 +102,7 @@ def join(centres, places, names):
 
 
 def read_spellings(places):
-    """{(folded name, state): name} as the Census writes the names of cities and the like."""
+    """Returns {(folded name, state): name}, spelled as in the Census, for cities, towns and similar places."""
     spellings = {}
     for _, _, description in places.values():
         if match := re.fullmatch(r"(.+) (?:city|town|village|borough|CDP|comunidad|zona urbana), (\w\w)",
@@ -112,9 +112,9 @@ def read_spellings(places):
 
 
 def find_reaches(joined):
-    """{ZIP code: its reach in kilometres}."""
+    """Returns {ZIP code: its reach in kilometres}."""
 
-    # Straight lines through the Earth: at these distances as long as those along its surface.
+    # Straight lines through the Earth: at these distances they are as long as lines along its surface.
     def place_in_space(latitude, longitude):
         latitude, longitude = math.radians(latitude), math.radians(longitude)
         return (6371 * math.cos(latitude) * math.cos(longitude),

@@ -14,7 +14,7 @@ def position(latitude, longitude):
 
 
 def population(inhabitants):
-    """Returns a population for comparison, in 2 bytes: its first 11 bits and by how much they are shifted."""
+    """Returns a population for comparison, in 2 bytes: its leading 11 bits and their shift count."""
     shift = max(inhabitants.bit_length() - 11, 0)
     return number(shift << 11 | inhabitants >> shift, 2)
 

@@ -14,7 +14,7 @@ FEWEST_INHABITANTS = 5000
 FEWEST, MOST = 41_000, 45_000  # cities
 # Names of countries that countries-list writes without their accents.
 ACCENTED = {"AX": "Åland", "BL": "Saint Barthélemy", "CW": "Curaçao", "RE": "Réunion", "ST": "São Tomé and Príncipe"}
-# Names that people also look for.
+# Other names that people search for.
 OTHER_COUNTRY_NAMES = {"AE": "UAE", "CD": "Congo", "CV": "Cape Verde", "CZ": "Czech Republic", "GB": "UK",
                        "MK": "Macedonia", "MM": "Burma", "NL": "Holland", "SZ": "Swaziland", "TL": "Timor-Leste",
                        "TR": "Turkey"}
@@ -111,7 +111,7 @@ def read_regions(path):
 
 
 def find_near(city, cities, taken):
-    """Returns the name of the nearest larger city in the country, but none of those that are taken."""
+    """Returns the name of the nearest larger city in the country whose name is not taken."""
     larger = [other for other in cities if other.country == city.country and other.name not in taken and
               other.population >= max(FEWEST_NEAR, city.population)]
     return min(larger, key=lambda other: distance((city.latitude, city.longitude), (other.latitude, other.longitude)),
@@ -121,8 +121,8 @@ def find_near(city, cities, taken):
 def name_regions(cities, regions):
     """Returns {number: (name of the region, whether it is shown)}.
 
-    It is shown if the country has several cities of the name. If even the region has, or if its name is not
-    known, the nearest larger city follows it: "Bavaria near Munich".
+    It is shown if the country has several cities of the name. If the region has several too, or if its name is
+    not known, the nearest larger city follows it: "Bavaria near Munich".
     """
     named = {city.number: (regions.get((city.country, city.region), ""), False) for city in cities}
     namesakes = collections.defaultdict(list)
@@ -149,9 +149,9 @@ def find_script(name):
 def find_other_names(path, cities):
     """Returns sorted (hash of the folded name, index of the city) of the cities' other names.
 
-    All of them would take too much space. Kept are the names in a script of the country, and, of well-known
-    cities, those in Latin letters. GeoNames also lists codes of airports, and transcripts without capitals
-    that nobody writes.
+    All of them would take too much space, so only names in a script of the country are kept, and, for well-known
+    cities, names in Latin letters. Airport codes are skipped, and so are transcriptions in lower case, which are
+    not in use.
     """
     index_of, found = {city.number: index for index, city in enumerate(cities)}, set()
     for line in pathlib.Path(path).read_text(encoding="utf-8").splitlines():

@@ -11,7 +11,7 @@ std::string Repeat(const std::string& text, int count) {
     return all;
 }
 
-TEST(XmlTree, RejectsWhatIsNotSafe) {
+TEST(XmlTree, RejectsUnsafeDocuments) {
     const std::string utf16("\xFF\xFE<\0a\0/\0>\0", 10);
     const std::pair<std::string, bool> kCases[] = {
         {"<a/>", true},
@@ -19,7 +19,7 @@ TEST(XmlTree, RejectsWhatIsNotSafe) {
         {Repeat("<a>", 32) + Repeat("</a>", 32), true},
         {Repeat("<a>", 33) + Repeat("</a>", 33), false},
         {Repeat("<a>", 100'000), false},
-        // What looks like a quote does not hide elements.
+        // An apparent quote does not hide elements.
         {"<a\">" + Repeat("<a>", 100'000) + "\"/>", false},
         {"<a=\">" + Repeat("<a>", 100'000) + "\"/>", false},
         {"<a b\"=''>" + Repeat("<a>", 100'000) + "\"/>", false},

@@ -7,7 +7,7 @@
 namespace fpas {
 namespace {
 
-TEST(ReadAlert, CutsLongTextsButNoReferences) {
+TEST(ReadAlert, TruncatesLongTextsButNotReferences) {
     std::string words;
     for (int i = 0; i < 20'000; ++i) words += "ж";
     const auto alert =
@@ -17,7 +17,7 @@ TEST(ReadAlert, CutsLongTextsButNoReferences) {
     EXPECT_EQ(alert->infos[0].description.substr(32'760), "жжж...");
 }
 
-TEST(ReadAlert, RejectsWhatIsNoAlert) {
+TEST(ReadAlert, RejectsOtherDocuments) {
     std::string blocks;
     for (int i = 0; i < 1000; ++i) blocks += Block({});
     const std::pair<std::string, bool> kCases[] = {

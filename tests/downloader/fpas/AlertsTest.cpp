@@ -64,7 +64,7 @@ TEST(BuildAlertDocument, ReadsRecordedAlerts) {
             << c.file << " " << c.now;
 }
 
-TEST(BuildAlertDocument, ReportsWhatIsInForce) {
+TEST(BuildAlertDocument, ReportsAlertsInForce) {
     const std::pair<std::string, bool> kCases[] = {
         {Document({}), true},
         {Document({{"msgType", "Update"}}), true},
@@ -103,7 +103,7 @@ TEST(BuildAlertDocument, ReportsWhatIsInForce) {
         EXPECT_EQ(All("id", {document}).size(), isInForce ? 1u : 0u) << document;
 }
 
-TEST(BuildAlertDocument, OmitsWhatAnotherDocumentReplaces) {
+TEST(BuildAlertDocument, OmitsReplacedAlerts) {
     const char* const later = "2026-07-15T17:00:00Z";
     const char* const ours = "x@y,z,2026-07-15T10:00:00Z MET@example.org,a,2026-07-15T16:00:00Z";
     const std::pair<std::string, Texts> kCases[] = {
@@ -114,8 +114,8 @@ TEST(BuildAlertDocument, OmitsWhatAnotherDocumentReplaces) {
         {Update("b", later, ours, {{"msgType", "Ack"}}), {"Storm"}},
         {Update("b", later, "other@example.org,a,2026-07-15T16:00:00Z"), {"Update", "Storm"}},
         {Update("b", later, "a"), {"Update", "Storm"}},
-        {Update("b", "2026-07-15T15:00:00Z", ours), {"Storm", "Update"}},  // of the past
-        {Update("a", later, ours), {"Update"}},  // to itself, by the wrong time
+        {Update("b", "2026-07-15T15:00:00Z", ours), {"Storm", "Update"}},  // sent before the alert
+        {Update("a", later, ours), {"Update"}},  // refers to itself, with a wrong time
     };
     for (const auto& [document, titles] : kCases)
         for (const Texts& documents :
@@ -183,7 +183,7 @@ TEST(BuildAlertDocument, ChoosesTheBlocksOfThePlace) {
         {"<circle>51.5,-0.1 770</circle>", zurich, false},
         {kGeocode, zurich, true},
         {"<areaDesc>Everywhere</areaDesc>", zurich, true},
-        {polygon("47,8 47"), zurich, true},  // damaged: nothing may be lost
+        {polygon("47,8 47"), zurich, true},  // damaged: no alert may be lost
         {polygon("47,8 48,9"), zurich, true},
         {polygon("-90,-180 90,-180 90,180 -90,180"), zurich, true},  // everywhere
         {polygon("40,-100 40,30 40,190 60,190 60,30 60,-100"), zurich, true},
@@ -195,11 +195,11 @@ TEST(BuildAlertDocument, ChoosesTheBlocksOfThePlace) {
         EXPECT_EQ(All("title", {document}, {.place = c.place}), c.isShown ? Texts{"Snow"} : Texts{})
             << c.area;
     }
-    // The server has found the area of a block that is alone, and of blocks for one area.
+    // The server matched the place against a single block, or against blocks for one area.
     EXPECT_EQ(All("title", {Document({}, Block({{"area", far}}))}), Texts{"Storm"});
     const std::string same = Block({{"area", far}}) + Block({{"event", "Snow"}, {"area", far}});
     EXPECT_EQ(All("id", {Document({}, same)}).size(), 2u);
-    // The areas of two blocks begin and end alike, and are as long.
+    // The areas of the two blocks begin and end alike and are equally long.
     const std::string north = polygon("47.00,8.00 47.00,9.00 48.00,9.00 48.00,8.00 47.00,8.00");
     const std::string south = polygon("47.00,8.00 47.00,9.00 46.00,9.00 46.00,8.00 47.00,8.00");
     EXPECT_EQ(All("title", {Document({}, Block({{"area", south}}) +
@@ -249,7 +249,7 @@ TEST(BuildAlertDocument, KeepsTheIdentifierOfAnEvent) {
     EXPECT_EQ(identify({Document({{"identifier", "d"}, {"sent", later}})}), first);
     EXPECT_EQ(identify({Document({}), Document({{"identifier", "d"}, {"sent", later}})}), first);
     EXPECT_EQ(identify({Document({{"identifier", "g"}}, Block({{"event", "Update"}}))}), first);
-    // The same words for another event.
+    // Another event in the same words.
     EXPECT_NE(
         identify({Document({{"identifier", "e"}}, Block({{"onset", "2026-07-15T18:30:00Z"}}))}),
         first);
@@ -257,7 +257,7 @@ TEST(BuildAlertDocument, KeepsTheIdentifierOfAnEvent) {
     const std::string french = Document({{"identifier", "h"}, {"sent", "2026-07-15T15:00:00Z"}},
                                         Block({{"language", "fr"}, {"event", "Orage"}}));
     EXPECT_EQ(identify({french, Document({})}), first);
-    // Two updates divide the area of an alert.
+    // Two updates split the area of an alert.
     const std::string half = Document({{"identifier", "f"},
                                        {"msgType", "Update"},
                                        {"references", "met@example.org,a,2026-07-15T16:00:00Z"}},
@@ -265,7 +265,7 @@ TEST(BuildAlertDocument, KeepsTheIdentifierOfAnEvent) {
     const Texts both = identify({b, half});
     EXPECT_EQ(both.size(), 2u);
     EXPECT_EQ(identify({half, b}), both);
-    // Two updates divide it into two events.
+    // Two updates split an alert into two events.
     const std::string rain = Document({{"identifier", "r"},
                                        {"msgType", "Update"},
                                        {"references", "met@example.org,a,2026-07-15T16:00:00Z"}},
@@ -276,7 +276,7 @@ TEST(BuildAlertDocument, KeepsTheIdentifierOfAnEvent) {
     EXPECT_EQ(identify({rain, wind}), events);
 }
 
-TEST(BuildAlertDocument, TellsWhatCannotBeRead) {
+TEST(BuildAlertDocument, ReportsUnreadableDocuments) {
     const Texts documents = {Document({}),
                              Document({}).substr(0, 500),
                              Document({{"identifier", ""}}),
@@ -298,7 +298,7 @@ TEST(BuildAlertDocument, TellsWhatCannotBeRead) {
               (Texts{"Storm", "More alerts than can be read"}));
 }
 
-TEST(BuildAlertDocument, WritesTheWorstFirst) {
+TEST(BuildAlertDocument, WritesTheMostSevereFirst) {
     const std::string two = Document({}, Block({{"event", "Very heavy rain and thunderstorms"},
                                                 {"headline", "Rain &amp; more"},
                                                 {"description", "<![CDATA[Rain\nof <30> mm.]]>"},

@@ -22,7 +22,7 @@ inline std::string ToXml(const Elements& elements, const std::string& more = {})
 inline const std::string kGeocode =
     "<areaDesc>Coast</areaDesc><geocode><valueName>E</valueName><value>E1</value></geocode>";
 
-// A block. An element that is given as empty is omitted.
+// A block. An element whose value is empty is omitted.
 inline std::string Block(Elements elements) {
     elements.insert({{"language", "en-GB"},
                      {"category", "Met"},

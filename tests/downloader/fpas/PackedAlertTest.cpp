@@ -7,7 +7,7 @@
 namespace fpas {
 namespace {
 
-TEST(PackAlert, KeepsWhatWasRead) {
+TEST(PackAlert, RoundTrips) {
     const auto alert = ReadAlert(Document(
         {}, Block({{"area", "<polygon>1,2 3,4 5,6</polygon><circle>1,2 3</circle>"}}) +
                 Block({{"headline", "Łódź"}, {"category", "Met</category><category>Geo"}})));

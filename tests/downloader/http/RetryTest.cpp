@@ -17,7 +17,7 @@ Response Failed(int status, const char* body = "", const char* retryAfter = "") 
     return response;
 }
 
-TEST(IsTransient, TellsWhatPassesFromWhatIsFinal) {
+TEST(IsTransient, DistinguishesTransientFromPermanentFailures) {
     for (const int status :
          {500, 502, 503, 504, 429, 403, 12002, 12007, 12029, 12030, 12152, 1007, 1008})
         EXPECT_TRUE(IsTransient(Failed(status), BodyForm::JsonObject)) << status;
@@ -75,7 +75,7 @@ TEST(ServerTime, AddsTheAgeOfACachedAnswer) {
     EXPECT_EQ(ServerTime(Response()), std::nullopt);
 }
 
-TEST(ParseHttpDate, ReadsTheOneFormThatServersWrite) {
+TEST(ParseHttpDate, ReadsOnlyTheFormatThatServersSend) {
     EXPECT_EQ(ParseHttpDate("Thu, 01 Jan 1970 00:00:00 GMT"), 0);
     EXPECT_EQ(ParseHttpDate("Thu, 29 Feb 2024 23:59:59 GMT"), 1709251199);
     for (const char* text :

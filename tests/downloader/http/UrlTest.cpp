@@ -46,7 +46,7 @@ TEST(CheckRedirect, RefusesLessSecurityAndOtherSchemes) {
     EXPECT_EQ(CheckRedirect("http://a", "", false), kForeignRedirect);
 }
 
-TEST(CheckRedirect, KeepsToTheHost) {
+TEST(CheckRedirect, StaysOnTheHost) {
     for (const char* same : {"https://a/c", "HTTPS://A:443?c", "https://a:443"})
         EXPECT_EQ(CheckRedirect("https://a/b", same, true), kSuccess) << same;
     for (const char* other : {"https://a:8/b", "https://a.b/b", "https://a@c/b", "https://b/a"})

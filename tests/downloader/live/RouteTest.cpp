@@ -43,7 +43,7 @@ TEST(ParseUrl, RefusesOtherHosts) {
             << hosts;
 }
 
-TEST(BuildUnavailableDocument, HidesFailuresOfTheWorldsAlertsOnly) {
+TEST(BuildUnavailableDocument, HidesOnlyFailuresOfAlertsAbroad) {
     for (const auto& [query, isHidden] : {std::pair{"requesttype=6&ZipCode=g1", true},
                                           {"requesttype=6&ZipCode=66044", false},
                                           {"requesttype=1&zipcode=g1", false},

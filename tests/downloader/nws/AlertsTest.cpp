@@ -11,7 +11,7 @@ using Texts = std::vector<std::string>;
 
 const std::int64_t kNow = Time("2026-07-15T18:00:00Z");
 
-// A place in South Carolina, with zones from everywhere that the recorded answers name.
+// A place in South Carolina, but with zones of all the places in the recorded answers.
 AlertPlace Here() {
     return {{34.1, -80.7}, 5, {"AZC013", "AZZ540", "GAZ117", "MDZ008", "SCC079", "WIZ005"}};
 }
@@ -63,7 +63,7 @@ TEST(BuildAlertDocument, ReadsRecordedAnswers) {
         EXPECT_EQ(All("title", Recorded(c.file), Time(c.now)), c.titles) << c.file << " " << c.now;
 }
 
-TEST(BuildAlertDocument, ReportsWhatConcernsThePlace) {
+TEST(BuildAlertDocument, ReportsAlertsThatConcernThePlace) {
     const std::string near =
         R"({"type":"Polygon","coordinates":[[[-80,34],[-80,34.2],[-80.66,34.1]]]})";
     const std::string far =

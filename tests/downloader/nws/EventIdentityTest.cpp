@@ -22,7 +22,7 @@ struct Service {
             IdentifyEvents({message}, memory, Time("2026-01-01T00:00:00Z")).front());
     }
 
-    // The next message of an event, which names only the one before.
+    // The next message of an event, which names only its predecessor.
     std::string Continue(Message message) {
         const std::string last = "urn:oid:" + std::to_string(lastIdentifier);
         message.replaced = {last};
@@ -64,14 +64,15 @@ TEST(IdentifyEvents, KeepsAnEventThroughItsUpdates) {
     EXPECT_EQ(service.Continue(Warning(kContinued, "2026-01-03T00:00:00Z")), identifier);
     EXPECT_NE(service.Continue(Warning("/O.NEW.KTOP.FL.W.0100.260103T2200Z-000000T0000Z/")),
               identifier);
-    // A new event that replaces an old one of another kind began this year.
+    // A new event began this year, although it replaces an older event of another kind.
     constexpr char kFirst[] = "/O.NEW.KTOP.FL.W.0001.000000T0000Z-000000T0000Z/";
     Message made = Warning(kFirst, "2026-01-02T00:00:00Z");
     const std::string january = Service().Tell(made);
     made.firstReplaced = "urn:oid:1";
     made.firstSent = "2025-12-31T22:00:00Z";
     EXPECT_EQ(Service().Tell(made), january);
-    // A watch that a warning replaces is another event, and so is next year's of the same number.
+    // A watch that a warning replaces is another event, and so is a warning with the same number in
+    // the next year.
     EXPECT_NE(service.Continue(Warning("/O.NEW.KTOP.FL.A.0099.251231T2200Z-000000T0000Z/")),
               identifier);
     EXPECT_NE(service.Tell(Warning("/O.NEW.KTOP.FL.W.0099.260605T2200Z-000000T0000Z/",
@@ -86,7 +87,7 @@ TEST(IdentifyEvents, KeepsAnEventThroughItsUpdates) {
     EXPECT_NE(service.Tell(Statement("Gusts")), statement);
 }
 
-TEST(IdentifyEvents, TellsAnEscalationAgain) {
+TEST(IdentifyEvents, ReportsAnEscalationAgain) {
     Service service;
     std::set<std::string> identifiers;
     std::string highest;
@@ -109,7 +110,7 @@ TEST(IdentifyEvents, TellsAnEscalationAgain) {
         identifiers.insert(highest);
         EXPECT_EQ(identifiers.size(), step.identifiers);
     }
-    // Part of the area is cancelled, in the same answer: it lowers nothing.
+    // A cancellation for part of the area, in the same answer, does not lower the tier.
     Message cancelled = Warning("/O.CAN.KTOP.TO.W.0045.000000T0000Z-260101T0100Z/");
     Message rest = Warning("/O.CON.KTOP.TO.W.0045.000000T0000Z-260101T0100Z/");
     const auto events = IdentifyEvents({cancelled, rest}, service.memory, 0);

@@ -1,12 +1,12 @@
-// A browser control that stands in for the platform's, of which the test machine has none. It does
-// what the program asks of a browser and of its page, and keeps the page in the folder that
-// STANDIN_FOLDER names, for the test to read and write:
+// A substitute for the platform's browser control, which the test machine lacks. It implements what
+// the program uses of a browser and of its page, and keeps the page in the folder named by
+// STANDIN_FOLDER, for the test to read and write:
 //
-//   navigated.txt      the addresses, one a line
-//   busy               the control is busy while this file is there
-//   loading            its page is not complete while this file is there
+//   navigated.txt      the addresses, one per line
+//   busy               the control is busy while this file exists
+//   loading            its page is not complete while this file exists
 //   body.txt           the body's inner markup
-//   NAME.element       the inner markup of the element of that name, which is missing without it
+//   NAME.element       the inner markup of the element NAME, if there is one
 #include <windows.h>
 #include <oleidl.h>
 
@@ -50,7 +50,7 @@ void Write(const std::wstring& name, const std::wstring& text) {
     win::OverwriteFile(PathOf(name), win::FromWide(text));
 }
 
-// What an object stands for; elements have their file's name.
+// What an object represents; an element has the name of its file.
 enum class Kind { Browser, Document, Collection, Element };
 
 class Object : public IDispatch {
@@ -103,7 +103,7 @@ class Object : public IDispatch {
         }
         if (kind_ == Kind::Browser && member == kDocument)
             return Give(result, new Object(Kind::Document, L""));
-        // As the platform's collection, this one wants its key itself.
+        // Like the platform's, the collection itself takes the key.
         if (kind_ == Kind::Document && member == kAll)
             return parameters->cArgs ? DISP_E_BADPARAMCOUNT
                                      : Give(result, new Object(Kind::Collection, L""));
@@ -137,7 +137,7 @@ class Object : public IDispatch {
     ULONG references_ = 1;
 };
 
-// The control itself: an object that can be embedded, and shows nothing.
+// The control itself: an embeddable object that shows nothing.
 class Browser final : public Object, public IOleObject {
   public:
     Browser() : Object(Kind::Browser, L"") {}
