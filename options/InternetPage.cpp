@@ -1,6 +1,9 @@
+#include <string>
+
 #include "options/Pages.h"
 #include "options/PlainControls.h"
 #include "options/resource.h"
+#include "settings/MessageBoxes.h"
 #include "settings/ProxyLogin.h"
 #include "win/Dialog.h"
 
@@ -30,8 +33,15 @@ void Load(HWND page) {
 
 void Apply(HWND page) {
     ApplyControls(page, kControls);
-    SaveProxyUserName(win::ControlText(page, frmOptions_Text1));
-    SaveProxyPassword(win::ControlText(page, frmOptions_Text2));
+    const bool isUserNameSaved = SaveProxyUserName(win::ControlText(page, frmOptions_Text1));
+    const bool isPasswordSaved = SaveProxyPassword(win::ControlText(page, frmOptions_Text2));
+    if (isUserNameSaved && isPasswordSaved) return;
+    MarkChanged(page);
+    ShowMessage(page,
+                std::string(isUserNameSaved ? "The password" : "The user name") +
+                    " for the proxy was not saved: it is too long or has characters that cannot be "
+                    "stored, such as those of other alphabets.",
+                MB_ICONEXCLAMATION);
 }
 
 }  // namespace

@@ -6,8 +6,10 @@
 namespace settings {
 namespace {
 
-void Save(const Setting& setting, const std::string& plain) {
-    if (const auto scrambled = Scramble(plain)) WriteSetting(setting, *scrambled);
+bool Save(const Setting& setting, const std::string& plain) {
+    const auto scrambled = Scramble(plain);
+    if (scrambled) WriteSetting(setting, *scrambled);
+    return scrambled.has_value();
 }
 
 std::string Read(const Setting& setting) {
@@ -20,12 +22,12 @@ ProxyLogin ReadProxyLogin() {
     return {Read(kProxyUsername), Read(kProxyPassword)};
 }
 
-void SaveProxyUserName(const std::string& userName) {
-    Save(kProxyUsername, userName);
+bool SaveProxyUserName(const std::string& userName) {
+    return Save(kProxyUsername, userName);
 }
 
-void SaveProxyPassword(const std::string& password) {
-    Save(kProxyPassword, password);
+bool SaveProxyPassword(const std::string& password) {
+    return Save(kProxyPassword, password);
 }
 
 }  // namespace settings

@@ -12,8 +12,8 @@ struct ProxyLogin {
 // Returns the stored login in plain text; a value that is not scrambled text reads as empty.
 ProxyLogin ReadProxyLogin();
 
-// Store one of the two. A text that cannot be scrambled leaves the old value.
-void SaveProxyUserName(const std::string& userName);
-void SaveProxyPassword(const std::string& password);
+// Store one of the two. Return false if the text cannot be scrambled, which leaves the old value.
+bool SaveProxyUserName(const std::string& userName);
+bool SaveProxyPassword(const std::string& password);
 
 }  // namespace settings
