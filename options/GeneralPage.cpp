@@ -42,6 +42,12 @@ bool IsStartSwitchedOff() {
     return !state.empty() && (state[0] & 1);
 }
 
+// Shows the line below Check3 that says so.
+void ShowStartSwitchedOff(HWND page) {
+    const bool show = win::IsChecked(page, frmOptions_Check3) && IsStartSwitchedOff();
+    ShowWindow(GetDlgItem(page, frmOptions_SwitchedOff), show ? SW_SHOW : SW_HIDE);
+}
+
 void ApplyInterval(const std::string& interval) {
     if (interval == kNever)
         tray::StopMinuteClock();
@@ -54,6 +60,7 @@ INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
     if (wParam == MAKEWPARAM(frmOptions_Check28, BN_CLICKED))
         storeLocationChanged =
             win::IsChecked(page, frmOptions_Check28) != State().storeFilesInProgramFolder;
+    if (wParam == MAKEWPARAM(frmOptions_Check3, BN_CLICKED)) ShowStartSwitchedOff(page);
     MarkControlChange(page, kControls, wParam);
     return TRUE;
 }
@@ -63,7 +70,7 @@ void Load(HWND page) {
     const win::ListControl combo = win::ComboBox(page, frmOptions_Combo2);
     for (const Interval& interval : kIntervals) win::AddItem(combo, std::string(interval.caption));
     LoadControls(page, kControls);
-    ShowWindow(GetDlgItem(page, frmOptions_SwitchedOff), IsStartSwitchedOff() ? SW_SHOW : SW_HIDE);
+    ShowStartSwitchedOff(page);
 }
 
 void Apply(HWND page) {
