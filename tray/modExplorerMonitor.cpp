@@ -14,6 +14,7 @@ LRESULT CALLBACK MonitorProcedure(HWND window, UINT message, WPARAM wParam, LPAR
     if (message == TaskbarCreatedMessage) {
         LoadImages();  // Windows also sends the message when the taskbar's scaling changes
         AddTrayIcon();
+        RefreshTrayIconImage();  // an icon that the taskbar still has cannot be added
     }
     const auto previous = reinterpret_cast<WNDPROC>(GetPropA(window, kProcedure));
     return CallWindowProcA(previous, window, message, wParam, lParam);

@@ -123,6 +123,15 @@ bool AlertItemsCollide() {
     return false;
 }
 
+// Whether the point is in the taskbar or in a window that belongs to it. The place of a hidden icon
+// may be that of the arrow, although the icon was clicked in the window that the arrow opens.
+bool IsInTaskbar(POINT point) {
+    const HWND taskbar = FindWindowW(L"Shell_TrayWnd", nullptr);
+    const HWND window = GetAncestor(WindowFromPoint(point), GA_ROOT);
+    return taskbar &&
+           GetWindowThreadProcessId(window, nullptr) == GetWindowThreadProcessId(taskbar, nullptr);
+}
+
 // Shows the menu at the pointer, or next to the icon if the keyboard has chosen the icon and the
 // pointer is elsewhere. The message of the icon is the same for both.
 void TrackTrayMenu() {
@@ -130,7 +139,7 @@ void TrackTrayMenu() {
     GetCursorPos(&cursor);
     const auto icon = FindTrayIcon();
     const bool isClick = GetAsyncKeyState(VK_RBUTTON) < 0 || GetAsyncKeyState(VK_LBUTTON) < 0;
-    if (isClick || !icon || PtInRect(&*icon, cursor)) {
+    if (isClick || !icon || PtInRect(&*icon, cursor) || IsInTaskbar(cursor)) {
         TrackPopupMenu(TrayMenuHandle, TPM_RIGHTBUTTON, cursor.x, cursor.y, 0, TrayWindow(),
                        nullptr);
         return;
