@@ -1,5 +1,19 @@
 ; The steps of the installer.
 
+; Stores an option of the program, unless the user has already set it.
+!macro PresetOption Name Value
+  ReadRegStr $0 HKCU "${SETTINGS_KEY}\Options" "${Name}"
+  ${If} $0 == ""
+    WriteRegStr HKCU "${SETTINGS_KEY}\Options" "${Name}" "${Value}"
+  ${EndIf}
+!macroend
+
+; Without these values, new alerts show no balloon and a chosen sound never plays.
+!macro PresetAlerts
+  !insertmacro PresetOption "DisplayTrayAlert" "True"
+  !insertmacro PresetOption "FlashTrayIcon" "True"
+!macroend
+
 Function RefuseWithoutRights
   SetErrorLevel ${EXIT_NEEDS_ADMINISTRATOR}
   Quit
@@ -50,14 +64,6 @@ Function WriteUninstallEntry
   WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoRepair" 1
 FunctionEnd
 
-; Stores an option of the program, unless the user has already set it.
-!macro PresetOption Name Value
-  ReadRegStr $0 HKCU "${SETTINGS_KEY}\Options" "${Name}"
-  ${If} $0 == ""
-    WriteRegStr HKCU "${SETTINGS_KEY}\Options" "${Name}" "${Value}"
-  ${EndIf}
-!macroend
-
 Section "${PRODUCT}"
   SectionIn RO
   !insertmacro TakeUsersContext
@@ -71,10 +77,8 @@ Section "${PRODUCT}"
   WriteUninstaller "$INSTDIR\Uninstall.exe"
   CreateShortcut "$SMPROGRAMS\${PRODUCT}.lnk" "$INSTDIR\${PROGRAM}"
   Call WriteUninstallEntry
-  ; Without these values, new alerts show no balloon and a chosen sound never plays.
   ${If} $OtherUser = 0
-    !insertmacro PresetOption "DisplayTrayAlert" "True"
-    !insertmacro PresetOption "FlashTrayIcon" "True"
+    !insertmacro PresetAlerts
   ${EndIf}
   ${If} $Updating = 1
     StrCpy $FinishText "${PRODUCT} has been updated. Your settings and stations were kept."
@@ -179,4 +183,8 @@ Function StartElevated
   ${EndIf}
   ClearErrors
   ExecShell "runas" "$EXEPATH" "$1"
+  ${IfNot} ${Errors}
+    !insertmacro PresetAlerts  ; for the user who has signed in, as whom the copy may not run
+    ClearErrors
+  ${EndIf}
 FunctionEnd

@@ -16,15 +16,15 @@
   ClearErrors
 !macroend
 
-; Sets $0 to 1 if the installer runs as another user than the one who has signed in, whose settings and start
-; with Windows it therefore cannot reach, otherwise to 0.
+; Sets $0 to 1 if the installer runs with an administrator's rights as another user than the one who has signed
+; in, whose settings and start with Windows it therefore cannot reach, otherwise to 0.
 !macro AskForOtherUser
-  StrCpy $0 0
+  !insertmacro AskForRights
   ReadEnvStr $1 "USERNAME"
   System::Call 'wtsapi32::WTSQuerySessionInformationW(p 0, i -1, i 5, *w .r2, *i) i .r3'
-  ${If} $3 <> 0
-  ${AndIf} $1 != $2
-    StrCpy $0 1
+  ${If} $3 = 0
+  ${OrIf} $1 == $2
+    StrCpy $0 0
   ${EndIf}
 !macroend
 
