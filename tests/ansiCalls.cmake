@@ -36,6 +36,8 @@ foreach(source ${sources})
   foreach(line ${lines})
     if(line MATCHES "LATE_FUNCTION\\(.*, ([A-Za-z]+A)\\)")
       list(APPEND calls ${name}:${CMAKE_MATCH_1})
+    elseif(line MATCHES "\"([A-Za-z]+[a-z]A)\"")  # the name of a function
+      list(APPEND calls ${name}:${CMAKE_MATCH_1})
     elseif(line MATCHES "[^A-Z_]((CB|HD|LB|LV|TC|TT|TV)[MN]_[A-Z]+A)[^A-Za-z0-9_]")
       list(APPEND calls ${name}:${CMAKE_MATCH_1})
     endif()

@@ -13,14 +13,6 @@
 // and idle memory, and an ordinary start needs none of them.
 namespace win {
 
-// Returns a function of a system library, which is loaded if needed and stays loaded; null if the
-// library or the function is missing.
-inline void* FindFunction(const wchar_t* library, const char* name) {
-    // Without a path, the manifest chooses the library's version (comctl32).
-    const HMODULE module = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    return reinterpret_cast<void*>(module ? GetProcAddress(module, name) : nullptr);
-}
-
 // A function of a system library that is looked up at its first call. `Function` is the function's
 // type; the object is called like the function. A test finds all objects in the built programs and
 // compares them with the functions of Windows 10, so no function is looked up in another way.
@@ -31,9 +23,14 @@ class LateFunction {
     constexpr LateFunction(const wchar_t* library, const char* name)
         : library_(library), name_(name) {}
 
-    // Returns the function, or null if it is missing.
+    // Returns the function, or null if it or its library is missing. The library stays loaded.
     Function* Find() {
-        if (!function_) function_ = reinterpret_cast<Function*>(FindFunction(library_, name_));
+        if (function_) return function_;
+        // Without a path, the manifest chooses the library's version (comctl32).
+        const HMODULE library = LoadLibraryExW(library_, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+        if (library)
+            function_ = reinterpret_cast<Function*>(
+                reinterpret_cast<void*>(GetProcAddress(library, name_)));
         return function_;
     }
     // The process ends if the function is missing, as it would for an ordinary import.

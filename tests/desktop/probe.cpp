@@ -13,6 +13,7 @@
 //                                          subkey, name, value
 //   folders                                the user's temporary and application data folders
 //   rows TITLE                             rows of the window's list: "selected" or "", icon, texts
+//   type TITLE TEXT                        changes the text of the window's text box
 //   run PROGRAM [COMMANDLINE]              starts the program and waits until it exits
 //   hold FILE SECONDS                      locks the file
 //   catch ADDRESS                          acts as the browser: appends the address to opened.txt
@@ -228,6 +229,13 @@ int StartProgram(const char* program, char* commandLine) {
     return 0;
 }
 
+void Type(const char* title, const char* text) {
+    const HWND window = FindWindowA(nullptr, title);
+    const HWND box = window ? FindWindowExA(window, nullptr, WC_EDITA, nullptr) : nullptr;
+    if (!box) std::exit(3);
+    Ask(box, WM_SETTEXT, 0, win::ToWide(text).c_str());
+}
+
 void PrintTexts(const char* path) {
     std::vector<wchar_t> text(1 << 20);
     wchar_t section[256], name[256];
@@ -286,6 +294,8 @@ int Run(int count, char** arguments) {
         PrintRows(arguments[1]);
     } else if (command == "texts" && count == 2) {
         PrintTexts(arguments[1]);
+    } else if (command == "type" && count == 3) {
+        Type(arguments[1], arguments[2]);
     } else if (command == "folders") {
         Print(Escaped(std::getenv("TEMP")) + "\t" + Escaped(std::getenv("APPDATA")) + "\n");
     } else if (command == "run" && count >= 2) {

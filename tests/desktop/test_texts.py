@@ -1,11 +1,14 @@
-"""Names of every script in the lists of all dialogs, also on a system that ignores the manifest's code page,
+"""Names of every script in the text boxes and lists of all dialogs, also on a system that ignores the manifest's code page,
 as Windows before version 10 1903 does. The keyboard of the screen cannot type them."""
+
+from urllib.parse import quote
 
 import pytest
 from dialog import Dialog
 from harness import wait_until
+from inside import probe
 from options_dialog import OPTIONS, Options
-from search_dialog import CHOOSER, feed, locations, make_searcher, open_search, saved_stations, stations
+from search_dialog import CHOOSER, SEARCH, feed, locations, make_searcher, open_search, saved_stations, stations
 
 NAMES = ["Łódź", "Ελλάδα", "天気", "\U0001F32A Twister", "ירושלים"]
 
@@ -23,8 +26,11 @@ def test_names_survive_all_dialogs(make_searcher, feed, code_page):
     program.start()
     for number, name in enumerate(NAMES):
         search = open_search(program)
-        search.start("a")
+        wait_until(lambda: search.control("Search").enabled, "the controls are enabled")
+        probe("type", SEARCH, name)
+        search.press("Return")
         chooser = Dialog(CHOOSER)
+        assert feed.searches()[-1] == "RequestType=501&SearchString=" + quote(name)
         assert [row[1] for row in chooser.rows()] == [f"{each}, S" for each in NAMES]
         chooser.press(*["Down"] * number, "Return")
         search.wait_for("1 weather station(s) found.")

@@ -1,4 +1,6 @@
+#include "settings/ProxyLogin.h"
 #include "settings/modRegistry.h"
+#include "stations/StationLine.h"
 #include "tests/Handles.h"
 #include "tests/options/OptionsDriver.h"
 #include "win/Handle.h"
@@ -37,11 +39,10 @@ TEST_P(OptionsDialogTest, WritesOnlyTheChangedPage) {
           {"showfilteredwords", "False"}}},
         {[](HWND dialog) { Click(dialog, frmOptions_Command11); },
          {{"icon2", "default"}, {"singleclickaction", "a"}, {"doubleclickaction", "b"}}},
-        {[](HWND dialog) {
-             Type(dialog, frmOptions_Text1, "anna");
-             Type(dialog, frmOptions_Text2, "Łukasz");  // cannot be scrambled
-         },
-         {{"onlydownloadwhenconnected", "False"}, {"proxyusername", "bpqe"}}},
+        {[](HWND dialog) { Type(dialog, frmOptions_Text1, "anna"); },
+         {{"onlydownloadwhenconnected", "False"},
+          {"proxyusername", "bpqe"},
+          {"proxypassword", ""}}},
     };
     for (const Case& c : cases) {
         win::DeleteFileQuietly(tests::ScratchIniPath());
@@ -155,13 +156,40 @@ TEST_P(OptionsDialogTest, StoresEachChangedOption) {
     win::DeleteFolder(State().programFolder + "\\Users");
 }
 
+TEST_F(OptionsFormTest, KeepsApplyAfterALoginThatCannotBeStored) {
+    WithDialog([](HWND dialog) {
+        for (const std::string name : {"Müller 5 €", "Łukasz"}) {
+            Type(dialog, frmOptions_Text1, name);
+            ClickAndAnswer(dialog, frmOptions_ApplyButton, IDOK);
+            EXPECT_EQ(CanApply(dialog), name == "Łukasz");
+            EXPECT_EQ(ReadProxyLogin().userName, "Müller 5 €");
+        }
+    });
+}
+
+TEST_F(OptionsFormTest, RenamesStationsInEveryScript) {
+    UseStations({"1"});
+    WithDialog([](HWND dialog) {
+        for (const std::string name : {"Łódź", "Ελλάδα", "天気", "🌪 Twister", "ירושלים"}) {
+            ClickAndAnswer(dialog, frmOptions_Command23, IDOK, name);
+            ClickAndAnswer(dialog, frmOptions_ApplyButton, IDOK);
+            EXPECT_EQ(win::WindowText(Find(dialog, frmOptions_Combo1)), name);
+            EXPECT_EQ(stations::DisplayText(State().stations[0]), name);
+        }
+    });
+}
+
 TEST_F(OptionsFormTest, ShowsThatWindowsHasSwitchedOffTheStart) {
     WriteSetting(kLastOption, "General");
+    WriteSetting(kStartWithWindows, "True");
     for (const char state : {2, 3}) {
         RegistrySetValue(kCurrentUser, kStartupListKey, kRunValue, state + std::string(11, '\0'),
                          REG_BINARY);
         WithDialog([&](HWND dialog) {
-            EXPECT_EQ(IsWindowVisible(Find(dialog, frmOptions_SwitchedOff)), state == 3);
+            const HWND line = Find(dialog, frmOptions_SwitchedOff);
+            EXPECT_EQ(IsWindowVisible(line), state == 3);
+            Click(dialog, frmOptions_Check3);
+            EXPECT_FALSE(IsWindowVisible(line));
         });
     }
     RegistryDeleteValue(kCurrentUser, kStartupListKey, kRunValue);

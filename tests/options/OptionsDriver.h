@@ -67,10 +67,14 @@ inline HWND OptionsDialog() {
 }
 
 inline int answer = 0;
+inline std::string typed;
 
 inline BOOL CALLBACK AnswerQuestion(HWND window, LPARAM owner) {
-    if (GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner) && IsWindowVisible(window))
-        SendMessageW(window, WM_COMMAND, static_cast<WPARAM>(answer), 0);
+    if (GetWindow(window, GW_OWNER) != reinterpret_cast<HWND>(owner) || !IsWindowVisible(window))
+        return TRUE;
+    if (const HWND box = GetDlgItem(window, InputBox_Text))
+        SetWindowTextW(box, win::ToWide(typed).c_str());
+    SendMessageW(window, WM_COMMAND, static_cast<WPARAM>(answer), 0);
     return TRUE;
 }
 
@@ -79,9 +83,10 @@ inline void CALLBACK AnswerQuestions(HWND, UINT, UINT_PTR, DWORD) {
                       reinterpret_cast<LPARAM>(OptionsDialog()));
 }
 
-// Clicks a control and answers every message box that it opens by pressing `button`.
-inline void ClickAndAnswer(HWND dialog, int control, int button) {
+// Clicks a control and answers every message or input box that it opens by pressing `button`.
+inline void ClickAndAnswer(HWND dialog, int control, int button, const std::string& text = {}) {
     answer = button;
+    typed = text;
     const UINT_PTR timer = SetTimer(nullptr, 0, 1, AnswerQuestions);
     Click(dialog, control);
     KillTimer(nullptr, timer);

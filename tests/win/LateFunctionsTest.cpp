@@ -53,7 +53,7 @@ TEST(LateFunctions, FindEachFunction) {
 
 // Only a load that honours the program's manifest finds the version with visual styles.
 TEST(LateFunctions, LoadTheCommonControlsOfTheManifest) {
-    FindFunction(L"comctl32.dll", "ImageList_Create");
+    ASSERT_TRUE(late::ImageList_Create.Find());
     char path[MAX_PATH] = {};
     GetModuleFileNameA(GetModuleHandleA("comctl32.dll"), path, sizeof path);
     EXPECT_TRUE(AsciiLower(path).find(
