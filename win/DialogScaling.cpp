@@ -107,7 +107,7 @@ DialogScaling::DialogScaling(HWND dialog) : dialog_(dialog) {
 }
 
 LRESULT CALLBACK DialogScaling::Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
-                                          UINT_PTR, DWORD_PTR object) {
+                                          UINT_PTR identifier, DWORD_PTR object) {
     auto& scaling = *reinterpret_cast<DialogScaling*>(object);
     if (message == kGetDpiScaledSize) {  // precedes WM_DPICHANGED
         DisableSystemScaling(dialog);
@@ -116,6 +116,8 @@ LRESULT CALLBACK DialogScaling::Procedure(HWND dialog, UINT message, WPARAM wPar
     }
     if (message == WM_DPICHANGED)
         scaling.ScaleTo(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+    // Otherwise the library may keep its record of the subclass.
+    if (message == WM_NCDESTROY) late::RemoveWindowSubclass(dialog, Procedure, identifier);
     return late::DefSubclassProc(dialog, message, wParam, lParam);
 }
 

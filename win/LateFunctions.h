@@ -61,6 +61,7 @@ LATE_FUNCTION("comctl32.dll", ImageList_Create);
 LATE_FUNCTION("comctl32.dll", ImageList_Destroy);
 LATE_FUNCTION("comctl32.dll", ImageList_ReplaceIcon);
 LATE_FUNCTION("comctl32.dll", InitCommonControlsEx);
+LATE_FUNCTION("comctl32.dll", RemoveWindowSubclass);
 LATE_FUNCTION("comctl32.dll", SetWindowSubclass);
 LATE_FUNCTION("comdlg32.dll", GetOpenFileNameA);
 LATE_FUNCTION("ole32.dll", CoCreateInstance);

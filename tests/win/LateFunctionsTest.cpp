@@ -14,6 +14,7 @@ TEST(LateFunctions, FindEachFunction) {
     const HWND window =
         CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
     EXPECT_FALSE(late::SetWindowSubclass(window, nullptr, 0, 0));
+    EXPECT_FALSE(late::RemoveWindowSubclass(window, nullptr, 0));
     EXPECT_EQ(late::DefSubclassProc(nullptr, WM_NULL, 0, 0), 0);
     DestroyWindow(window);
     const HIMAGELIST images = late::ImageList_Create(16, 16, ILC_COLOR32, 1, 0);
