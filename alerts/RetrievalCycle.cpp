@@ -12,16 +12,9 @@
 #include "settings/ProgramState.h"
 #include "stations/StationLine.h"
 #include "stations/StationList.h"
-#include "win/CodePage.h"
 #include "win/Dates.h"
-#include "win/NeverDestroyed.h"
 
 namespace alerts {
-
-const std::string& BrokenBar() {
-    static std::string& bar = win::NeverDestroyed<std::string>(win::FromWide(L"\u00A6"));
-    return bar;
-}
 
 RetrievalCycle::RetrievalCycle() {
     settings::DeleteSettingSection(settings::kAlerts);
@@ -91,9 +84,8 @@ CycleOutcome RetrievalCycle::End(bool failed) {
     }
     std::string& seen = settings::State().oldAlerts;
     seen = TrimSeen(seen);
-    const std::int16_t newAlerts = AddUnseen(seen, identifiers_, BrokenBar());
-    settings::WriteSetting(settings::kOldAlerts,
-                           FitSeen(seen, settings::LongestValue(), BrokenBar()));
+    const std::int16_t newAlerts = AddUnseen(seen, identifiers_);
+    settings::WriteSetting(settings::kOldAlerts, FitSeen(seen, settings::LongestValue()));
     return {false, newAlerts};
 }
 

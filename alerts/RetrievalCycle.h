@@ -9,9 +9,6 @@
 
 namespace alerts {
 
-// Returns the broken bar U+00A6, which separates the identifiers of seen alerts.
-const std::string& BrokenBar();
-
 struct CycleOutcome {
     bool failed = false;         // a download failed, and the cycle ended there
     std::int16_t newAlerts = 0;  // alerts not seen before; 0 for a failed cycle

@@ -33,7 +33,7 @@ struct ProgramState {
     // Whether the tray shows ImageIcon2. Set by the retrieval cycle, cleared by the tray window.
     bool newAlertIconShown = false;
 
-    // The identifiers of the alerts seen so far, joined by alerts::BrokenBar. Loaded at start,
+    // The identifiers of the alerts seen so far, joined by alerts::kBar. Loaded at start,
     // updated and saved by the retrieval cycle.
     std::string oldAlerts;
 

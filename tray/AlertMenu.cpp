@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "alerts/SeenAlerts.h"
 #include "win/Text.h"
 
 namespace tray {
@@ -29,9 +30,9 @@ std::string AlertCaption(std::string_view title, std::string_view stationName) {
     return std::string(win::FirstChars(caption, kLongest)) + "...)";
 }
 
-bool AddCaption(std::string& seenCaptions, std::string_view caption, std::string_view bar) {
+bool AddCaption(std::string& seenCaptions, std::string_view caption) {
     if (seenCaptions.find(caption) != std::string::npos) return false;
-    seenCaptions.append(bar).append(caption);
+    seenCaptions.append(alerts::kBar).append(caption);
     return true;
 }
 

@@ -23,7 +23,7 @@ std::string AlertCaption(std::string_view title, std::string_view stationName);
 // Adds the caption, after a bar, to the text of all captions so far. Returns false, without adding
 // it, if that text contains it anywhere, even as a part of another caption: such an alert gets no
 // item.
-bool AddCaption(std::string& seenCaptions, std::string_view caption, std::string_view bar);
+bool AddCaption(std::string& seenCaptions, std::string_view caption);
 
 // Returns the caption as menu item text: "&" does not mark an access key, control characters become
 // spaces.

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "alerts/RetrievalCycle.h"
 #include "alerts/StoredAlerts.h"
 #include "settings/Addresses.h"
 #include "settings/IniOpenSave.h"
@@ -213,7 +212,7 @@ void BuildAlertsMenu() {
         const std::string caption =
             AlertCaption(alerts::StoredValue(section, settings::kAlertTitle, k),
                          stations::DisplayTextOfCode(settings::State().stations, code));
-        if (!AddCaption(seenCaptions, caption, alerts::BrokenBar())) continue;
+        if (!AddCaption(seenCaptions, caption)) continue;
         const std::uint32_t identifier = CreateAlertIdentifier(taken, unusable);
         if (identifier == 0) break;
         if (!InsertMenuA(TrayMenuHandle, static_cast<UINT>(AlertItemCount + 1), MF_BYPOSITION,

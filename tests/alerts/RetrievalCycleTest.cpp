@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "alerts/SeenAlerts.h"
 #include "tests/ScratchStore.h"
 #include "win/Text.h"
 
@@ -16,7 +17,7 @@ TEST_P(RetrievalCycleTest, SavesTheNewestIdentifiersThatTheStoreHolds) {
     Use(GetParam());
     std::vector<std::string> identifiers;
     for (int i = 100'000; i < 100'200; ++i) identifiers.push_back(win::Decimal(i));
-    settings::State().oldAlerts = win::Join(identifiers, BrokenBar());
+    settings::State().oldAlerts = win::Join(identifiers, kBar);
     ASSERT_TRUE(RetrievalCycle().Continue());
     // Of 1399 characters 249 are dropped; 107 of these identifiers fit into 749.
     const std::string saved = settings::ReadSetting(settings::kOldAlerts);

@@ -5,7 +5,6 @@
 namespace alerts {
 namespace {
 
-constexpr std::string_view kBar = "\xC2\xA6";
 std::string Bars(std::string text) {
     for (std::size_t i; (i = text.find('|')) != std::string::npos;) text.replace(i, 1, kBar);
     return text;
@@ -22,7 +21,7 @@ TEST(SeenAlerts, FindsWholeIdentifiersOnly) {
                           {"12|23|31", "1", false}, {"12|23|31", "3", false}, {"a|b", "a|b", true},
                           {"", "", true},           {"a", "", false},         {"a||b", "", true}};
     for (const Case& c : cases)
-        EXPECT_EQ(IsSeen(Bars(c.seen), Bars(c.identifier), kBar), c.isSeen)
+        EXPECT_EQ(IsSeen(Bars(c.seen), Bars(c.identifier)), c.isSeen)
             << c.seen << " / " << c.identifier;
 }
 
@@ -35,12 +34,12 @@ TEST(SeenAlerts, AddsUnseenIdentifiersAsIfOneByOne) {
         std::vector<std::string> feed;
         for (const std::string& identifier : identifiers) {
             feed.push_back(Bars(identifier));
-            if (IsSeen(expected, feed.back(), kBar)) continue;
-            AddSeen(expected, feed.back(), kBar);
+            if (IsSeen(expected, feed.back())) continue;
+            AddSeen(expected, feed.back());
             ++count;
         }
         std::string seen = Bars(before);
-        EXPECT_EQ(AddUnseen(seen, feed, kBar), count) << before;
+        EXPECT_EQ(AddUnseen(seen, feed), count) << before;
         EXPECT_EQ(seen, expected) << before;
     }
 }
@@ -62,8 +61,8 @@ TEST(SeenAlerts, FitsTheNewestWholeIdentifiers) {
                                                  {"a|bc|def", 2, ""},
                                                  {"abcd", 3, ""},
                                                  {"Ł|ŁŁ", 2, "ŁŁ"}})
-        EXPECT_EQ(FitSeen(Bars(seen), longest, kBar), Bars(fitting)) << seen << longest;
-    EXPECT_EQ(FitSeen("a", std::string::npos, kBar), "a");
+        EXPECT_EQ(FitSeen(Bars(seen), longest), Bars(fitting)) << seen << longest;
+    EXPECT_EQ(FitSeen("a", std::string::npos), "a");
 }
 
 }  // namespace
