@@ -9,10 +9,8 @@
 
 #include "downloader/feed/AlertMemoryFile.h"
 #include "downloader/feed/FeedXml.h"
-#include "downloader/feed/GazetteerFile.h"
 #include "downloader/feed/IsoTime.h"
-#include "downloader/feed/LocalAnswers.h"
-#include "downloader/feed/Request.h"
+#include "downloader/feed/LiveSource.h"
 #include "downloader/fpas/Alerts.h"
 #include "downloader/fpas/DocumentCache.h"
 #include "downloader/fpas/Endpoints.h"
@@ -140,21 +138,16 @@ Response FetchAlerts(const std::string& origin, const feed::Place& place) {
     return feed::Success(std::move(document));
 }
 
+// The place itself is its only station.
+Response FetchStations(const std::string&, const feed::Place& place) {
+    return feed::Success(feed::BuildPlaceStationDocument(place));
+}
+
 }  // namespace
 
 http::Response Fetch(const std::string& url) {
-    using Kind = feed::Request::Kind;
-    const auto request = feed::ParseRequest(win::FromWide(win::ToWide(url)), "fpas");
-    if (!request) return Failure(http::kUnknownRequest);
-    if (request->kind == Kind::Locations)
-        return feed::AnswerLocations(request->text, feed::Scope::Abroad);
-    const feed::GazetteerFile file(feed::GazetteerPath());
-    const auto gazetteer = file.Open();
-    if (!gazetteer) return Failure(http::kNoGazetteer);
-    const auto place = feed::FindCity(*gazetteer, request->text);
-    if (!place) return feed::AnswerUnknownPlace(*request, kUnknownPlace);
-    return request->kind == Kind::Alerts ? FetchAlerts(request->origin, *place)
-                                         : feed::Success(feed::BuildPlaceStationDocument(*place));
+    return feed::AnswerRequest(url, {"fpas", feed::Scope::Abroad, kUnknownPlace, feed::FindCity,
+                                     FetchAlerts, FetchStations});
 }
 
 }  // namespace fpas

@@ -4,9 +4,7 @@
 
 #include "downloader/feed/AlertMemoryFile.h"
 #include "downloader/feed/FeedXml.h"
-#include "downloader/feed/GazetteerFile.h"
-#include "downloader/feed/LocalAnswers.h"
-#include "downloader/feed/Request.h"
+#include "downloader/feed/LiveSource.h"
 #include "downloader/http/Fetch.h"
 #include "downloader/http/ResponseCache.h"
 #include "downloader/http/Retry.h"
@@ -15,7 +13,6 @@
 #include "downloader/nws/Alerts.h"
 #include "downloader/nws/Stations.h"
 #include "downloader/nws/Zones.h"
-#include "win/CodePage.h"
 
 namespace nws {
 namespace {
@@ -146,19 +143,8 @@ Response FetchStations(const std::string& origin, const feed::Place& place) {
 }  // namespace
 
 http::Response Fetch(const std::string& url) {
-    using Kind = feed::Request::Kind;
-    const auto request = feed::ParseRequest(win::FromWide(win::ToWide(url)), "nws");
-    if (!request) return Failure(http::kUnknownRequest);
-    if (request->isAbroad) return feed::AnswerUnknownPlace(*request, kUnknownPlace);
-    if (request->kind == Kind::Locations)
-        return feed::AnswerLocations(request->text, feed::Scope::UnitedStates);
-    const feed::GazetteerFile file(feed::GazetteerPath());
-    const auto gazetteer = file.Open();
-    if (!gazetteer) return Failure(http::kNoGazetteer);
-    const auto place = feed::FindZipCode(*gazetteer, request->text);
-    if (!place) return feed::AnswerUnknownPlace(*request, kUnknownPlace);
-    return request->kind == Kind::Alerts ? FetchAlerts(request->origin, *place)
-                                         : FetchStations(request->origin, *place);
+    return feed::AnswerRequest(url, {"nws", feed::Scope::UnitedStates, kUnknownPlace,
+                                     feed::FindZipCode, FetchAlerts, FetchStations});
 }
 
 }  // namespace nws
