@@ -87,6 +87,7 @@ alerts::PageData Collect(const std::string& chosen) {
 
 bool WriteAlertPage(const std::string& code, const std::string& path) {
     const std::string page = alerts::BuildAlertPage(Collect(code));
+    // The values of an INI file need not be UTF-8, but the page must be.
     return win::WriteFileAtomically(path, win::FromWide(win::ToWide(page)));
 }
 
