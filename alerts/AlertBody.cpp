@@ -21,10 +21,7 @@ std::optional<std::string_view> TakeFact(std::string_view& text, std::string_vie
 }
 
 std::string_view TrimLine(std::string_view line) {
-    constexpr std::string_view kSpaces = " \t\r";
-    const std::size_t first = line.find_first_not_of(kSpaces);
-    if (first == std::string_view::npos) return {};
-    return line.substr(first, line.find_last_not_of(kSpaces) - first + 1);
+    return win::Trim(line, " \t\r");
 }
 
 // Closes and opens the elements around the lines of a body.

@@ -30,7 +30,7 @@ WordFilter ReadFilter() {
 std::string CollapseSpaces(std::string_view body) {
     std::string collapsed;
     collapsed.reserve(body.size());
-    for (const char c : win::TrimSpaces(body))
+    for (const char c : win::Trim(body))
         if (c != ' ' || collapsed.back() != ' ') collapsed += c;
     return collapsed;
 }

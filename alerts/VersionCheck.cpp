@@ -18,14 +18,14 @@ namespace {
 // Whether the file's text, without spaces at its ends, is too long for a version: an error page.
 bool IsTooLong(std::string_view fileText) {
     constexpr std::size_t kTooLong = 21;
-    return win::CountChars(win::TrimSpaces(fileText)) >= kTooLong;
+    return win::CountChars(win::Trim(fileText)) >= kTooLong;
 }
 
 // Returns the text with leading spaces and trailing spaces and line breaks trimmed.
 std::string OfferedVersion(std::string_view fileText) {
-    std::string_view version = win::TrimSpaces(fileText);
+    std::string_view version = win::Trim(fileText);
     while (version.ends_with('\n') || version.ends_with('\r')) version.remove_suffix(1);
-    return std::string(win::TrimSpaces(version));
+    return std::string(win::Trim(version));
 }
 
 // The digits of a version as one 16-bit number, deliberately: 1.2.10 (1210) is newer than 1.3.0

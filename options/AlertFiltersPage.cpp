@@ -47,7 +47,7 @@ void UpdateList(HWND page) {
 }
 
 void Command9_Click(HWND page) {
-    const std::string word(win::TrimSpaces(win::ControlText(page, frmOptions_Text3)));
+    const std::string word(win::Trim(win::ControlText(page, frmOptions_Text3)));
     win::SetControlText(page, frmOptions_Text3, word);
     if (word.empty()) return;
     MarkChanged(page);

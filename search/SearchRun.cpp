@@ -171,7 +171,7 @@ void EndSearch() {
 
 void Command1_Click() {
     const std::string text = win::ControlText(Form().window, frmSearch_Text1);
-    if (win::TrimSpaces(text).empty() || !IsWindowEnabled(Control(frmSearch_Command1))) return;
+    if (win::Trim(text).empty() || !IsWindowEnabled(Control(frmSearch_Command1))) return;
     BeginSearch();
     RunSearch(text);
     if (!Form().isClosing) EndSearch();

@@ -7,12 +7,8 @@
 namespace settings {
 namespace {
 
-constexpr char kWhite[] = " \t\r";
-
 std::string_view Trim(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(kWhite);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kWhite) - first + 1);
+    return win::Trim(text, " \t\r");
 }
 
 bool IsSectionLine(std::string_view line) {

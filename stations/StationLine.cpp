@@ -31,7 +31,7 @@ std::string MakeStationLine(std::string_view displayText, const HiddenFields& fi
 }
 
 std::string RenameStation(std::string_view line, std::string_view displayText) {
-    return std::string(win::TrimSpaces(DisplayText(win::TrimSpaces(displayText))))
+    return std::string(win::Trim(DisplayText(win::Trim(displayText))))
         .append(Spaces())
         .append(HiddenText(line).value_or(std::string_view()));
 }

@@ -26,7 +26,7 @@ win::Icon& programIcon = win::NeverDestroyed<win::Icon>();  // Image1
 std::string LinkText(int control) {
     const std::string markup = win::ControlText(openBox, control);
     const std::string text = win::ReplaceAll(win::ReplaceAll(markup, "<a>", ""), "</a>", "");
-    return std::string(win::TrimSpaces(text));
+    return std::string(win::Trim(text));
 }
 
 // The control may draw a link wider than it measured and cut it off; the trailing space prevents

@@ -21,7 +21,7 @@ std::size_t EndOfProgramName(std::string_view line, std::string_view programFile
 }  // namespace
 
 std::string_view ArgumentText(std::string_view commandLine, std::string_view programFile) {
-    std::string_view line = TrimSpaces(commandLine);
+    std::string_view line = Trim(commandLine);
     std::size_t end = 0;
     if (line.starts_with('"')) {
         end = line.find('"', 1);
@@ -30,7 +30,7 @@ std::string_view ArgumentText(std::string_view commandLine, std::string_view pro
         end = EndOfProgramName(line, programFile);
     }
     if (end == std::string_view::npos) return {};
-    std::string_view argument = TrimSpaces(line.substr(end));
+    std::string_view argument = Trim(line.substr(end));
     // In a command shell the bars need quotes; neither a URL nor a file name can contain one.
     if (argument.size() >= 2 && argument.front() == '"' && argument.back() == '"')
         argument = argument.substr(1, argument.size() - 2);

@@ -80,10 +80,10 @@ std::string_view FitBytes(std::string_view text, std::size_t bytes) {
     return text.substr(0, end);
 }
 
-std::string_view TrimSpaces(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
+std::string_view Trim(std::string_view text, std::string_view characters) {
+    const std::size_t first = text.find_first_not_of(characters);
     if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+    return text.substr(first, text.find_last_not_of(characters) - first + 1);
 }
 
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with) {
@@ -119,7 +119,7 @@ std::string Join(const std::vector<std::string>& pieces, std::string_view separa
 }
 
 bool IsNumeric(std::string_view text) {
-    text = TrimSpaces(text);
+    text = Trim(text);
     if (!text.empty() && (text.front() == '+' || text.front() == '-')) text.remove_prefix(1);
     if (std::count(text.begin(), text.end(), '.') > 1) return false;
     return std::any_of(text.begin(), text.end(), IsDigit) &&

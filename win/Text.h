@@ -24,8 +24,8 @@ std::string_view WithoutFirstChars(std::string_view text, std::size_t count);
 // Returns the longest start of the text that consists of whole characters and fits into `bytes`.
 std::string_view FitBytes(std::string_view text, std::size_t bytes);
 
-// Returns the text without spaces (only U+0020) at its ends.
-std::string_view TrimSpaces(std::string_view text);
+// Returns the text without the given characters at its ends.
+std::string_view Trim(std::string_view text, std::string_view characters = " ");
 
 // Returns the text with every `what`, which must not be empty, replaced by `with`.
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with);

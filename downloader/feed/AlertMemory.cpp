@@ -63,12 +63,10 @@ std::string ShortIdentity(const std::string& identity, std::string_view detail) 
 
 AlertMemory::AlertMemory(std::string_view text) {
     const bool isOurs = win::TakeLine(text) == kHeader;
-    const std::string_view hash = win::TakeLine(text);
-    if (!isOurs || hash != http::HexDigits(http::HashOf(text))) return;
+    const std::string_view hashOfEntries = win::TakeLine(text);
+    if (!isOurs || hashOfEntries != http::HexDigits(http::HashOf(text))) return;
     while (!text.empty() && entries_.size() < kMostEntries) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, end);
-        text.remove_prefix(std::min(end + 1, text.size()));
+        std::string_view line = win::TakeLine(text);
         const std::string_view key = TakeWord(line);
         const std::string_view identity = TakeWord(line);
         const int year = ReadNumber(TakeWord(line), kLastYear);

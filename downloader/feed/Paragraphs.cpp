@@ -10,14 +10,6 @@
 namespace feed {
 namespace {
 
-constexpr std::string_view kSpaces = " \t\r\v\f";
-
-std::string_view Trim(std::string_view line) {
-    const std::size_t first = line.find_first_not_of(kSpaces);
-    if (first == std::string_view::npos) return {};
-    return line.substr(first, line.find_last_not_of(kSpaces) - first + 1);
-}
-
 bool IsListItem(std::string_view line) {
     return line.starts_with("* ") || line.starts_with("- ") || line.starts_with("+ ") ||
            line.starts_with("\xE2\x80\xA2");  // a bullet
@@ -115,9 +107,7 @@ void AppendParagraphs(std::string& body, std::string_view text) {
     bool startsParagraph = true;
     bool wasAlone = false;  // the line before keeps a line of its own
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        const std::string_view line = Trim(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
+        const std::string_view line = win::Trim(win::TakeLine(text), " \t\r\v\f");
         if (line.empty()) {
             startsParagraph = true;
             continue;

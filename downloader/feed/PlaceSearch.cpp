@@ -238,7 +238,7 @@ std::vector<Place> FindPlaces(const Gazetteer& gazetteer, std::string_view text,
         found = FindIn(gazetteer, text.substr(0, comma), areas, limit, scope);
     }
     if (found.empty()) found = FindIn(gazetteer, text, {}, limit, scope);
-    text = win::TrimSpaces(text);
+    text = win::Trim(text);
     for (std::size_t space = text.rfind(' '); found.empty() && space != std::string_view::npos;
          space = space == 0 ? std::string_view::npos : text.rfind(' ', space - 1))
         found =

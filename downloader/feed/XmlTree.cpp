@@ -28,7 +28,6 @@ using Node = rapidxml::xml_node<char>;
 
 constexpr int kDeepest = 32;
 constexpr int kMostElements = 250'000;
-constexpr char kWhite[] = " \t\r\n";
 
 bool IsWhite(char c) {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
@@ -208,11 +207,7 @@ std::string XmlElement::Text(std::size_t longest) const {
     append(AsNode(node_));
     for (const Node* node = AsNode(node_)->first_node(); node; node = node->next_sibling())
         if (node->type() != rapidxml::node_element) append(node);
-    const std::size_t first = text.find_first_not_of(kWhite);
-    if (first == std::string::npos) return {};
-    text.erase(text.find_last_not_of(kWhite) + 1);
-    text.erase(0, first);
-    return text;
+    return std::string(win::Trim(text, " \t\r\n"));
 }
 
 std::string_view XmlElement::FirstText() const {

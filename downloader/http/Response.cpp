@@ -17,11 +17,9 @@ std::vector<std::string> Directives(std::string_view cacheControl) {
 }  // namespace
 
 bool HasForm(std::string_view body, BodyForm form) {
-    constexpr std::string_view kSpaces = " \t\r\n";
     constexpr std::size_t kLongestTag = 16;
     if (body.starts_with("\xEF\xBB\xBF")) body.remove_prefix(3);
-    body.remove_prefix(std::min(body.find_first_not_of(kSpaces), body.size()));
-    body = body.substr(0, body.find_last_not_of(kSpaces) + 1);
+    body = win::Trim(body, " \t\r\n");
     switch (form) {
         case BodyForm::JsonObject:
             return body.starts_with('{') && body.ends_with('}');
@@ -38,7 +36,7 @@ bool HasForm(std::string_view body, BodyForm form) {
 }
 
 ContentCoding ParseContentCoding(std::string_view contentEncoding) {
-    const std::string coding = win::AsciiLower(win::TrimSpaces(contentEncoding));
+    const std::string coding = win::AsciiLower(win::Trim(contentEncoding));
     if (coding.empty() || coding == "identity") return ContentCoding::None;
     return coding == "gzip" || coding == "deflate" ? ContentCoding::Supported
                                                    : ContentCoding::Unsupported;
@@ -46,7 +44,7 @@ ContentCoding ParseContentCoding(std::string_view contentEncoding) {
 
 std::optional<std::uint64_t> ParseContentLength(std::string_view contentLength) {
     constexpr std::size_t kMostDigits = 18;
-    const std::string digits(win::TrimSpaces(contentLength));
+    const std::string digits(win::Trim(contentLength));
     if (digits.empty() || !std::all_of(digits.begin(), digits.end(), win::IsDigit))
         return std::nullopt;
     if (digits.size() > kMostDigits) return UINT64_MAX;

@@ -74,7 +74,7 @@ bool IsRedirect(int httpStatus) {
 }
 
 std::string ResolveLocation(std::string_view base, std::string_view location) {
-    location = win::TrimSpaces(location);
+    location = win::Trim(location);
     if (!SchemeOf(location).empty()) return std::string(location);
     base = base.substr(0, base.find('#'));
     const std::string scheme = SchemeOf(base);

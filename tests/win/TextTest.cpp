@@ -69,7 +69,7 @@ TEST(Text, SplitsJoinsAndReplaces) {
     EXPECT_EQ(Join({"a", "", "c"}, "***"), "a******c");
     EXPECT_EQ(ReplaceAll("5/3/2008 4:12:10 PM", " ", " @ "), "5/3/2008 @ 4:12:10 @ PM");
     EXPECT_EQ(ReplaceAll("aaa", "aa", "a"), "aa");
-    EXPECT_EQ(TrimSpaces("  a b\t "), "a b\t");
+    EXPECT_EQ(Trim("  a b\t "), "a b\t");
 }
 
 }  // namespace
