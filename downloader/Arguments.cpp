@@ -20,12 +20,8 @@ std::optional<Job> ParseArgument(std::string_view argument) {
 
 int ParseTimeLimit(std::string_view text) {
     constexpr int kLongestLimit = 60;
-    int seconds = 0;
-    for (const char digit : text) {
-        if (!win::IsDigit(digit) || seconds > kLongestLimit) return kLongestLimit;
-        seconds = seconds * 10 + (digit - '0');
-    }
-    return seconds >= 1 && seconds <= kLongestLimit ? seconds : kLongestLimit;
+    const auto seconds = win::ParseNumber(text, kLongestLimit).value_or(0);
+    return seconds > 0 ? static_cast<int>(seconds) : kLongestLimit;
 }
 
 }  // namespace downloader

@@ -126,6 +126,15 @@ bool IsNumeric(std::string_view text) {
            std::all_of(text.begin(), text.end(), [](char c) { return IsDigit(c) || c == '.'; });
 }
 
+std::optional<std::int64_t> ParseNumber(std::string_view text, std::int64_t most) {
+    std::uint64_t number = 0;
+    const char* const textEnd = text.data() + text.size();
+    const auto [end, error] = std::from_chars(text.data(), textEnd, number);
+    if (error != std::errc() || end != textEnd || number > static_cast<std::uint64_t>(most))
+        return std::nullopt;
+    return static_cast<std::int64_t>(number);
+}
+
 double LeadingNumber(std::string_view text) {
     const std::size_t start = text.find_first_not_of(" \t\n\r");
     if (start == std::string_view::npos) return 0;

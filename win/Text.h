@@ -1,6 +1,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,10 @@ std::string Join(const std::vector<std::string>& pieces, std::string_view separa
 // Whether the whole text is a number: a sign and digits with at most one decimal point, with any
 // spaces around them.
 bool IsNumeric(std::string_view text);
+
+// Returns the number from 0 to `most` that the text consists of, digits only; nullopt for any other
+// text.
+std::optional<std::int64_t> ParseNumber(std::string_view text, std::int64_t most);
 
 // Returns the number at the start of the text, after any white space; it may have a decimal point.
 // Returns 0 if there is none, infinity if it has too many digits.

@@ -29,15 +29,6 @@ std::string_view TakeWord(std::string_view& line) {
     return word;
 }
 
-// Reads a number from 0 to `most`; -1 if the text is none.
-template <class Number>
-Number ReadNumber(std::string_view text, Number most) {
-    Number number = -1;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    const bool isWhole = error == std::errc() && end == text.data() + text.size();
-    return isWhole && number >= 0 && number <= most ? number : -1;
-}
-
 bool ReadHash(std::string_view text, std::uint64_t& hash) {
     constexpr int kBase = 16;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), hash, kBase);
@@ -69,12 +60,13 @@ AlertMemory::AlertMemory(std::string_view text) {
         std::string_view line = win::TakeLine(text);
         const std::string_view key = TakeWord(line);
         const std::string_view identity = TakeWord(line);
-        const int year = ReadNumber(TakeWord(line), kLastYear);
-        const int tier = ReadNumber(TakeWord(line), kHighestTier);
-        const std::int64_t time = ReadNumber(line, INT64_MAX);
+        const auto year = win::ParseNumber(TakeWord(line), kLastYear);
+        const auto tier = win::ParseNumber(TakeWord(line), kHighestTier);
+        const auto time = win::ParseNumber(line, INT64_MAX);
         std::uint64_t hash = 0;
-        if (ReadHash(key, hash) && IsIdentity(identity) && year >= 0 && tier >= 0 && time >= 0)
-            entries_[hash] = {{std::string(identity), year, tier}, time};
+        if (ReadHash(key, hash) && IsIdentity(identity) && year && tier && time)
+            entries_[hash] = {
+                {std::string(identity), static_cast<int>(*year), static_cast<int>(*tier)}, *time};
     }
 }
 

@@ -40,15 +40,10 @@ Place ZipCodeAt(const Gazetteer& gazetteer, std::size_t index) {
             codes.Number(index, ZipCodeRecord::kReach, 1) / kReachUnits};
 }
 
-// Returns the number that the text consists of; nullopt if it is anything else.
-std::optional<std::uint32_t> ParseNumber(std::string_view digits) {
-    constexpr std::size_t kMostDigits = 9;
-    if (digits.empty() || digits.size() > kMostDigits ||
-        !std::all_of(digits.begin(), digits.end(), win::IsDigit))
-        return std::nullopt;
-    std::uint32_t number = 0;
-    for (const char digit : digits) number = number * 10 + static_cast<std::uint32_t>(digit - '0');
-    return number;
+// Returns the number in the code of a city abroad; nullopt for any other code.
+std::optional<std::int64_t> CityNumber(std::string_view code) {
+    if (!code.starts_with('g')) return std::nullopt;
+    return win::ParseNumber(code.substr(1), INT32_MAX);
 }
 
 }  // namespace
@@ -88,14 +83,15 @@ std::optional<Gazetteer> OpenGazetteer(std::string_view bytes) {
 }
 
 bool IsCityCode(std::string_view code) {
-    return code.starts_with('g') && ParseNumber(code.substr(1));
+    return CityNumber(code).has_value();
 }
 
 std::optional<Place> FindZipCode(const Gazetteer& gazetteer, std::string_view zipCode) {
     if (zipCode.size() > kZipLength && zipCode[kZipLength] == '-')
         zipCode = zipCode.substr(0, kZipLength);
-    const auto number = ParseNumber(zipCode);
-    if (!number || zipCode.size() != kZipLength) return std::nullopt;
+    if (zipCode.size() != kZipLength) return std::nullopt;
+    const auto number = win::ParseNumber(zipCode, INT32_MAX);
+    if (!number) return std::nullopt;
     const Table& codes = gazetteer.zipCodes;
     const auto codeAt = [&](std::size_t index) {
         return codes.Number(index, ZipCodeRecord::kCode, 3);
@@ -107,8 +103,8 @@ std::optional<Place> FindZipCode(const Gazetteer& gazetteer, std::string_view zi
 }
 
 std::optional<Place> FindCity(const Gazetteer& gazetteer, std::string_view code) {
-    if (!IsCityCode(code)) return std::nullopt;
-    const auto number = ParseNumber(code.substr(1));
+    const auto number = CityNumber(code);
+    if (!number) return std::nullopt;
     // They are sorted by name. A table of their order by number would take more space than it is
     // worth: this takes less than a millisecond.
     for (std::size_t index = 0; index < gazetteer.cities.Count(); ++index)

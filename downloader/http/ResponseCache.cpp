@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <functional>
 
 #include "downloader/http/TextHash.h"
@@ -28,10 +27,6 @@ std::string CacheFile(std::string_view key, std::string_view slot) {
     constexpr int kSlots = 1024;
     if (!slot.empty()) return FileOfSlot(slot);
     return FileOfSlot(win::Decimal(static_cast<long long>(HashOf(key) % kSlots)));
-}
-
-std::int64_t ParseNumber(std::string_view digits) {
-    return std::strtoll(std::string(digits).c_str(), nullptr, 10);
 }
 
 }  // namespace
@@ -61,8 +56,9 @@ std::optional<TimedAnswer> FindCachedAnswer(std::string_view key, std::string_vi
     const auto cached = FindCached(key, slot);
     if (!cached) return std::nullopt;
     std::string_view text = cached->text;
-    const std::int64_t served = ParseNumber(win::TakeLine(text));
-    return TimedAnswer{std::string(text), served + cached->age};
+    const auto served = win::ParseNumber(win::TakeLine(text), INT64_MAX);
+    if (!served) return std::nullopt;
+    return TimedAnswer{std::string(text), *served + cached->age};
 }
 
 void StoreCachedAnswer(std::string_view key, std::int64_t seconds, const TimedAnswer& answer,
@@ -93,13 +89,13 @@ std::string PackEntry(std::string_view key, std::int64_t now, std::int64_t secon
 std::optional<CachedDocument> UnpackEntry(std::string_view entry, std::string_view key,
                                           std::int64_t now) {
     const std::string_view mark = win::TakeLine(entry);
-    const std::int64_t stored = ParseNumber(win::TakeLine(entry));
-    const std::int64_t seconds = ParseNumber(win::TakeLine(entry));
+    const auto stored = win::ParseNumber(win::TakeLine(entry), now);
+    const auto seconds = win::ParseNumber(win::TakeLine(entry), INT64_MAX);
     const std::string_view hash = win::TakeLine(entry);
     const std::string_view entryKey = win::TakeLine(entry);
     if (mark != kMark || entryKey != key || hash != HexDigits(HashOf(entry))) return std::nullopt;
-    if (stored < 0 || stored > now || now - stored >= seconds) return std::nullopt;
-    return CachedDocument{std::string(entry), now - stored};
+    if (!stored || !seconds || now - *stored >= *seconds) return std::nullopt;
+    return CachedDocument{std::string(entry), now - *stored};
 }
 
 }  // namespace http

@@ -1,10 +1,10 @@
 #include "downloader/http/Retry.h"
 
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 
 #include "downloader/http/StatusCodes.h"
+#include "win/Text.h"
 
 namespace http {
 namespace {
@@ -13,16 +13,9 @@ namespace {
 constexpr int kTransientErrors[] = {
     12002, 12007, 12029, 12030, 12152, kTruncatedBody, kUndecodableBody, kBlankBody};
 
-std::optional<int> ReadNumber(std::string_view text) {
-    int number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    const bool isNumber = error == std::errc() && end == text.data() + text.size() && number >= 0;
-    return isNumber ? std::optional(number) : std::nullopt;
-}
-
 // The seconds that the server asks to wait, by a number or a date; nullopt if it asks for none.
 std::optional<std::int64_t> RetryAfter(const Response& response) {
-    if (const auto seconds = ReadNumber(response.retryAfter)) return *seconds;
+    if (const auto seconds = win::ParseNumber(response.retryAfter, INT32_MAX)) return *seconds;
     const auto moment = ParseHttpDate(response.retryAfter);
     const auto now = ParseHttpDate(response.date);
     if (!moment || !now) return std::nullopt;
@@ -54,8 +47,7 @@ std::optional<std::int64_t> ServerTime(const Response& response) {
     const auto date = ParseHttpDate(response.date);
     if (!date) return std::nullopt;
     constexpr int kDay = 86400;  // a greater age is an error: it would end every alert
-    const int age = ReadNumber(response.age).value_or(0);
-    return *date + (age <= kDay ? age : 0);
+    return *date + win::ParseNumber(response.age, kDay).value_or(0);
 }
 
 std::optional<std::int64_t> ParseHttpDate(std::string_view text) {
@@ -64,19 +56,19 @@ std::optional<std::int64_t> ParseHttpDate(std::string_view text) {
     if (text.size() != kForm.size()) return std::nullopt;
     for (std::size_t i = 0; i < text.size(); ++i)
         if (kForm[i] != '?' && kForm[i] != '0' && text[i] != kForm[i]) return std::nullopt;
-    const auto day = ReadNumber(text.substr(5, 2));
+    const auto day = win::ParseNumber(text.substr(5, 2), 31);
     const std::size_t month = kMonths.find(text.substr(8, 3));
-    const auto year = ReadNumber(text.substr(12, 4));
-    const auto hour = ReadNumber(text.substr(17, 2));
-    const auto minute = ReadNumber(text.substr(20, 2));
-    const auto second = ReadNumber(text.substr(23, 2));
+    const auto year = win::ParseNumber(text.substr(12, 4), 9999);
+    const auto hour = win::ParseNumber(text.substr(17, 2), 23);
+    const auto minute = win::ParseNumber(text.substr(20, 2), 59);
+    const auto second = win::ParseNumber(text.substr(23, 2), 60);
     if (!day || month == std::string_view::npos || month % 3 != 0 || !year || !hour || !minute ||
         !second)
         return std::nullopt;
-    const std::chrono::year_month_day date(std::chrono::year(*year),
-                                           std::chrono::month(unsigned(month / 3 + 1)),
-                                           std::chrono::day(unsigned(*day)));
-    if (!date.ok() || *hour > 23 || *minute > 59 || *second > 60) return std::nullopt;
+    const std::chrono::year_month_day date(std::chrono::year(static_cast<int>(*year)),
+                                           std::chrono::month(static_cast<unsigned>(month / 3 + 1)),
+                                           std::chrono::day(static_cast<unsigned>(*day)));
+    if (!date.ok()) return std::nullopt;
     const std::int64_t days = std::chrono::sys_days(date).time_since_epoch().count();
     const std::int64_t hours = days * 24 + *hour;
     return (hours * 60 + *minute) * 60 + *second;
