@@ -71,7 +71,7 @@ win::KernelHandle StartDownloader(const std::string& address, const std::string&
     // its name.
     if (CreateProcessW(win::ToWide(program).c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0,
                        nullptr, win::ToWide(folder).c_str(), &startup, &process)) {
-        CloseHandle(process.hThread);
+        const win::KernelHandle thread(process.hThread);
         AssignProcessToJobObject(DownloaderJob(), process.hProcess);
         return win::KernelHandle(process.hProcess);
     }

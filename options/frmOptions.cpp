@@ -93,13 +93,18 @@ void ShowPage(const std::string& tabText) {
     settings::WriteSetting(settings::kLastOption, key);
 }
 
+void SelectTab(std::size_t page) {
+    SendMessageW(Tabs(), TCM_SETCURSEL, page, 0);
+    ShowPage(kPages[page]->tabText);
+}
+
 void LoadFrame(std::size_t page) {
     kPages[page]->load(form.frames[page]);
 }
 
-void LoadRemainingFrames(const std::string& shownKey) {
+void LoadRemainingFrames(std::size_t shownPage) {
     for (std::size_t i = 0; i < kPages.size(); ++i)
-        if (form.window && i != FindPage(shownKey)) LoadFrame(i);
+        if (form.window && i != shownPage) LoadFrame(i);
     form.loading = false;
     win::EnableControl(form.window, frmOptions_ApplyButton, false);
 }
@@ -115,19 +120,17 @@ void LoadPages() {
     const auto stored = settings::TryReadSetting(settings::kLastOption);
     if (!form.window) return;
     const std::size_t first = FindPage(stored.value_or(std::string()));
-    const std::string key = MakePageKey(kPages[first]->tabText);
-    SendMessageW(Tabs(), TCM_SETCURSEL, first, 0);
-    ShowPage(key);
+    SelectTab(first);
     if (stored) {
         LoadFrame(first);
-        LoadRemainingFrames(key);
+        LoadRemainingFrames(first);
         if (!form.window) return;
     }
     const bool isWhole = settings::CountFailedReads() == failedBefore;
     if (!isWhole) {
         form.loading = true;
         if (stored) CreateFrames();
-        ShowPage(key);
+        ShowPage(kPages[first]->tabText);
         SetTimer(form.window, kRetryTimer, kRetryMilliseconds, nullptr);
     }
     for (const HWND frame : form.frames) EnableWindow(frame, isWhole);
@@ -168,11 +171,6 @@ void Command1_Click() {
 
 void OpenHelp() {
     win::OpenInBrowser(form.window, settings::State().programFolder + "\\Help.html");
-}
-
-void SelectTab(std::size_t page) {
-    SendMessageW(Tabs(), TCM_SETCURSEL, page, 0);
-    ShowPage(kPages[page]->tabText);
 }
 
 // Handles Ctrl+Tab, Ctrl+PgDn and, for the previous page, Ctrl+Shift+Tab and Ctrl+PgUp. Returns

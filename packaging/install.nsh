@@ -87,7 +87,8 @@ Section "${PRODUCT}"
   ${EndIf}
 SectionEnd
 
-; Writes the same two values as the check box in the Options dialog.
+; Writes the two values that the check box in the Options dialog writes, but with the path in quotation
+; marks: the program writes it without them.
 Section /o "Start with Windows" StartWithWindows
   WriteRegStr HKCU "${RUN_KEY}" "${RUN_VALUE}" '"$INSTDIR\${PROGRAM}"'
   WriteRegStr HKCU "${SETTINGS_KEY}\Options" "StartWithWindows" "True"

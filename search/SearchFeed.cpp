@@ -3,7 +3,6 @@
 #include "alerts/modDownloader.h"
 
 namespace search {
-namespace {}  // namespace
 
 FeedAnswer FetchDocument(const std::string& address, bool (*isCancelled)()) {
     alerts::Download download(address, alerts::kSearchPrefix);

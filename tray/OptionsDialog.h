@@ -8,7 +8,7 @@ namespace tray {
 // front and returns at once.
 void ShowOptions();
 
-// The same, with the Stations page in front; an open dialog stays on its page.
+// The same, with the Stations page in front, also if the dialog is already open.
 void ShowStationOptions();
 
 }  // namespace tray

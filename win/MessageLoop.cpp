@@ -3,8 +3,8 @@
 namespace win {
 namespace {
 
-// Uses the wide functions although every window is an ANSI one: an ANSI character message holds two
-// bytes at most, and a UTF-8 character may take four.
+// Uses the W functions: an ANSI character message holds at most two bytes, but a UTF-8 character
+// can take four.
 bool DispatchPending() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {

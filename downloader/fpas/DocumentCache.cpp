@@ -36,9 +36,9 @@ void StoreDocument(const Document& document) {
 }
 
 void TrimDocuments() {
-    constexpr std::size_t kMostDocuments = 500;
+    constexpr std::size_t kMostFiles = 500;
     constexpr std::uint64_t kMostBytes = 8 << 20;
-    http::TrimCached(kPrefix, kMostDocuments, kMostBytes);
+    http::TrimCached(kPrefix, kMostFiles, kMostBytes);
 }
 
 }  // namespace fpas
