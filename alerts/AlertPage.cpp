@@ -1,6 +1,7 @@
 #include "alerts/AlertPage.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "alerts/AlertBody.h"

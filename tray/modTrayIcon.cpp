@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <utility>
 
 #include "assets/icons/icons.h"
 #include "settings/IniOpenSave.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <functional>
 #include <vector>
 
 #include "downloader/http/TextHash.h"

@@ -1,5 +1,6 @@
 #include "downloader/http/Proxy.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "downloader/http/Internet.h"

@@ -1,5 +1,6 @@
 #include "downloader/http/Url.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "downloader/http/StatusCodes.h"
