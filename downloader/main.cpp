@@ -36,8 +36,8 @@ int Run() {
         return status;
     else if (status != http::kSuccess)
         EndWith(status);
-    SetSubstitute(SubstituteForFailure(job->url));
     EndQuietlyAfterCrashes();
+    SetSubstitute(SubstituteForFailure(job->url));
     // The variable serves tests and users who prefer a shorter limit.
     const int limit = ParseTimeLimit(win::Environment("SKYVANE_DL_SECONDS"));
     StartWatchdog(limit);

@@ -1,5 +1,7 @@
 #include "win/Files.h"
 
+#include <utility>
+
 #include "win/CodePage.h"
 #include "win/Handle.h"
 
@@ -26,12 +28,6 @@ bool RetryWhileLocked(Attempt attempt, int triesLeft = 5) {
             return false;
         Sleep(kMilliseconds);
     }
-}
-
-bool WriteNewFile(const std::string& path, std::string_view text) {
-    const FileHandle file(CreateFileW(ToWide(path).c_str(), GENERIC_WRITE, 0, nullptr,
-                                      CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    return WriteAll(file.Get(), text) && FlushFileBuffers(file.Get());
 }
 
 // Opens the file, sharing all access with other programs.
@@ -119,7 +115,12 @@ bool WriteFileAtomically(const std::string& path, std::string_view text) {
     };
     // Half a second, because a failed write loses data.
     constexpr int kRetries = 50;
-    if (WriteNewFile(newPath, text) && RetryWhileLocked(replace, kRetries)) return true;
+    FileHandle file(CreateFileW(ToWide(newPath).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) return false;  // the file may be another process's
+    const bool isWritten = WriteAll(file.Get(), text) && FlushFileBuffers(file.Get());
+    file.Reset();
+    if (isWritten && RetryWhileLocked(replace, kRetries)) return true;
     DeleteFileW(ToWide(newPath).c_str());
     return false;
 }

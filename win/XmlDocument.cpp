@@ -70,7 +70,7 @@ XmlNodeList SelectNodes(const XmlDocument& document, const char* path) {
 
 XmlNode NextNode(const XmlNodeList& list) {
     XmlNode node;
-    if (FAILED(list->nextNode(&node))) return nullptr;
+    if (!list || FAILED(list->nextNode(&node))) return nullptr;
     return node;
 }
 
@@ -94,7 +94,7 @@ XmlAttributes NodeAttributes(const XmlNode& node) {
 std::optional<std::string> DocumentUtf8(const XmlDocument& document) {
     Bstr text;
     if (FAILED(document->get_xml(text.Receive()))) return std::nullopt;
-    return FromWide({text.Get(), late::SysStringLen(text.Get())});
+    return text.Text();
 }
 
 std::string BaseName(const XmlNode& node) {

@@ -31,7 +31,7 @@ XmlDocument LoadXmlFile(const std::string& path);
 // written in the document.
 XmlNodeList SelectNodes(const XmlDocument& document, const char* path);
 
-// Returns the next node of the list; null after the last one.
+// Returns the next node of the list; null after the last one and for a null list.
 XmlNode NextNode(const XmlNodeList& list);
 
 // Returns a node's name with its prefix; empty on failure.

@@ -30,8 +30,8 @@ void SaveAlertMemory(AlertMemory memory, std::int64_t now) {
     if (file.empty() || !memory.IsChanged()) return;
     // Another copy may have saved since this one read the file.
     const win::NamedMutex mutex = win::MakeNamedMutex("SkyvaneAlertsEvents");
-    const bool isOwned =
-        mutex.handle && WaitForSingleObject(mutex.handle.Get(), kLongestWait) != WAIT_TIMEOUT;
+    const DWORD wait = WaitForSingleObject(mutex.handle.Get(), kLongestWait);
+    const bool isOwned = wait == WAIT_OBJECT_0 || wait == WAIT_ABANDONED;
     memory.Merge(LoadAlertMemory());
     win::WriteFileAtomically(file, memory.Text(now));
     if (isOwned) ReleaseMutex(mutex.handle.Get());
