@@ -3,6 +3,7 @@
 #include "search/frmSearchChoose.h"
 #include "search/resource.h"
 #include "win/Dialog.h"
+#include "win/Dpi.h"
 #include "win/ListView.h"
 #include "win/NeverDestroyed.h"
 
@@ -15,6 +16,10 @@ SearchForm& Form() {
 
 bool IsFormClosing() {
     return Form().isClosing;
+}
+
+win::ImageList LoadListIcons(UINT dpi) {
+    return win::LoadIconList({IDI_STATION, IDI_NETWORK, IDI_PLACE}, win::SmallIconSize(dpi));
 }
 
 HWND Control(int control) {

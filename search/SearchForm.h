@@ -36,6 +36,9 @@ SearchForm& Form();
 // Returns whether the dialog is closing; a wait of the search ends then.
 bool IsFormClosing();
 
+// Loads the small icons of the lists, ImageList1, at the size for a resolution in dots per inch.
+win::ImageList LoadListIcons(UINT dpi);
+
 // Returns a control of the dialog, or null when the dialog is not open.
 HWND Control(int control);
 // Shows a text in the status line, Label1.

@@ -53,8 +53,7 @@ void BeginSearch() {
 // Lets the user choose one of several locations. Returns nullopt when the search ends here.
 std::optional<Target> ChooseTarget(const std::vector<Location>& locations) {
     SetWaitPointer(false);
-    const auto row =
-        ShowLocationChooser(Form().window, MakeChooserRows(locations), Form().images.Get());
+    const auto row = ShowLocationChooser(Form().window, MakeChooserRows(locations));
     if (!row || Form().isClosing) {
         SetStatus(kNothingFound);
         return std::nullopt;

@@ -34,10 +34,6 @@ void AddColumns() {
         win::AddListColumn(StationList(), column.header, client.right * column.percent / 100);
 }
 
-win::ImageList LoadListIcons(UINT dpi) {
-    return win::LoadIconList({IDI_STATION, IDI_NETWORK, IDI_PLACE}, win::SmallIconSize(dpi));
-}
-
 void ScaleListIcons(UINT dpi) {
     win::ImageList images = LoadListIcons(dpi);
     if (SendMessageW(StationList(), LVM_GETIMAGELIST, LVSIL_SMALL, 0))

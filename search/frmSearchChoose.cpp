@@ -1,8 +1,14 @@
 #include "search/frmSearchChoose.h"
 
+#include <commctrl.h>
+
+#include <utility>
+
+#include "search/SearchForm.h"
 #include "search/StationTable.h"
 #include "search/resource.h"
 #include "win/Dialog.h"
+#include "win/Dpi.h"
 #include "win/ListView.h"
 #include "win/MessageLoop.h"
 #include "win/NeverDestroyed.h"
@@ -12,7 +18,7 @@ namespace {
 
 struct ChooserForm {
     std::vector<std::string> rows;
-    HIMAGELIST images = nullptr;
+    win::ImageList images = {};
     HWND window = nullptr;
     std::optional<std::size_t> selectedRow = std::nullopt;
 };
@@ -33,10 +39,17 @@ void Command2_Click() {
     win::EndModal(chooser.window);
 }
 
+void ShowIcons(UINT dpi) {
+    win::ImageList images = LoadListIcons(dpi);
+    SendMessageW(LocationList(), LVM_SETIMAGELIST, LVSIL_SMALL,
+                 reinterpret_cast<LPARAM>(images.Get()));
+    chooser.images = std::move(images);
+}
+
 void Form_Load() {
     const HWND list = LocationList();
     SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
-    SendMessageW(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(chooser.images));
+    ShowIcons(win::WindowDpi(chooser.window));
     win::UseListUnicode(list);
     win::AddListColumn(list, "Location Name", 0);
     for (const std::string& row : chooser.rows) win::AddListRow(list, kPlaceIcon - 1, {row});
@@ -64,6 +77,9 @@ INT_PTR CALLBACK ChooserProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
                 Command3_Click();
             return TRUE;
         }
+        case WM_DPICHANGED:
+            ShowIcons(LOWORD(wParam));
+            return TRUE;
         case WM_DESTROY:
             chooser.window = nullptr;
             return TRUE;
@@ -74,11 +90,11 @@ INT_PTR CALLBACK ChooserProcedure(HWND dialog, UINT message, WPARAM wParam, LPAR
 
 }  // namespace
 
-std::optional<std::size_t> ShowLocationChooser(HWND owner, const std::vector<std::string>& rows,
-                                               HIMAGELIST images) {
+std::optional<std::size_t> ShowLocationChooser(HWND owner, const std::vector<std::string>& rows) {
     if (rows.empty() || chooser.window) return std::nullopt;
-    chooser = ChooserForm{rows, images};
+    chooser = ChooserForm{rows};
     win::ShowModal({IDD_frmSearchChoose, ICC_LISTVIEW_CLASSES, ChooserProcedure}, owner);
+    chooser.images.Reset();
     win::PumpPendingMessages();
     return chooser.selectedRow;
 }
