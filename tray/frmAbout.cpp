@@ -21,6 +21,7 @@ namespace {
 
 HWND openBox = nullptr;
 win::Icon& programIcon = win::NeverDestroyed<win::Icon>();  // Image1
+win::Bitmap& logo = win::NeverDestroyed<win::Bitmap>();     // of Image2
 
 // A link's text, which is also its address.
 std::string LinkText(int control) {
@@ -45,11 +46,11 @@ void FollowLink(UINT_PTR control) {
         win::OpenInBrowser(openBox, settings::MailLink(LinkText(frmAbout_Label4)));
 }
 
-// Sets the picture of the logo's button, and deletes the one before it.
-void ReplaceLogo(HWND dialog, HBITMAP picture) {
-    const LRESULT old = SendDlgItemMessageW(dialog, frmAbout_Image2, BM_SETIMAGE, IMAGE_BITMAP,
-                                            reinterpret_cast<LPARAM>(picture));
-    if (old) DeleteObject(reinterpret_cast<HGDIOBJ>(old));
+// Sets the picture of the logo's button.
+void ReplaceLogo(HWND dialog, win::Bitmap picture) {
+    SendDlgItemMessageW(dialog, frmAbout_Image2, BM_SETIMAGE, IMAGE_BITMAP,
+                        reinterpret_cast<LPARAM>(picture.Get()));
+    logo = std::move(picture);
 }
 
 // Shows the logo at the size of its button, from the smallest drawing that need not be enlarged.
@@ -107,7 +108,7 @@ INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM
             ShowPictures(dialog, LOWORD(wParam));
             return TRUE;
         case WM_DESTROY:
-            ReplaceLogo(dialog, nullptr);
+            ReplaceLogo(dialog, {});
             programIcon.Reset();
             openBox = nullptr;
             return TRUE;

@@ -62,6 +62,11 @@ struct IconTraits {
     static Type Empty() { return nullptr; }
     static void Close(Type icon) { DestroyIcon(icon); }
 };
+struct BitmapTraits {
+    using Type = HBITMAP;
+    static Type Empty() { return nullptr; }
+    static void Close(Type bitmap) { DeleteObject(bitmap); }
+};
 struct FontTraits {
     using Type = HFONT;
     static Type Empty() { return nullptr; }
@@ -78,6 +83,7 @@ using FileHandle = UniqueHandle<FileTraits>;
 using FindHandle = UniqueHandle<FindTraits>;
 using RegistryKey = UniqueHandle<RegistryKeyTraits>;
 using Icon = UniqueHandle<IconTraits>;
+using Bitmap = UniqueHandle<BitmapTraits>;
 using Font = UniqueHandle<FontTraits>;
 using Menu = UniqueHandle<MenuTraits>;
 

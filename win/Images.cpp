@@ -29,13 +29,13 @@ SIZE BitmapSize(HBITMAP bitmap) {
     return {info.bmWidth, info.bmHeight};
 }
 
-HBITMAP ScaleBitmap(HBITMAP bitmap, SIZE size) {
+Bitmap ScaleBitmap(HBITMAP bitmap, SIZE size) {
     const HDC screen = GetDC(nullptr);
     const HDC from = CreateCompatibleDC(screen);
     const HDC to = CreateCompatibleDC(screen);
-    const HBITMAP scaled = CreateCompatibleBitmap(screen, size.cx, size.cy);
+    Bitmap scaled(CreateCompatibleBitmap(screen, size.cx, size.cy));
     const HGDIOBJ fromBefore = SelectObject(from, bitmap);
-    const HGDIOBJ toBefore = SelectObject(to, scaled);
+    const HGDIOBJ toBefore = SelectObject(to, scaled.Get());
     const SIZE whole = BitmapSize(bitmap);
     SetStretchBltMode(to, HALFTONE);
     SetBrushOrgEx(to, 0, 0, nullptr);  // HALFTONE needs it

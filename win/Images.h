@@ -22,8 +22,8 @@ HBITMAP LoadSharedBitmap(int identifier);
 // Returns the size of a bitmap in pixels.
 SIZE BitmapSize(HBITMAP bitmap);
 
-// Returns a copy of a bitmap with the given size in pixels, which the caller must delete.
-HBITMAP ScaleBitmap(HBITMAP bitmap, SIZE size);
+// Returns a copy of a bitmap with the given size in pixels.
+Bitmap ScaleBitmap(HBITMAP bitmap, SIZE size);
 
 struct ImageListTraits {
     using Type = HIMAGELIST;
