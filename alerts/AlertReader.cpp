@@ -56,11 +56,11 @@ bool AlertReader::ReadSome() {
         if (!node) break;
         Take(node);
         if (GetTickCount64() < end) continue;
-        settings::HoldSettings(settings::kAlerts, std::exchange(values_, {}));
+        settings::HoldAlertSettings(std::exchange(values_, {}));
         return false;
     }
     values_.emplace_back(settings::kAlertCount.key, win::Decimal(number_));
-    settings::HoldSettings(settings::kAlerts, values_);
+    settings::HoldAlertSettings(values_);
     return true;
 }
 

@@ -46,11 +46,10 @@ void KeepAlerts() {
     for (int n = 0; n < kAlerts; ++n) {
         const std::string number = win::Decimal(n);
         answer.alerts.push_back({"KTOP-" + number, "Tornado Warning", MakeBody()});
-        settings::HoldSettings(settings::kAlerts,
-                               {{settings::kAlertId + number, "KTOP-" + number},
-                                {settings::kAlertZipCode + number, kCode},
-                                {settings::kAlertTitle + number, "Tornado Warning"},
-                                {settings::kAlertBody + number, MakeBody()}});
+        settings::HoldAlertSettings({{settings::kAlertId + number, "KTOP-" + number},
+                                     {settings::kAlertZipCode + number, kCode},
+                                     {settings::kAlertTitle + number, "Tornado Warning"},
+                                     {settings::kAlertBody + number, MakeBody()}});
     }
     settings::StoreHeldSettings();
     alerts::RecordAnswer(kCode, settings::FeedHost(), std::move(answer));

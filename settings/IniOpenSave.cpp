@@ -35,12 +35,11 @@ std::string DefaultIniPath() {
     return win::ExecutableFolder() + "\\" + IniUserName + ".ini";
 }
 
-// Values of one section that are not yet in the INI file.
-std::string& heldSection = win::NeverDestroyed<std::string>();
+// Values of the section kAlerts that are not yet in the INI file.
 KeyValues& heldValues = win::NeverDestroyed<KeyValues>();
 
 bool IsHeld(std::string_view section) {
-    return !heldValues.empty() && win::EqualIgnoringCase(section, heldSection);
+    return !heldValues.empty() && win::EqualIgnoringCase(section, kAlerts);
 }
 
 // The last value of each key, in any order.
@@ -136,16 +135,14 @@ void DeleteSettingSection(std::string_view section) {
     DeleteRegistryTexts(RegistryPath(section));
 }
 
-void HoldSettings(std::string_view section, const KeyValues& values) {
-    if (UseIni == kUseRegistryStore) WriteRegistryTexts(RegistryPath(section), values);
+void HoldAlertSettings(const KeyValues& values) {
+    if (UseIni == kUseRegistryStore) WriteRegistryTexts(RegistryPath(kAlerts), values);
     if (UseIni != kUseIniStore) return;
-    if (!IsHeld(section)) StoreHeldSettings();
-    heldSection = section;
     heldValues.insert(heldValues.end(), values.begin(), values.end());
 }
 
 void StoreHeldSettings() {
-    if (heldValues.empty() || WriteIniValues(DefaultIniPath(), heldSection, heldValues))
+    if (heldValues.empty() || WriteIniValues(DefaultIniPath(), kAlerts, heldValues))
         heldValues.clear();
     else
         heldValues = LastOfEachKey(heldValues);

@@ -55,11 +55,10 @@ void WriteFlag(const Setting& setting, bool value);
 // asymmetry is deliberate.
 void DeleteSettingSection(std::string_view section);
 
-// Writes several values to one section, as if each were written individually. Readers see them
-// immediately, but the INI file is updated only by StoreHeldSettings or when another section is
-// held, so that a whole retrieval cycle rewrites it once. Values that cannot be stored yet stay
-// held.
-void HoldSettings(std::string_view section, const KeyValues& values);
+// Writes several values to the section kAlerts, as if each were written individually. Readers see
+// them immediately, but the INI file is updated only by StoreHeldSettings, so that a whole
+// retrieval cycle rewrites it once. Values that cannot be stored yet stay held.
+void HoldAlertSettings(const KeyValues& values);
 void StoreHeldSettings();
 
 // Returns all values of a section by lower-case key, as ReadSetting returns them; nullopt if the

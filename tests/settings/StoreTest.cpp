@@ -53,8 +53,8 @@ TEST_P(EitherStore, HeldValuesReadAsIfWrittenOneByOne) {
     WriteSetting("Alerts", "title1", "old");
     WriteSetting("Alerts", "keep", "kept");
     WriteSetting("Misc", "Runs", "7");
-    HoldSettings("Alerts", {{"title1", "first"}, {"body1", "a\r\n[Misc]\r\nRuns=0"}});
-    HoldSettings("Alerts", {{"title1", "new & Łódź"}, {"Long", Repeat("Ł", 800)}});
+    HoldAlertSettings({{"title1", "first"}, {"body1", "a\r\n[Misc]\r\nRuns=0"}});
+    HoldAlertSettings({{"title1", "new & Łódź"}, {"Long", Repeat("Ł", 800)}});
     const bool isIni = GetParam() == kUseIniStore;
     for (const bool stored : {false, true}) {
         if (stored) StoreHeldSettings();
@@ -94,8 +94,7 @@ TEST_F(Store, DoesNothingWithAnInvalidStore) {
 TEST_F(Store, KeepsAUtf16IniFile) {
     const std::string wide("\xFF\xFE[\0A\0]\0\r\0\n\0", 12);
     ASSERT_TRUE(win::WriteFileAtomically(tests::ScratchIniPath(), wide));
-    HoldSettings("A", {{"k", "天 v"}});
-    StoreHeldSettings();
+    WriteSetting("A", "k", "天 v");
     EXPECT_EQ(ReadSetting("A", "k"), win::ToAnsi("天 v"));
     EXPECT_TRUE(win::ReadWholeFile(tests::ScratchIniPath()).value_or("").starts_with(wide));
 }
@@ -107,7 +106,7 @@ TEST_F(Store, KeepsAnIniFileThatCannotBeReplaced) {
     win::MakeFolder(inTheWay);  // blocks the temporary file, as a full disk does
     WriteSetting("Options", "k", "new");
     for (const char* count : {"1", "2"}) {
-        HoldSettings("Alerts", {{"Count", count}});
+        HoldAlertSettings({{"Count", count}});
         StoreHeldSettings();
     }
     EXPECT_EQ(win::ReadWholeFile(tests::ScratchIniPath()), before);
