@@ -6,6 +6,7 @@
 #include "downloader/http/Internet.h"
 #include "settings/ProxyLogin.h"
 #include "win/CodePage.h"
+#include "win/NeverDestroyed.h"
 #include "win/Text.h"
 
 namespace http {
@@ -28,12 +29,21 @@ ProxyList TakeProxyList(const WINHTTP_PROXY_INFO& info) {
     return {TextOf(proxies), TextOf(bypass)};
 }
 
+// The session of the configuration scripts, with which WinHTTP caches them.
+Internet& scriptSession = win::NeverDestroyed<Internet>();
+
+// Whether the network announced no script, or one that could not be downloaded. Detection can take
+// seconds and is not repeated after a failure.
+bool detectionFailed = false;
+
 // Runs the configuration script at the URL `script`, or the one that the network announces when
 // `detect` is set. Returns false when there is no script or it fails.
 bool RunConfigurationScript(const std::string& url, LPCWSTR script, bool detect, ProxyList& list) {
-    const Internet session(WinHttpOpen(nullptr, WINHTTP_ACCESS_TYPE_NO_PROXY, WINHTTP_NO_PROXY_NAME,
-                                       WINHTTP_NO_PROXY_BYPASS, 0));
-    if (!session) return false;
+    if (detect && detectionFailed) return false;
+    if (!scriptSession)
+        scriptSession.Reset(WinHttpOpen(nullptr, WINHTTP_ACCESS_TYPE_NO_PROXY,
+                                        WINHTTP_NO_PROXY_NAME, WINHTTP_NO_PROXY_BYPASS, 0));
+    if (!scriptSession) return false;
     WINHTTP_AUTOPROXY_OPTIONS options{};
     options.fAutoLogonIfChallenged = FALSE;
     if (detect) {
@@ -44,8 +54,15 @@ bool RunConfigurationScript(const std::string& url, LPCWSTR script, bool detect,
         options.lpszAutoConfigUrl = script;
     }
     WINHTTP_PROXY_INFO info{};
-    if (!WinHttpGetProxyForUrl(session.Get(), win::ToWide(url).c_str(), &options, &info))
+    const std::wstring wideUrl = win::ToWide(url);
+    if (!WinHttpGetProxyForUrl(scriptSession.Get(), wideUrl.c_str(), &options, &info)) {
+        const DWORD error = GetLastError();
+        // Any other failure may be that of the script for this URL.
+        if (detect)
+            detectionFailed = error == ERROR_WINHTTP_AUTODETECTION_FAILED ||
+                              error == ERROR_WINHTTP_UNABLE_TO_DOWNLOAD_SCRIPT;
         return false;
+    }
     list = TakeProxyList(info);
     return true;
 }
