@@ -7,7 +7,6 @@
 #include "settings/IniOpenSave.h"
 #include "settings/MessageBoxes.h"
 #include "win/Dialog.h"
-#include "win/Dpi.h"
 #include "win/ListItems.h"
 #include "win/ListView.h"
 #include "win/Text.h"
@@ -77,7 +76,7 @@ void SetAddAsDefault(HWND page, bool isDefault) {
 }
 
 INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
-    if (message == win::kDpiChangedAfterParent) FitScrollRange(page);
+    if (message == WM_DPICHANGED_AFTERPARENT) FitScrollRange(page);
     if (message != WM_COMMAND) return FALSE;
     const UINT event = HIWORD(wParam);
     switch (LOWORD(wParam)) {

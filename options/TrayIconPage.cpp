@@ -118,7 +118,7 @@ INT_PTR CALLBACK HandleMessage(HWND page, UINT message, WPARAM wParam, LPARAM) {
         normal.shown.Reset();
         alert.shown.Reset();
     }
-    if (message == win::kDpiChangedAfterParent) {
+    if (message == WM_DPICHANGED_AFTERPARENT) {
         ShowPending(page, normal);
         ShowPending(page, alert);
     }

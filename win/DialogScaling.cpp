@@ -109,7 +109,7 @@ DialogScaling::DialogScaling(HWND dialog) : dialog_(dialog) {
 LRESULT CALLBACK DialogScaling::Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
                                           UINT_PTR identifier, DWORD_PTR object) {
     auto& scaling = *reinterpret_cast<DialogScaling*>(object);
-    if (message == kGetDpiScaledSize) {  // precedes WM_DPICHANGED
+    if (message == WM_GETDPISCALEDSIZE) {  // precedes WM_DPICHANGED
         DisableSystemScaling(dialog);
         *reinterpret_cast<SIZE*>(lParam) = scaling.SizeFor(static_cast<UINT>(wParam));
         return TRUE;

@@ -1,9 +1,3 @@
-// The headers declare these functions only for programs that need Windows 10, as this one does. The
-// other files are compiled for an older version.
-#undef WINVER
-#define WINVER 0x0A00
-#undef NTDDI_VERSION
-#define NTDDI_VERSION 0x0A000000
 #include "win/Dpi.h"
 
 #include <shellscalingapi.h>

@@ -4,10 +4,6 @@
 // Sizes in pixels that depend on the resolution of a screen, which is given in dots per inch.
 namespace win {
 
-// Messages that the headers declare only for programs that need Windows 10.
-inline constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
-inline constexpr UINT kGetDpiScaledSize = 0x02E4;       // WM_GETDPISCALEDSIZE
-
 // Returns the resolution of the window's screen, or the system's if there is no such window.
 UINT WindowDpi(HWND window);
 

@@ -75,6 +75,7 @@ LATE_FUNCTION("oleaut32.dll", VariantChangeType);
 LATE_FUNCTION("oleaut32.dll", VariantClear);
 LATE_FUNCTION("oleaut32.dll", VariantInit);
 LATE_FUNCTION("oleaut32.dll", VariantTimeToSystemTime);
+LATE_FUNCTION("user32.dll", SetDialogDpiChangeBehavior);  // some systems lack it
 LATE_FUNCTION("uxtheme.dll", EnableThemeDialogTexture);
 LATE_FUNCTION("winmm.dll", sndPlaySoundA);
 
@@ -85,10 +86,6 @@ using AtlAxGet = HRESULT WINAPI(HWND, IUnknown**);
 inline constinit LateFunction<BOOL WINAPI()> AtlAxWinInit{L"atl.dll", "AtlAxWinInit"};
 inline constinit LateFunction<AtlAxGet> AtlAxGetControl{L"atl.dll", "AtlAxGetControl"};
 inline constinit LateFunction<AtlAxGet> AtlAxGetHost{L"atl.dll", "AtlAxGetHost"};
-inline constinit LateFunction<BOOL WINAPI(DWORD)> SetDefaultDllDirectories{
-    L"kernel32.dll", "SetDefaultDllDirectories"};
-inline constinit LateFunction<BOOL WINAPI(HWND, int, int)> SetDialogDpiChangeBehavior{
-    L"user32.dll", "SetDialogDpiChangeBehavior"};
 
 }  // namespace late
 

@@ -1,7 +1,6 @@
 #include "win/Process.h"
 
 #include "win/CodePage.h"
-#include "win/LateFunctions.h"
 
 namespace win {
 
@@ -9,10 +8,7 @@ void HardenProcess() {
     HeapSetInformation(nullptr, HeapEnableTerminationOnCorruption, nullptr, 0);
     SetErrorMode(SEM_FAILCRITICALERRORS);
     SetDllDirectoryW(L"");
-    // Windows 7 lacks this function without an update of 2011, so it is looked up by name.
-    constexpr DWORD kSearchSystem32 = 0x800;
-    auto* const setDirectories = late::SetDefaultDllDirectories.Find();
-    if (setDirectories) setDirectories(kSearchSystem32);
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
 }
 
 std::string Environment(const char* name) {

@@ -2,7 +2,6 @@
 
 #include "search/resource.h"
 #include "tests/options/OptionsDriver.h"
-#include "win/Dpi.h"
 
 namespace options {
 namespace {
@@ -30,7 +29,7 @@ RECT PlaceInParent(HWND window) {
 // Sends what the system sends when the dialog comes to a screen with another resolution.
 void MoveToScreen(HWND dialog, UINT dpi) {
     SIZE size{};
-    ASSERT_TRUE(SendMessageW(dialog, win::kGetDpiScaledSize, dpi, reinterpret_cast<LPARAM>(&size)));
+    ASSERT_TRUE(SendMessageW(dialog, WM_GETDPISCALEDSIZE, dpi, reinterpret_cast<LPARAM>(&size)));
     RECT window{10, 20, 10 + size.cx, 20 + size.cy};
     SendMessageW(dialog, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&window));
 }
