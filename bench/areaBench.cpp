@@ -27,9 +27,7 @@ std::vector<Code> ReadCodes(const char* file) {
     std::vector<Code> codes;
     for (int number = 0; number < 100'000; ++number) {
         const auto place = feed::FindZipCode(*gazetteer, win::Decimal(100'000 + number).substr(1));
-        if (place)
-            codes.push_back(
-                {{place->latitude / 10000.0, place->longitude / 10000.0}, place->reach});
+        if (place) codes.push_back({feed::PositionOf(*place), place->reach});
     }
     return codes;
 }

@@ -3,12 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numbers>
 
 namespace feed {
 namespace {
 
-constexpr double kKilometresPerDegree = 111.195;  // of latitude, on a sphere of 6,371 km
 constexpr std::size_t kFewestPositions = 3;
 
 // Kilometres east and north of the place.
@@ -19,7 +17,7 @@ struct Offset {
 
 Offset OffsetFrom(const Position& place, const Position& position) {
     const double eastDegrees = std::remainder(position.longitude - place.longitude, 360);
-    const double shrink = std::cos(place.latitude * std::numbers::pi / 180);
+    const double shrink = std::cos(place.latitude * kRadiansPerDegree);
     return {eastDegrees * shrink * kKilometresPerDegree,
             (position.latitude - place.latitude) * kKilometresPerDegree};
 }

@@ -1,8 +1,12 @@
 #pragma once
+#include <numbers>
 #include <vector>
 
 // The areas of alerts, and how far a place is from one.
 namespace feed {
+
+inline constexpr double kKilometresPerDegree = 111.195;  // of latitude, on a sphere of 6,371 km
+inline constexpr double kRadiansPerDegree = std::numbers::pi / 180;
 
 // Degrees; north and east are positive.
 struct Position {

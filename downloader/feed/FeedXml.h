@@ -40,7 +40,7 @@ class AlertDocument {
 // `code` is the code of the place.
 std::string BuildNotCoveredDocument(std::string_view code, std::string_view reason);
 
-// A weather station near a place, its position in units of 1/10000 degree.
+// A weather station near a place, its coordinates as those of a place.
 struct Station {
     std::string_view id;
     std::string_view name;

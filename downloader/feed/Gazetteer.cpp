@@ -148,11 +148,11 @@ std::string_view TextOf(const Gazetteer& gazetteer, const Table& table, std::siz
     return rest.substr(0, rest.find('\0'));
 }
 
-std::string FormatDegrees(int tenThousandths) {
-    const long long size = std::llabs(tenThousandths);
-    std::string fraction = win::Decimal(10000 + size % 10000).substr(1);
+std::string FormatDegrees(int coordinate) {
+    const long long size = std::llabs(coordinate);
+    std::string fraction = win::Decimal(kUnitsPerDegree + size % kUnitsPerDegree).substr(1);
     fraction.resize(fraction.find_last_not_of('0') + 1);
-    std::string text = (tenThousandths < 0 ? "-" : "") + win::Decimal(size / 10000);
+    std::string text = (coordinate < 0 ? "-" : "") + win::Decimal(size / kUnitsPerDegree);
     return fraction.empty() ? text : text + "." + fraction;
 }
 

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "downloader/feed/Area.h"
+
 // The gazetteer: the ZIP codes of the United States with their towns, and the cities of other
 // countries. tools/make-places writes it to places.dat and describes the format. Look-ups search
 // the file's bytes directly; the texts found point into them. The contents are not validated:
@@ -33,7 +35,9 @@ struct Gazetteer {
     std::string_view texts;
 };
 
-// A place. Coordinates are integers in units of 1/10000 degree.
+inline constexpr int kUnitsPerDegree = 10'000;  // of the coordinates of places
+
+// A place. Its coordinates are integers, kUnitsPerDegree in a degree.
 struct Place {
     std::string code;  // five digits, or "g" and the number of a city abroad
     std::string_view name;
@@ -45,6 +49,12 @@ struct Place {
     double reach = 0;  // kilometres, 3 to 40: how far the ZIP code's area extends; 0 abroad
     std::string_view country = "USA";
 };
+
+// Returns the position of a place.
+inline Position PositionOf(const Place& place) {
+    constexpr double kDegree = kUnitsPerDegree;
+    return {place.latitude / kDegree, place.longitude / kDegree};
+}
 
 // Opens a gazetteer. Returns nullopt when the bytes are not a complete one.
 std::optional<Gazetteer> OpenGazetteer(std::string_view bytes);
@@ -85,6 +95,6 @@ std::size_t PartitionPoint(std::size_t low, std::size_t high, Predicate isBefore
 }
 
 // Formats a coordinate in degrees without trailing zeros: "-74.006".
-std::string FormatDegrees(int tenThousandths);
+std::string FormatDegrees(int coordinate);
 
 }  // namespace feed

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <limits>
-#include <numbers>
 #include <string_view>
 
 #include "win/Text.h"
@@ -14,8 +13,7 @@ namespace fpas {
 namespace {
 
 constexpr double kFar = std::numeric_limits<double>::infinity();
-constexpr double kFarthest = 5;                // kilometres
-constexpr double kDegreeOfLatitude = 111.195;  // kilometres, on a sphere of 6,371 km
+constexpr double kFarthest = 5;  // kilometres
 
 bool IsWhite(char c) {
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
@@ -129,11 +127,11 @@ bool ReadRing(std::string_view text, const Visit& visit) {
 
 // Whether the place may be within kFarthest of the extent.
 bool IsNear(const Extent& extent, const feed::Position& place) {
-    constexpr double kMargin = kFarthest / kDegreeOfLatitude;
+    constexpr double kMargin = kFarthest / feed::kKilometresPerDegree;
     constexpr double kFullTurn = 360;
     const feed::Position least = ToPosition(extent.least);
     const feed::Position most = ToPosition(extent.most);
-    const double shrink = std::cos(place.latitude * std::numbers::pi / 180);
+    const double shrink = std::cos(place.latitude * feed::kRadiansPerDegree);
     const double sideMargin = kMargin / std::max(shrink, kMargin);
     const double eastward =
         std::fmod(place.longitude - least.longitude + sideMargin + 5 * kFullTurn, kFullTurn);
@@ -162,12 +160,12 @@ std::optional<double> DistanceToPolygon(std::string_view text, const feed::Posit
 
 // The distance along the surface, which is also accurate for the large circles of earthquakes.
 double DistanceBetween(const feed::Position& left, const feed::Position& right) {
-    constexpr double kRadian = std::numbers::pi / 180;
+    constexpr double kRadian = feed::kRadiansPerDegree;
     const double north = std::sin((right.latitude - left.latitude) * kRadian / 2);
     const double east = std::sin((right.longitude - left.longitude) * kRadian / 2);
     const double square = north * north + std::cos(left.latitude * kRadian) *
                                               std::cos(right.latitude * kRadian) * east * east;
-    return 2 * std::asin(std::sqrt(std::min(square, 1.0))) / kRadian * kDegreeOfLatitude;
+    return 2 * std::asin(std::sqrt(std::min(square, 1.0))) / kRadian * feed::kKilometresPerDegree;
 }
 
 std::optional<double> DistanceToCircle(std::string_view text, const feed::Position& place) {

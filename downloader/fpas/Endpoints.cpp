@@ -8,13 +8,11 @@
 namespace fpas {
 namespace {
 
-constexpr int kDegree = 10'000;  // units of a coordinate
-
 // Returns "&min_NAME=...&max_NAME=...": a hundredth of a degree on both sides of the coordinate,
 // cut at the poles and the 180th meridian.
 std::string FormatRange(const std::string& name, int coordinate, int limit) {
-    constexpr int kReach = kDegree / 100;
-    const int most = limit * kDegree;
+    constexpr int kReach = feed::kUnitsPerDegree / 100;
+    const int most = limit * feed::kUnitsPerDegree;
     const int middle = std::clamp(coordinate, -most, most);
     return "&min_" + name + "=" + feed::FormatDegrees(std::max(middle - kReach, -most)) + "&max_" +
            name + "=" + feed::FormatDegrees(std::min(middle + kReach, most));

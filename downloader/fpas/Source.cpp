@@ -125,13 +125,12 @@ std::string UserLanguage() {
 }
 
 Response FetchAlerts(const std::string& origin, const feed::Place& place) {
-    constexpr double kDegree = 10'000;  // units of a gazetteer's coordinates
     const List list = FetchList(origin, place);
     if (list.status != http::kSuccess) return Failure(list.status);
     Answer answer;
     const int status = FetchDocuments(origin, list.identifiers, answer);
     if (status != http::kSuccess) return Failure(status);
-    const AlertPlace alertPlace{place.code, {place.latitude / kDegree, place.longitude / kDegree}};
+    const AlertPlace alertPlace{place.code, feed::PositionOf(place)};
     feed::AlertMemory memory = feed::LoadAlertMemory();
     std::string document = BuildAlertDocument(answer, alertPlace, UserLanguage(), memory, list.now);
     feed::SaveAlertMemory(std::move(memory), list.now);

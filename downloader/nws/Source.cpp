@@ -116,9 +116,7 @@ Response FetchAlerts(const std::string& origin, const feed::Place& place) {
     if (status != http::kSuccess) return Failure(status);
     if (zones.all.empty())
         return feed::Success(feed::BuildNotCoveredDocument(place.code, kUnknownPlace));
-    constexpr double kDegree = 10'000;  // units of a gazetteer's coordinates
-    const AlertPlace alertPlace{
-        {place.latitude / kDegree, place.longitude / kDegree}, place.reach, zones.own};
+    const AlertPlace alertPlace{feed::PositionOf(place), place.reach, zones.own};
     return FetchZoneAlerts(AlertsAddress(origin, zones.all), alertPlace);
 }
 

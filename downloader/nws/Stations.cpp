@@ -14,7 +14,6 @@ using feed::Place;
 using Kind = JsonItem::Kind;
 
 constexpr std::size_t kMostStations = 25;
-constexpr double kUnitsPerDegree = 10000;  // of a coordinate
 
 struct Station {
     std::string id;
@@ -48,16 +47,16 @@ bool IsUsable(const Station& station) {
 // Returns a measure that increases with the distance between the station and the place and is
 // accurate enough for sorting.
 double DistanceMeasure(const Station& station, const Place& place) {
-    constexpr double kRadians = 3.14159265358979 / 180;
-    const double north = station.coordinates[1] - place.latitude / kUnitsPerDegree;
-    double east = std::fabs(station.coordinates[0] - place.longitude / kUnitsPerDegree);
+    const feed::Position centre = feed::PositionOf(place);
+    const double north = station.coordinates[1] - centre.latitude;
+    double east = std::fabs(station.coordinates[0] - centre.longitude);
     if (east > 180) east = 360 - east;  // across the date line
-    east *= std::cos(place.latitude / kUnitsPerDegree * kRadians);
+    east *= std::cos(centre.latitude * feed::kRadiansPerDegree);
     return north * north + east * east;
 }
 
 int ToUnits(double degrees) {
-    return static_cast<int>(std::lround(degrees * kUnitsPerDegree));
+    return static_cast<int>(std::lround(degrees * feed::kUnitsPerDegree));
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "downloader/feed/Json.h"
 #include "win/Text.h"
@@ -28,17 +27,17 @@ std::optional<ZoneIds> UnpackList(std::string_view text) {
 }  // namespace
 
 std::vector<feed::Place> EdgesOf(const feed::Place& place) {
-    constexpr double kKilometresPerUnit = 0.0111195;  // a unit is 1/10000 degree
-    const double north = place.reach / kKilometresPerUnit;
-    const double shrink = std::cos(place.latitude / 10000.0 * std::numbers::pi / 180);
+    constexpr int kHalfTurn = 180 * feed::kUnitsPerDegree;
+    const double north = place.reach / feed::kKilometresPerDegree * feed::kUnitsPerDegree;
+    const double shrink = std::cos(feed::PositionOf(place).latitude * feed::kRadiansPerDegree);
     const double east = north / std::max(shrink, 0.01);
     std::vector<feed::Place> edges;
     for (const auto& [up, right] : {std::pair{1, 0}, {0, 1}, {-1, 0}, {0, -1}}) {
         feed::Place edge = place;
         edge.latitude += static_cast<int>(std::lround(up * north));
         edge.longitude += static_cast<int>(std::lround(right * east));
-        if (edge.longitude < -1'800'000) edge.longitude += 3'600'000;
-        if (edge.longitude > 1'800'000) edge.longitude -= 3'600'000;
+        if (edge.longitude < -kHalfTurn) edge.longitude += 2 * kHalfTurn;
+        if (edge.longitude > kHalfTurn) edge.longitude -= 2 * kHalfTurn;
         edges.push_back(edge);
     }
     return edges;
