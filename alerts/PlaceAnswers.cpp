@@ -5,13 +5,14 @@
 #include <map>
 #include <utility>
 
+#include "settings/FeedContract.h"
 #include "win/NeverDestroyed.h"
 
 namespace alerts {
 namespace {
 
-constexpr std::string_view kNotices[] = {"Place not covered", "Alerts unavailable",
-                                         "More alerts than can be read"};
+constexpr std::string_view kNotices[] = {settings::kNotCoveredTitle, settings::kUnavailableTitle,
+                                         settings::kMoreAlertsTitle};
 
 struct Entry {
     PlaceAnswer answer;
@@ -37,7 +38,7 @@ bool IsNotice(std::string_view title) {
 }
 
 bool IsExemptFromFilter(std::string_view title) {
-    return IsNotice(title) || title == "Unreadable alert";
+    return IsNotice(title) || title == settings::kUnreadableTitle;
 }
 
 void RecordAnswer(const std::string& code, std::string_view feed, PlaceAnswer answer) {

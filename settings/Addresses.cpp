@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "settings/FeedContract.h"
 #include "settings/IniOpenSave.h"
 #include "settings/Product.h"
 #include "win/Text.h"
@@ -37,11 +38,6 @@ FeedParts SplitFeed() {
     if (parts.scheme.starts_with("live") && comma != std::string::npos)
         parts.worldHost = hosts.substr(comma + 1);
     return parts;
-}
-
-// Whether the code is that of a place outside the United States.
-bool IsAbroad(std::string_view code) {
-    return code.starts_with('g');
 }
 
 bool IsZipCode(std::string_view code) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "downloader/feed/AlertMemory.h"
+#include "settings/FeedContract.h"
 
 namespace feed {
 namespace {
@@ -100,7 +101,8 @@ std::string AlertDocument::Finish() {
 
 std::string BuildNotCoveredDocument(std::string_view code, std::string_view reason) {
     AlertDocument document;
-    document.Add(ShortIdentity("not covered " + std::string(code)), "Place not covered", reason);
+    document.Add(ShortIdentity("not covered " + std::string(code)), settings::kNotCoveredTitle,
+                 reason);
     return document.Finish();
 }
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "downloader/feed/PlaceRecords.h"
+#include "settings/FeedContract.h"
 #include "win/Text.h"
 
 namespace feed {
@@ -42,7 +43,7 @@ Place ZipCodeAt(const Gazetteer& gazetteer, std::size_t index) {
 
 // Returns the number in the code of a city abroad; nullopt for any other code.
 std::optional<std::int64_t> CityNumber(std::string_view code) {
-    if (!code.starts_with('g')) return std::nullopt;
+    if (!settings::IsAbroad(code)) return std::nullopt;
     return win::ParseNumber(code.substr(1), INT32_MAX);
 }
 
@@ -122,7 +123,8 @@ Place CityAt(const Gazetteer& gazetteer, std::size_t index) {
     const std::uint32_t region = cities.Number(index, CityRecord::kRegion, 2);
     const std::size_t regionIndex = region & ~CityRecord::kIsRegionShown;
     Place city;
-    city.code = "g" + win::Decimal(cities.Number(index, CityRecord::kNumber, 3));
+    city.code =
+        settings::kAbroadLetter + win::Decimal(cities.Number(index, CityRecord::kNumber, 3));
     city.name = TextOf(gazetteer, cities, index, CityRecord::kName);
     if (region & CityRecord::kIsRegionShown)
         city.state = TextOf(gazetteer, gazetteer.regions, regionIndex, RegionRecord::kName);

@@ -12,6 +12,7 @@
 #include "downloader/fpas/Events.h"
 #include "downloader/fpas/InForce.h"
 #include "downloader/fpas/Language.h"
+#include "settings/FeedContract.h"
 #include "win/Text.h"
 
 namespace fpas {
@@ -172,12 +173,12 @@ void AddUnreadable(feed::AlertDocument& xml, const Document& document) {
     body.append(
         ".\n\nRead the news of your weather service, or look at the "
         "alert itself: ");
-    xml.Add(feed::ShortIdentity("unreadable " + document.uuid), "Unreadable alert",
+    xml.Add(feed::ShortIdentity("unreadable " + document.uuid), settings::kUnreadableTitle,
             body.append(document.address));
 }
 
 void AddMore(feed::AlertDocument& xml, std::string_view code) {
-    xml.Add(feed::ShortIdentity("more alerts " + std::string(code)), "More alerts than can be read",
+    xml.Add(feed::ShortIdentity("more alerts " + std::string(code)), settings::kMoreAlertsTitle,
             "There are more alerts for this place than the program reads. The "
             "newest " +
                 win::Decimal(static_cast<long long>(kMostDocuments)) +

@@ -3,17 +3,13 @@
 #include "downloader/feed/AlertMemory.h"
 #include "downloader/feed/FeedXml.h"
 #include "downloader/feed/Request.h"
+#include "settings/FeedContract.h"
 #include "win/Text.h"
 
 namespace live {
 namespace {
 
 using RequestKind = feed::Request::Kind;
-
-// The code of a place outside the United States is "g" and a number.
-bool IsWorldCode(std::string_view code) {
-    return code.starts_with('g');
-}
 
 std::string_view HostOf(std::string_view origin) {
     return origin.substr(origin.find("://") + 3);
@@ -40,7 +36,7 @@ std::optional<Route> ParseUrl(std::string_view url) {
     if (request->kind == RequestKind::Locations) {
         route.kind = Kind::Locations;
         route.searchText = std::move(request->text);
-    } else if (IsWorldCode(request->text)) {
+    } else if (settings::IsAbroad(request->text)) {
         route.kind = Kind::World;
     }
     return route;
@@ -53,7 +49,7 @@ std::optional<std::string> BuildUnavailableDocument(std::string_view url) {
     if (request->kind != RequestKind::Alerts) return std::nullopt;
     const std::string host(HostOf(request->origin));
     feed::AlertDocument document;
-    document.Add(feed::ShortIdentity("unavailable " + host), "Alerts unavailable",
+    document.Add(feed::ShortIdentity("unavailable " + host), settings::kUnavailableTitle,
                  "The server " + host +
                      " did not answer, or its answer could not be read. There may be alerts for "
                      "this place. They are requested again at the next retrieval.");
