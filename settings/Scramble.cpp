@@ -19,19 +19,10 @@ constexpr std::array<std::uint16_t, 32> kSpecialCodePoints{
     0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
-// The code point of a well-formed UTF-8 character.
-std::uint32_t CodePointOf(std::string_view character) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
-    if (character.size() == 1) return byte(0);
-    std::uint32_t number = byte(0) & (0xFFu >> (character.size() + 1));
-    for (std::size_t i = 1; i < character.size(); ++i) number = number << 6 | (byte(i) & 0x3Fu);
-    return number;
-}
-
 // The ANSI code of a character; above kLastCode if it has none.
 int CodeOf(std::string_view character, bool utf8) {
     if (!utf8) return static_cast<unsigned char>(character[0]);
-    const std::uint32_t number = CodePointOf(character);
+    const char32_t number = win::CodePointOf(character);
     const auto special = std::find(kSpecialCodePoints.begin(), kSpecialCodePoints.end(), number);
     if (special != kSpecialCodePoints.end())
         return kFirstSpecial + static_cast<int>(special - kSpecialCodePoints.begin());

@@ -72,6 +72,13 @@ std::string_view WithoutFirstChars(std::string_view text, std::size_t count) {
     return text.substr(PositionAfter(text, count));
 }
 
+char32_t CodePointOf(std::string_view character) {
+    char32_t point = static_cast<unsigned char>(character[0]);
+    if (character.size() > 1) point &= 0x7Fu >> character.size();
+    for (const char byte : character.substr(1)) point = point << 6 | (byte & 0x3F);
+    return point;
+}
+
 std::string_view FitBytes(std::string_view text, std::size_t bytes) {
     if (text.size() <= bytes) return text;
     std::size_t end = bytes;

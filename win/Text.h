@@ -22,6 +22,9 @@ std::string_view FirstChars(std::string_view text, std::size_t count);
 // Returns the text after the first `count` characters.
 std::string_view WithoutFirstChars(std::string_view text, std::size_t count);
 
+// Returns the code point of a UTF-8 character of one to four bytes, which are not validated.
+char32_t CodePointOf(std::string_view character);
+
 // Returns the longest start of the text that consists of whole characters and fits into `bytes`.
 std::string_view FitBytes(std::string_view text, std::size_t bytes);
 

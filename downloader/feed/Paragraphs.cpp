@@ -1,7 +1,6 @@
 #include "downloader/feed/Paragraphs.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstring>
 #include <iterator>
 
@@ -54,29 +53,23 @@ bool IsConjunction(std::string_view line) {
 }
 
 // Returns the first code point of well-formed UTF-8, which must not be empty.
-std::uint32_t FirstCodePoint(std::string_view text) {
-    constexpr std::uint32_t kLead[] = {0, 0, 0x1F, 0x0F, 0x07};  // by length
-    constexpr std::uint32_t kMoreBits = 6;
-    std::size_t length = 1;
-    while (length < text.size() && length < 4 && (text[length] & 0xC0) == 0x80) ++length;
-    std::uint32_t point = static_cast<unsigned char>(text.front());
-    if (length > 1) point &= kLead[length];
-    for (std::size_t at = 1; at < length; ++at)
-        point = point << kMoreBits | (static_cast<unsigned char>(text[at]) & 0x3F);
-    return point;
+char32_t FirstCodePoint(std::string_view text) {
+    std::size_t size = 1;
+    while (size < text.size() && size < 4 && (text[size] & 0xC0) == 0x80) ++size;
+    return win::CodePointOf(text.substr(0, size));
 }
 
-std::uint32_t LastCodePoint(std::string_view text) {
+char32_t LastCodePoint(std::string_view text) {
     std::size_t at = text.size() - 1;
     while (at > 0 && (text[at] & 0xC0) == 0x80) --at;
     return FirstCodePoint(text.substr(at));
 }
 
 // Whether the character is of a script that is written without spaces between words.
-bool IsUnspaced(std::uint32_t point) {
+bool IsUnspaced(char32_t point) {
     struct Range {
-        std::uint32_t first;
-        std::uint32_t last;
+        char32_t first;
+        char32_t last;
     };
     constexpr Range kRanges[] = {
         {0x0E00, 0x0EFF},    // Thai, Lao

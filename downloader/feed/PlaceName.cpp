@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "win/Text.h"
+
 namespace feed {
 namespace {
 
@@ -115,14 +117,6 @@ std::size_t CharacterSize(char first) {
     return byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
 }
 
-// Decodes one UTF-8 character, which is not validated.
-char32_t Decode(std::string_view bytes) {
-    char32_t letter = static_cast<unsigned char>(bytes[0]);
-    if (bytes.size() > 1) letter &= 0x7F >> bytes.size();
-    for (const char byte : bytes.substr(1)) letter = letter << 6 | (byte & 0x3F);
-    return letter;
-}
-
 // Returns the name in lower case without accents and apostrophes; other punctuation becomes spaces.
 std::string PlainLetters(std::string_view name) {
     constexpr std::string_view kPunctuation = "-./\t,()[]";
@@ -139,7 +133,7 @@ std::string PlainLetters(std::string_view name) {
         } else if ((c >= 'a' && c <= 'z') || c == ' ' || (bytes.size() == 1 && c < 0)) {
             plain += c;  // the last is not UTF-8
         } else {
-            AppendFolded(plain, Decode(bytes), bytes);
+            AppendFolded(plain, win::CodePointOf(bytes), bytes);
         }
     }
     return plain;
