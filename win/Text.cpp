@@ -134,12 +134,14 @@ bool IsNumeric(std::string_view text) {
 }
 
 std::optional<std::int64_t> ParseNumber(std::string_view text, std::int64_t most) {
-    std::uint64_t number = 0;
-    const char* const textEnd = text.data() + text.size();
-    const auto [end, error] = std::from_chars(text.data(), textEnd, number);
-    if (error != std::errc() || end != textEnd || number > static_cast<std::uint64_t>(most))
-        return std::nullopt;
-    return static_cast<std::int64_t>(number);
+    constexpr std::size_t kMostDigits = 18;  // whose number always fits
+    if (text.empty() || text.size() > kMostDigits) return std::nullopt;
+    std::int64_t number = 0;
+    for (const char digit : text) {
+        if (!IsDigit(digit)) return std::nullopt;
+        number = number * 10 + (digit - '0');
+    }
+    return number <= most ? std::optional(number) : std::nullopt;
 }
 
 double LeadingNumber(std::string_view text) {

@@ -44,8 +44,8 @@ std::string Join(const std::vector<std::string>& pieces, std::string_view separa
 // spaces around them.
 bool IsNumeric(std::string_view text);
 
-// Returns the number from 0 to `most` that the text consists of, digits only; nullopt for any other
-// text.
+// Returns the number from 0 to `most` that the text consists of, 1 to 18 digits; nullopt for any
+// other text.
 std::optional<std::int64_t> ParseNumber(std::string_view text, std::int64_t most);
 
 // Returns the number at the start of the text, after any white space; it may have a decimal point.

@@ -72,5 +72,12 @@ TEST(Text, SplitsJoinsAndReplaces) {
     EXPECT_EQ(Trim("  a b\t "), "a b\t");
 }
 
+TEST(Text, ParsesNumbersOfDigitsOnly) {
+    EXPECT_EQ(ParseNumber("060", 60), 60);
+    EXPECT_EQ(ParseNumber(std::string(18, '9'), INT64_MAX), 999'999'999'999'999'999);
+    for (const char* text : {"", "61", "-1", "+1", "1 ", "1.0", "9223372036854775808"})
+        EXPECT_EQ(ParseNumber(text, 60), std::nullopt) << text;
+}
+
 }  // namespace
 }  // namespace win
